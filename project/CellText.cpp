@@ -1,0 +1,62 @@
+#include "project/CellText.h"
+
+#include <cstring>
+#include <memory>
+
+namespace quarnel {
+
+namespace {
+
+std::string* HeapText(const char* bytes) noexcept {
+    std::string* text = nullptr;
+    std::memcpy(&text, bytes, sizeof text);
+    return text;
+}
+
+} // namespace
+
+void CellText::Assign(std::string_view text) {
+    if (text.size() <= InlineCapacity) {
+        if (!text.empty())
+            std::memcpy(bytes_, text.data(), text.size());
+        bytes_[15] = static_cast<char>(text.size());
+        return;
+    }
+    std::string* heap = std::make_unique<std::string>(text).release();
+    std::memcpy(bytes_, &heap, sizeof heap);
+    bytes_[15] = static_cast<char>(HeapTag);
+}
+
+void CellText::Release() noexcept { std::unique_ptr<std::string> owner(HeapText(bytes_)); }
+
+std::string_view CellText::HeapView() const noexcept { return *HeapText(bytes_); }
+
+CellText::CellText(const CellText& other) {
+    if (other.IsOnHeap())
+        Assign(other.View());
+    else
+        std::memcpy(bytes_, other.bytes_, sizeof bytes_);
+}
+
+CellText::CellText(CellText&& other) noexcept {
+    std::memcpy(bytes_, other.bytes_, sizeof bytes_);
+    other.SetEmpty();
+}
+
+CellText& CellText::operator=(const CellText& other) {
+    if (this != &other)
+        *this = CellText(other);
+    return *this;
+}
+
+CellText& CellText::operator=(CellText&& other) noexcept {
+    if (this != &other) {
+        if (IsOnHeap())
+            Release();
+        std::memcpy(bytes_, other.bytes_, sizeof bytes_);
+        other.SetEmpty();
+    }
+    return *this;
+}
+
+} // namespace quarnel
