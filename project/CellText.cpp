@@ -27,9 +27,13 @@ void CellText::Assign(std::string_view text) {
     bytes_[15] = static_cast<char>(HeapTag);
 }
 
-void CellText::Release() noexcept { std::unique_ptr<std::string> owner(HeapText(bytes_)); }
+void CellText::Release() noexcept {
+    std::unique_ptr<std::string> owner(HeapText(bytes_));
+}
 
-std::string_view CellText::HeapView() const noexcept { return *HeapText(bytes_); }
+std::string_view CellText::HeapView() const noexcept {
+    return *HeapText(bytes_);
+}
 
 CellText::CellText(const CellText& other) {
     if (other.IsOnHeap())

@@ -8,8 +8,8 @@
 namespace quarnel {
 
 /// The text of one grid cell, as typed, in UTF-8. A reading is a handful of characters, so up to 15
-/// bytes live in the object itself: a logger's million rows then take 32 bytes each instead of the 64
-/// that two std::string would need. Longer texts live on the heap; no text is ever cut.
+/// bytes live in the object itself: a logger's million rows then take 32 bytes each instead of the
+/// 64 that two std::string would need. Longer texts live on the heap; no text is ever cut.
 class CellText {
 public:
     CellText() noexcept { SetEmpty(); }

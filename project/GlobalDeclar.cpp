@@ -17,9 +17,13 @@ double FactorAt(const std::array<double, 4>& factors, int position) {
 
 } // namespace
 
-double UnitFactorToCm(int lengthUnit) { return FactorAt(CmPerLengthUnit, lengthUnit); }
+double UnitFactorToCm(int lengthUnit) {
+    return FactorAt(CmPerLengthUnit, lengthUnit);
+}
 
-double UnitFactorToSec(int timeUnit) { return FactorAt(SecPerTimeUnit, timeUnit); }
+double UnitFactorToSec(int timeUnit) {
+    return FactorAt(SecPerTimeUnit, timeUnit);
+}
 
 void ResetProjectState(ProjectState& state) {
     ProjectState fresh;
@@ -37,9 +41,10 @@ void FillRecoveryGridFromData(ProjectState& state) {
 }
 
 bool HasRecoveryRows(const ProjectState& state) {
-    return std::any_of(state.RecDatGrid.begin(), state.RecDatGrid.end(), [](const RecoveryRow& row) {
-        return !TrimBlanks(row.time).empty() || !TrimBlanks(row.level).empty();
-    });
+    return std::any_of(state.RecDatGrid.begin(), state.RecDatGrid.end(),
+                       [](const RecoveryRow& row) {
+                           return !TrimBlanks(row.time).empty() || !TrimBlanks(row.level).empty();
+                       });
 }
 
 std::string MainWindowTitle(const ProjectState& state) {
@@ -49,6 +54,8 @@ std::string MainWindowTitle(const ProjectState& state) {
     return title;
 }
 
-void ClearComputedValues(ComputedValues& computed) { computed = ComputedValues(); }
+void ClearComputedValues(ComputedValues& computed) {
+    computed = ComputedValues();
+}
 
 } // namespace quarnel

@@ -11,10 +11,12 @@
 
 namespace quarnel {
 
-// ---- Results -------------------------------------------------------------------------------------
+// ---- Results
+// -------------------------------------------------------------------------------------
 
-/// What a check or computation says: Ok (nothing to report), Error (the caller shows the message and
-/// stops), Warning (the caller shows or keeps the message and goes on). The numbers are reported.
+/// What a check or computation says: Ok (nothing to report), Error (the caller shows the message
+/// and stops), Warning (the caller shows or keeps the message and goes on). The numbers are
+/// reported.
 enum class ComputationStatus { Ok = 0, Error = 1, Warning = 2 };
 
 struct Result {
@@ -24,10 +26,13 @@ struct Result {
     bool IsError() const { return status == ComputationStatus::Error; }
     static Result Ok() { return {}; }
     static Result Error(std::string text) { return {ComputationStatus::Error, std::move(text)}; }
-    static Result Warning(std::string text) { return {ComputationStatus::Warning, std::move(text)}; }
+    static Result Warning(std::string text) {
+        return {ComputationStatus::Warning, std::move(text)};
+    }
 };
 
-// ---- Fixed lists; a position is the code kept in the project file ------------------------------------
+// ---- Fixed lists; a position is the code kept in the project file
+// ------------------------------------
 
 inline constexpr std::array<std::string_view, 4> LengthUnitNames = {"in", "ft", "cm", "m"};
 inline constexpr std::array<std::string_view, 4> TimeUnitNames = {"sec", "min", "hr", "day"};
@@ -56,10 +61,11 @@ std::string_view NameAt(const std::array<std::string_view, N>& names, int positi
                : std::string_view();
 }
 
-// ---- Identities of the text boxes ------------------------------------------------------------------
+// ---- Identities of the text boxes
+// ------------------------------------------------------------------
 
-/// Positions in SiteIDText. The consultant's run backwards from name to postal code; files and reports
-/// address the fields by these numbers.
+/// Positions in SiteIDText. The consultant's run backwards from name to postal code; files and
+/// reports address the fields by these numbers.
 enum SiteIDIndex {
     LustNo = 0,
     SiteName = 1,
@@ -92,7 +98,8 @@ enum WellTestIDIndex {
 };
 enum WellGeoIndex { GeoH = 0, GeoLw = 1, GeoLe = 2, GeoDw = 3, GeoDc = 4, GeoDpor = 5 };
 
-// ---- The project -----------------------------------------------------------------------------------
+// ---- The project
+// -----------------------------------------------------------------------------------
 
 /// One row of the recovery grid, both texts as typed: the time and the reading.
 struct RecoveryRow {
@@ -107,7 +114,7 @@ inline constexpr std::size_t EmptyRowsAfterData = 25;
 /// Everything a project keeps: texts as the user typed them (UTF-8) and list positions. Numbers are
 /// made from the texts only by checks and computations.
 struct ProjectState {
-    std::array<std::string, 20> SiteIDText; ///< by SiteIDIndex
+    std::array<std::string, 20> SiteIDText;   ///< by SiteIDIndex
     std::array<std::string, 6> WellTestIDTxt; ///< by WellTestIDIndex
     std::string VolumeOfSlugText;             ///< litres, free text
 
@@ -136,17 +143,17 @@ struct ProjectState {
     std::vector<RecoveryRow> RecoveryDataTexts;
     /// Full path of the file last saved or opened; empty for a project never saved.
     std::string CurrentProjectFile;
-    /// A file that was read with failures or in the old format: the first save over it keeps its bytes
-    /// beside it. Empty when there is none.
+    /// A file that was read with failures or in the old format: the first save over it keeps its
+    /// bytes beside it. Empty when there is none.
     std::string OriginalToKeep;
 
-    /// The decimal separator of the user's locale, which typed numbers may use beside ".". It belongs
-    /// to the desktop, so New leaves it.
+    /// The decimal separator of the user's locale, which typed numbers may use beside ".". It
+    /// belongs to the desktop, so New leaves it.
     std::string DecimalSeparator = ".";
 };
 
-/// Puts the project into its new-project state. The consultant's fields (SiteIDText 11 to 17) stay, and
-/// so does the locale's separator.
+/// Puts the project into its new-project state. The consultant's fields (SiteIDText 11 to 17) stay,
+/// and so does the locale's separator.
 void ResetProjectState(ProjectState& state);
 
 /// Moves RecoveryDataTexts into the grid: `count` + 25 rows, at least 50.
@@ -158,7 +165,8 @@ bool HasRecoveryRows(const ProjectState& state);
 /// The window's title: the program's, then "/ " and the path once there is one.
 std::string MainWindowTitle(const ProjectState& state);
 
-// ---- Computed values -------------------------------------------------------------------------------
+// ---- Computed values
+// -------------------------------------------------------------------------------
 
 /// An accepted length of the well: text as typed (trimmed), value in the vertical unit, and cm.
 struct EnteredLength {
@@ -167,7 +175,8 @@ struct EnteredLength {
     double cm = 0;
 };
 
-/// An accepted diameter: text as typed (trimmed), value and radius in the radial unit, radius in cm.
+/// An accepted diameter: text as typed (trimmed), value and radius in the radial unit, radius in
+/// cm.
 struct EnteredDiameter {
     std::string text;
     double value = 0;
@@ -205,11 +214,11 @@ struct PlotBounds {
 
 /// What checks and computations leave behind; made anew from the project each time, never saved.
 struct ComputedValues {
-    EnteredLength H;  ///< water table to the impervious bottom
-    EnteredLength Lw; ///< water table to the bottom of the well
-    EnteredLength Le; ///< length of the screen / filter pack
-    EnteredDiameter dw; ///< borehole
-    EnteredDiameter dc; ///< casing
+    EnteredLength H;      ///< water table to the impervious bottom
+    EnteredLength Lw;     ///< water table to the bottom of the well
+    EnteredLength Le;     ///< length of the screen / filter pack
+    EnteredDiameter dw;   ///< borehole
+    EnteredDiameter dc;   ///< casing
     std::string dporText; ///< drained filter-pack porosity in %, as typed
     double n = 0;         ///< the porosity as a fraction
     int verticalUnit = 0;
@@ -234,8 +243,8 @@ struct ComputedValues {
     std::string preSlugText; ///< trimmed; empty for changes in head
     double preSlug = 0;      ///< entered level unit
 
-    /// The checked points (element 0 is point 1). Never null. A new check makes a new list, so that the
-    /// details of the last computation can go on holding the one they were made from; only the
+    /// The checked points (element 0 is point 1). Never null. A new check makes a new list, so that
+    /// the details of the last computation can go on holding the one they were made from; only the
     /// weights of a list change after its check.
     std::shared_ptr<RecoveryPointList> RecoveryPoints = std::make_shared<RecoveryPointList>();
     int ValidYCount = 0; ///< points with Y > 0
@@ -244,14 +253,14 @@ struct ComputedValues {
     std::vector<CellText> Criteria;
 
     int usedCount = 0;
-    double FitSlope = 0;     ///< of ln(Y in cm) against time, 1/s
-    double FitIntercept = 0; ///< ln(Y in cm) at time 0
-    double KInCmPerSec = 0;  ///< cm/s
+    double FitSlope = 0;      ///< of ln(Y in cm) against time, 1/s
+    double FitIntercept = 0;  ///< ln(Y in cm) at time 0
+    double KInCmPerSec = 0;   ///< cm/s
     bool KIsComputed = false; ///< a computation has succeeded since the last preparation
 };
 
-/// Empties every entered and derived value, the coefficients, the points and K, so that nothing of an
-/// earlier computation survives a failed one.
+/// Empties every entered and derived value, the coefficients, the points and K, so that nothing of
+/// an earlier computation survives a failed one.
 void ClearComputedValues(ComputedValues& computed);
 
 } // namespace quarnel

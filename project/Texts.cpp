@@ -9,12 +9,16 @@ namespace quarnel {
 
 namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
-char UpperAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+char UpperAscii(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
 
-// A result out of range says only that; whether it ran over or under shows in the power of ten of the
-// first digit that is not zero.
+// A result out of range says only that; whether it ran over or under shows in the power of ten of
+// the first digit that is not zero.
 bool MagnitudeIsBelowOne(std::string_view number) {
     long long position = 0; // power of ten of the digit before the separator's place
     bool seenSeparator = false;
@@ -135,6 +139,8 @@ std::string SingleToText(double value) {
     return GeneralText(static_cast<double>(static_cast<float>(value)), 7);
 }
 
-std::string WholeToText(long long value) { return std::to_string(value); }
+std::string WholeToText(long long value) {
+    return std::to_string(value);
+}
 
 } // namespace quarnel

@@ -15,14 +15,14 @@ std::string UpperCaseAscii(std::string_view text);
 /// Whether `text`, upper-cased, holds `upperCaseWord` (already upper case) anywhere.
 bool ContainsIgnoringCase(std::string_view text, std::string_view upperCaseWord);
 
-/// The value of a typed number, or nothing when the text is not a number. A number is: blanks around
-/// it; a sign; digits with at most one decimal separator ("." or `localeSeparator`) and at least one
-/// digit; an exponent. No grouping, hexadecimal, infinity. A magnitude beyond a double is not a
-/// number, one below the smallest double is 0.
+/// The value of a typed number, or nothing when the text is not a number. A number is: blanks
+/// around it; a sign; digits with at most one decimal separator ("." or `localeSeparator`) and at
+/// least one digit; an exponent. No grouping, hexadecimal, infinity. A magnitude beyond a double is
+/// not a number, one below the smallest double is 0.
 std::optional<double> ParseNumber(std::string_view text, std::string_view localeSeparator = ".");
 
-/// `value` with up to 15 significant digits, trailing zeros dropped, exponent form ("1E-05") when the
-/// decimal exponent is below -4 or at least 15. Minus zero is "0"; a value not finite is "".
+/// `value` with up to 15 significant digits, trailing zeros dropped, exponent form ("1E-05") when
+/// the decimal exponent is below -4 or at least 15. Minus zero is "0"; a value not finite is "".
 std::string DoubleToText(double value, std::string_view decimalSeparator = ".");
 
 /// `value` rounded to single precision, with up to 7 significant digits, otherwise as DoubleToText

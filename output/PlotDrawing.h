@@ -1,0 +1,78 @@
+#pragma once
+
+#include "kcompute/KComputations.h"
+#include "project/GlobalDeclar.h"
+
+#include <string>
+#include <vector>
+
+namespace quarnel {
+
+/// What a stroke is drawn in. Ink and Grid follow the surface (text colour, a pale line); the
+/// points and the fitted line have fixed colours: Red (255, 0, 0) and Blue (0, 0, 255).
+enum class PlotColour { Ink, Grid, Red, Blue };
+
+enum class Across { Left, Centre, Right };
+enum class Along { Top, Middle, Bottom };
+
+// All positions and lengths are twips (1/1440 inch), x to the right and y down.
+
+struct PlotLine {
+    double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+    PlotColour colour = PlotColour::Ink;
+    double width = 0;
+};
+
+struct PlotCircle {
+    double x = 0, y = 0;
+    double radius = 0;
+    PlotColour colour = PlotColour::Red;
+};
+
+/// A text held at (x, y) by the given edges; it is measured only when painted. A text that stands
+/// `heightsDown` text heights below y says so, since a drawing does not know how tall its text is.
+struct PlotLabel {
+    double x = 0, y = 0;
+    std::string text;
+    Across across = Across::Left;
+    Along along = Along::Top;
+    double heightsDown = 0;
+    double points = 9;   ///< font size
+    bool turned = false; ///< reads upwards, its middle at (x, y)
+    double maxWidth = 0; ///< a wider text is set smaller until it fits; 0 for no bound
+    bool bold = false;
+};
+
+struct PlotDrawing {
+    double width = 0, height = 0; ///< of the surface
+    std::vector<PlotLine> lines;
+    std::vector<PlotCircle> circles;
+    std::vector<PlotLabel> labels;
+    bool IsEmpty() const { return lines.empty() && circles.empty() && labels.empty(); }
+};
+
+/// Where on a surface the plot stands, and how large its marks are (twips).
+struct PlotLayout {
+    double surfaceWidth = 0, surfaceHeight = 0;
+    double left = 0;       ///< x of the Y axis
+    double top = 0;        ///< y of the top of the plot
+    double plotWidth = 0;  ///< length of the time axis
+    double plotHeight = 0; ///< length of the Y axis
+    double circleRadius = 50;
+    double spot = 5;   ///< points of one colour closer than this are drawn once
+    double points = 9; ///< font size of labels
+};
+
+inline constexpr int TimeIntervals = 5; ///< divisions of the time axis
+
+/// The layout of the plot area on screen, for an area of the given size.
+PlotLayout ScreenPlotLayout(double areaWidth, double areaHeight);
+
+/// Draws axes, fitted line and points of a computation. The fitted line is left out where the slope
+/// is not negative.
+PlotDrawing DrawPlot(const ComputedValues& computed, const PlotLayout& layout);
+
+/// Whether the computed line falls, as a recovery does; otherwise there is no line to draw.
+bool FittedLineFalls(const ComputedValues& computed);
+
+} // namespace quarnel

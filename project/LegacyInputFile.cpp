@@ -1,0 +1,119 @@
+#include "project/ProjectReaders.h"
+#include "project/Texts.h"
+
+#include <cmath>
+#include <optional>
+
+namespace quarnel {
+
+namespace {
+
+/// The number at the reader's place. A text that is no number is a type mismatch, the file's end is
+/// input past the end.
+FileFailure NextNumber(ItemReader& reader, double& number) {
+    const FileItem item = reader.NextNumberText();
+    if (item.atEnd)
+        return FileFailure::InputPastEnd;
+    const std::optional<double> value = ParseNumber(item.text);
+    if (!value)
+        return FileFailure::TypeMismatch;
+    number = *value;
+    return FileFailure::None;
+}
+
+/// H, Le, Lw, casing radius, well radius, porosity as a fraction: taken all or none.
+FileFailure ReadGeometry(ItemReader& reader, ProjectState& state) {
+    std::array<double, 6> numbers{};
+    for (double& number : numbers)
+        if (const FileFailure failure = NextNumber(reader, number); failure != FileFailure::None)
+            return failure;
+    reader.NextLine();
+    const auto text = [&state](double value) {
+        return DoubleToText(value, state.DecimalSeparator);
+    };
+    const auto [h, le, lw, casingRadius, wellRadius, porosity] = numbers;
+    state.WellGeoText = {text(h),
+                         text(lw),
+                         text(le),
+                         text(2 * wellRadius),
+                         text(2 * casingRadius),
+                         text(porosity * 100)};
+    return FileFailure::None;
+}
+
+/// The first of `units` that the heading holds in parentheses, else `otherwise`.
+int UnitFromHeading(std::string_view heading,
+                    std::initializer_list<std::pair<std::string_view, int>> units, int otherwise) {
+    for (const auto& [text, code] : units)
+        if (heading.find(text) != std::string_view::npos)
+            return code;
+    return otherwise;
+}
+
+void TakeUnits(std::string_view heading, ProjectState& state) {
+    const int time = UnitFromHeading(
+        heading, {{"(sec)", Second}, {"(min)", Minute}, {"(hr)", Hour}, {"(day)", Day}}, Second);
+    const int length = UnitFromHeading(
+        heading, {{"(ft)", Foot}, {"(in)", Inch}, {"(m)", Metre}, {"(cm)", Centimetre}}, Foot);
+    state.RecDatTimeUnitsDDL = time;
+    state.CmboKTimeUnits = time;
+    state.WellGeoVertUnitsDDL = length;
+    state.WellGeoRadUnitsDDL = length;
+    state.RecDatWaterLevelUnitsDDL = length;
+    state.CmboKLengthUnits = Metre;
+    state.RecDatDataTypeDDL = ChangeInHead;
+    state.RecDatSlugTestTypeDDL = RisingHead;
+    state.RecDatPreSlugHeadText.clear();
+}
+
+/// Row count, heading and rows. The row count only says when to stop: no table is sized by it.
+FileFailure ReadRows(ItemReader& reader, ProjectState& state) {
+    double announced = 0;
+    if (const FileFailure failure = NextNumber(reader, announced); failure != FileFailure::None)
+        return failure;
+    if (announced != std::floor(announced))
+        return FileFailure::TypeMismatch;
+    reader.NextLine();
+    if (!reader.HasLine())
+        return FileFailure::InputPastEnd;
+    TakeUnits(reader.NextLine(), state);
+    for (double row = 0; row < announced; row += 1) {
+        double time = 0;
+        double y = 0;
+        double weight = 0;
+        if (const FileFailure failure = NextNumber(reader, time); failure != FileFailure::None)
+            return failure;
+        const std::string timeText = DoubleToText(time, state.DecimalSeparator);
+        state.RecoveryDataTexts.push_back({CellText(timeText), CellText()});
+        if (const FileFailure failure = NextNumber(reader, y); failure != FileFailure::None)
+            return failure;
+        const std::string yText = DoubleToText(y, state.DecimalSeparator);
+        state.RecoveryDataTexts.back().level = CellText(yText);
+        if (const FileFailure failure = NextNumber(reader, weight); failure != FileFailure::None)
+            return failure;
+        if (weight < 1.0)
+            state.IgnoreKeyList.push_back(timeText + yText);
+    }
+    return FileFailure::None;
+}
+
+} // namespace
+
+void ReadLegacyInputFile(ItemReader& reader, const std::array<std::string_view, 5>& firstLines,
+                         const std::string& path, ProjectState& state, ReadReport& report) {
+    ResetProjectState(state);
+    state.PlotText[0] = TrimBlanks(firstLines[0]);
+    state.SiteIDText[ClientName] = TrimBlanks(firstLines[1]);
+    state.SiteIDText[ClientJobNumber] = TrimBlanks(firstLines[2]);
+    state.WellTestIDTxt[WellLabel] = TrimBlanks(firstLines[3]);
+    state.CurrentProjectFile = path;
+    FileFailure failure = ReadGeometry(reader, state);
+    if (failure == FileFailure::None) {
+        reader.NextLine();
+        failure = ReadRows(reader, state);
+    }
+    report.AddFailure(failure);
+    FillRecoveryGridFromData(state);
+}
+
+} // namespace quarnel

@@ -1,0 +1,278 @@
+#include "project/FieldTables.h"
+#include "project/ProjectReaders.h"
+#include "project/Texts.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+namespace quarnel {
+
+namespace {
+
+constexpr std::size_t PassedOverKept = 100;
+constexpr std::size_t PassedOverBytes = 80;
+/// The shortest record of a reading, "RECDATA","DATAPOINT","","" with its line end.
+constexpr std::size_t ShortestDataPoint = 30;
+
+bool EqualsIgnoringCase(std::string_view text, std::string_view upperCaseWord) {
+    return text.size() == upperCaseWord.size() && ContainsIgnoringCase(text, upperCaseWord);
+}
+
+/// One reading of a project file. Each section routine returns why it stopped, None when it read
+/// all.
+class ProjectFileReader {
+public:
+    ProjectFileReader(ItemReader& reader, std::string_view wholeText, ProjectState& state,
+                      ReadReport& report)
+        : reader_(reader)
+        , wholeText_(wholeText)
+        , state_(state)
+        , report_(report) {}
+
+    void ReadSections();
+
+private:
+    FileFailure ReadSection(std::string_view keyword, bool& known);
+    FileFailure ReadWellGeo();
+    FileFailure ReadRecData();
+    FileFailure ReadDataPoint();
+    FileFailure ReadLsWeight();
+    FileFailure ReadWellId();
+    FileFailure ReadSiteId();
+    FileFailure ReadPlotInfo();
+
+    FileFailure NextText(std::string_view& text);
+    FileFailure UnknownKey(std::string_view key);
+    FileFailure NextTrimmedUpper(std::string& key);
+    FileFailure ReadInto(std::string& field, bool trimmed);
+    FileFailure ReadPosition(int& position, int lowest, int highest);
+    FileFailure ReadNamedPosition(int& position, std::size_t entries);
+    FileFailure ReadPicture();
+    void PassOver(std::string_view item, std::size_t position);
+
+    ItemReader& reader_;
+    std::string_view wholeText_;
+    ProjectState& state_;
+    ReadReport& report_;
+    std::size_t countedLines_ = 1;
+    std::size_t countedTo_ = 0;
+    std::size_t itemPosition_ = 0;
+};
+
+void ProjectFileReader::ReadSections() {
+    while (!reader_.AtEnd()) {
+        const std::size_t position = reader_.Position();
+        std::string_view item;
+        const FileFailure cut = NextText(item);
+        item = TrimBlanks(item);
+        report_.AddFailure(cut);
+        bool known = true;
+        report_.AddFailure(ReadSection(item, known));
+        if (!known)
+            PassOver(item, position);
+    }
+}
+
+FileFailure ProjectFileReader::ReadSection(std::string_view keyword, bool& known) {
+    if (EqualsIgnoringCase(keyword, "RECDATA"))
+        return ReadRecData();
+    if (EqualsIgnoringCase(keyword, "LSWEIGHT"))
+        return ReadLsWeight();
+    if (EqualsIgnoringCase(keyword, "WELLGEO"))
+        return ReadWellGeo();
+    if (EqualsIgnoringCase(keyword, "WELLID"))
+        return ReadWellId();
+    if (EqualsIgnoringCase(keyword, "SITEID"))
+        return ReadSiteId();
+    if (EqualsIgnoringCase(keyword, "PLOTINFO"))
+        return ReadPlotInfo();
+    known = false;
+    return FileFailure::None;
+}
+
+/// Notes an item that no field took. The version and the closing word belong to the format.
+void ProjectFileReader::PassOver(std::string_view item, std::size_t position) {
+    if (item.empty() || EqualsIgnoringCase(item, "VERSION") || item == "3.0" ||
+        EqualsIgnoringCase(item, "END OF FILE") || EqualsIgnoringCase(item, "QUARNEL PROJECT FILE"))
+        return;
+    ++report_.passedOverCount;
+    if (report_.passedOver.size() >= PassedOverKept)
+        return;
+    for (; countedTo_ < position; ++countedTo_) {
+        const char c = wholeText_[countedTo_];
+        const bool pair = c == '\r' && wholeText_[countedTo_ + 1] == '\n';
+        countedLines_ += (c == '\n' || (c == '\r' && !pair)) ? 1U : 0U;
+    }
+    report_.passedOver.push_back({countedLines_, std::string(item.substr(0, PassedOverBytes))});
+}
+
+FileFailure ProjectFileReader::NextText(std::string_view& text) {
+    itemPosition_ = reader_.Position();
+    const FileItem item = reader_.NextItem();
+    text = item.text;
+    return item.atEnd || item.cut ? FileFailure::InputPastEnd : FileFailure::None;
+}
+
+/// An unknown key consumes only itself; its values reach the main loop.
+FileFailure ProjectFileReader::UnknownKey(std::string_view key) {
+    PassOver(key, itemPosition_);
+    return FileFailure::None;
+}
+
+FileFailure ProjectFileReader::NextTrimmedUpper(std::string& key) {
+    std::string_view text;
+    const FileFailure failure = NextText(text);
+    key = UpperCaseAscii(TrimBlanks(text));
+    return failure;
+}
+
+FileFailure ProjectFileReader::ReadInto(std::string& field, bool trimmed) {
+    const FileItem item = reader_.NextItem();
+    if (!item.atEnd)
+        field = trimmed ? TrimBlanks(item.text) : item.text;
+    return item.atEnd || item.cut ? FileFailure::InputPastEnd : FileFailure::None;
+}
+
+FileFailure ProjectFileReader::ReadPosition(int& position, int lowest, int highest) {
+    const FileItem item = reader_.NextItem();
+    if (item.atEnd)
+        return FileFailure::InputPastEnd;
+    const std::optional<double> number = ParseNumber(item.text);
+    if (!number)
+        return item.cut ? FileFailure::InputPastEnd : FileFailure::TypeMismatch;
+    if (*number != std::floor(*number) || *number < lowest || *number > highest)
+        return FileFailure::InvalidPropertyValue;
+    position = static_cast<int>(*number);
+    return item.cut ? FileFailure::InputPastEnd : FileFailure::None;
+}
+
+FileFailure ProjectFileReader::ReadNamedPosition(int& position, std::size_t entries) {
+    std::string_view name; // informative only: the position counts
+    const FileFailure failure = NextText(name);
+    if (failure != FileFailure::None)
+        return failure;
+    return ReadPosition(position, 0, static_cast<int>(entries) - 1);
+}
+
+FileFailure ProjectFileReader::ReadPicture() {
+    const FileItem item = reader_.NextItem();
+    if (item.atEnd)
+        return FileFailure::InputPastEnd;
+    const std::optional<double> number = ParseNumber(item.text);
+    if (!number)
+        return item.cut ? FileFailure::InputPastEnd : FileFailure::TypeMismatch;
+    state_.SSRibbon1Pressed = *number != 2;
+    return item.cut ? FileFailure::InputPastEnd : FileFailure::None;
+}
+
+FileFailure ProjectFileReader::ReadWellGeo() {
+    std::string key;
+    if (const FileFailure failure = NextTrimmedUpper(key); failure != FileFailure::None)
+        return failure;
+    for (std::size_t i = 0; i < WellGeoFields.size(); ++i)
+        if (key == WellGeoFields[i].key)
+            return ReadInto(state_.WellGeoText[i], true);
+    if (key == "VERMEASUNITS")
+        return ReadNamedPosition(state_.WellGeoVertUnitsDDL, LengthUnitNames.size());
+    if (key == "RADMEASUNITS")
+        return ReadNamedPosition(state_.WellGeoRadUnitsDDL, LengthUnitNames.size());
+    if (key == "PICSELECT")
+        return ReadPicture();
+    return UnknownKey(key);
+}
+
+FileFailure ProjectFileReader::ReadRecData() {
+    std::string_view text;
+    if (const FileFailure failure = NextText(text); failure != FileFailure::None)
+        return failure;
+    const std::string_view key = TrimBlanks(text);
+    if (EqualsIgnoringCase(key, "DATAPOINT"))
+        return ReadDataPoint();
+    if (EqualsIgnoringCase(key, "TIMEUNITS"))
+        return ReadNamedPosition(state_.RecDatTimeUnitsDDL, TimeUnitNames.size());
+    if (EqualsIgnoringCase(key, "WATERUNITS"))
+        return ReadNamedPosition(state_.RecDatWaterLevelUnitsDDL, LengthUnitNames.size());
+    if (EqualsIgnoringCase(key, "HEADMEASMETHOD"))
+        return ReadNamedPosition(state_.RecDatDataTypeDDL, DataTypeNames.size());
+    if (EqualsIgnoringCase(key, "SLUGTESTTYPE"))
+        return ReadNamedPosition(state_.RecDatSlugTestTypeDDL, SlugTestTypeNames.size());
+    if (EqualsIgnoringCase(key, "PRESLUG"))
+        return ReadInto(state_.RecDatPreSlugHeadText, true);
+    return UnknownKey(key);
+}
+
+FileFailure ProjectFileReader::ReadDataPoint() {
+    std::vector<RecoveryRow>& rows = state_.RecoveryDataTexts;
+    if (rows.empty()) // the file's own length bounds the rows; memory not touched costs nothing
+        rows.reserve(reader_.BytesLeft() / ShortestDataPoint + EmptyRowsAfterData + 1);
+    const FileItem time = reader_.NextItem();
+    if (time.atEnd)
+        return FileFailure::InputPastEnd;
+    rows.push_back({CellText(TrimBlanks(time.text)), CellText()});
+    if (time.cut)
+        return FileFailure::InputPastEnd;
+    const FileItem level = reader_.NextItem();
+    rows.back().level = CellText(TrimBlanks(level.text));
+    return level.atEnd || level.cut ? FileFailure::InputPastEnd : FileFailure::None;
+}
+
+FileFailure ProjectFileReader::ReadLsWeight() {
+    const FileItem item = reader_.NextItem();
+    if (item.atEnd)
+        return FileFailure::InputPastEnd;
+    state_.IgnoreKeyList.emplace_back(item.text);
+    return item.cut ? FileFailure::InputPastEnd : FileFailure::None;
+}
+
+FileFailure ProjectFileReader::ReadWellId() {
+    std::string_view key;
+    if (const FileFailure failure = NextText(key); failure != FileFailure::None)
+        return failure;
+    for (const IdentificationField& field : WellTestIDFields)
+        if (key == field.key)
+            return ReadInto(state_.WellTestIDTxt[static_cast<std::size_t>(field.index)], false);
+    if (key == SlugVolumeKey)
+        return ReadInto(state_.VolumeOfSlugText, false);
+    return UnknownKey(key);
+}
+
+FileFailure ProjectFileReader::ReadSiteId() {
+    std::string_view key;
+    if (const FileFailure failure = NextText(key); failure != FileFailure::None)
+        return failure;
+    for (const IdentificationField& field : SiteIDFields)
+        if (key == field.key)
+            return ReadInto(state_.SiteIDText[static_cast<std::size_t>(field.index)], false);
+    return UnknownKey(key);
+}
+
+FileFailure ProjectFileReader::ReadPlotInfo() {
+    std::string key;
+    if (const FileFailure failure = NextTrimmedUpper(key); failure != FileFailure::None)
+        return failure;
+    if (key == "TITLE0")
+        return ReadInto(state_.PlotText[0], false);
+    if (key == "TITLE1")
+        return ReadInto(state_.PlotText[1], false);
+    if (key == "TITLE2")
+        return ReadInto(state_.PlotText[2], false);
+    if (key == "KTIMEUNITS")
+        return ReadPosition(state_.CmboKTimeUnits, -1, static_cast<int>(TimeUnitNames.size()) - 1);
+    if (key == "KLENGTHUNITS")
+        return ReadPosition(state_.CmboKLengthUnits, -1,
+                            static_cast<int>(LengthUnitNames.size()) - 1);
+    return UnknownKey(key);
+}
+
+} // namespace
+
+void ReadProjectFile(ItemReader& reader, std::string_view wholeText, const std::string& path,
+                     ProjectState& state, ReadReport& report) {
+    ResetProjectState(state);
+    state.CurrentProjectFile = path;
+    ProjectFileReader(reader, wholeText, state, report).ReadSections();
+    FillRecoveryGridFromData(state);
+}
+
+} // namespace quarnel

@@ -1,0 +1,234 @@
+#include "recovery/RecoveryDa.h"
+
+#include "project/Texts.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <optional>
+
+namespace quarnel {
+
+namespace {
+
+constexpr std::string_view YWarning =
+    "Y values <= 0 are present. This is OK, butY values <=0 cannot be used for parameter "
+    "estimation. Y values <=0 near the start of the recovery data may indicate an error in the "
+    "recovery data, an error in the specified Water Level Measurement method, or an error in the "
+    "specified Slug Test Type.";
+
+constexpr std::string_view LineBreak = "\r\n";
+
+void TrimCell(CellText& cell) {
+    const std::string_view text = cell.View();
+    const std::string_view trimmed = TrimBlanks(text);
+    if (trimmed.size() != text.size())
+        cell = CellText(trimmed);
+}
+
+Result CheckPreSlug(ProjectState& state, ComputedValues& computed) {
+    std::string& text = state.RecDatPreSlugHeadText;
+    text = std::string(TrimBlanks(text));
+    if (text.empty())
+        return Result::Error("Please enter the Pre-Slug Test Condition.");
+    const std::optional<double> value = ParseNumber(text, state.DecimalSeparator);
+    if (!value)
+        return Result::Error("Value entered for Pre-Slug Test Condition cannot be evaluated as a "
+                             "number. Please re-enter.");
+    computed.preSlugText = text;
+    computed.preSlug = *value;
+    return Result::Ok();
+}
+
+Result NotANumber(const std::string& what, std::size_t row) {
+    return Result::Error(what + " in row " + std::to_string(row) +
+                         " cannot be evaluated as a number. Please re-enter.");
+}
+
+/// Checks one row that is not blank and fills `point` with its texts and values.
+Result CheckRow(const RecoveryRow& cells, std::size_t row, std::string_view separator,
+                RecoveryPoint& point) {
+    if (cells.time.empty())
+        return Result::Error("Missing Time value in row " + std::to_string(row) + ".");
+    const std::optional<double> time = ParseNumber(cells.time, separator);
+    if (!time)
+        return NotANumber("Time value", row);
+    if (*time < 0)
+        return Result::Error("Time value in row " + std::to_string(row) + " must be >= 0.");
+    if (cells.level.empty())
+        return Result::Error("Missing Recovery data in row " + std::to_string(row) + ".");
+    const std::optional<double> level = ParseNumber(cells.level, separator);
+    if (!level)
+        return NotANumber("Recovery data", row);
+    point.timeText = cells.time;
+    point.time = *time;
+    point.levelText = cells.level;
+    point.level = *level;
+    return Result::Ok();
+}
+
+/// Trims every cell up to the first fault, as the check goes, and gathers the points.
+Result CheckRows(ProjectState& state, RecoveryPointList& points) {
+    points.reserve(state.RecDatGrid.size());
+    for (std::size_t i = 0; i < state.RecDatGrid.size(); ++i) {
+        RecoveryRow& cells = state.RecDatGrid[i];
+        TrimCell(cells.time);
+        TrimCell(cells.level);
+        if (cells.time.empty() && cells.level.empty())
+            continue;
+        const Result result = CheckRow(cells, i + 1, state.DecimalSeparator, points.emplace_back());
+        if (result.IsError())
+            return result;
+    }
+    return Result::Ok();
+}
+
+void ComputeY(RecoveryPoint& point, double preSlug, double sign) {
+    point.y = (point.level - preSlug) * sign;
+    point.weight = 0;
+    point.yValid = 0;
+    if (point.y > 0) {
+        point.log10Y = std::log(point.y) / std::log(10.0);
+        point.yValid = 1;
+    }
+}
+
+void FindExtremes(const RecoveryPointList& points, PlotBounds& bounds) {
+    bounds.PlotMaxTime = 0;
+    bounds.PlotMinY = 1e9;
+    bounds.PlotMaxY = 0;
+    for (const RecoveryPoint& point : points) {
+        if (!(point.y > 0))
+            continue;
+        if (point.time > bounds.PlotMaxTime)
+            bounds.PlotMaxTime = point.time;
+        if (point.y > bounds.PlotMaxY)
+            bounds.PlotMaxY = point.y;
+        if (point.y < bounds.PlotMinY)
+            bounds.PlotMinY = point.y;
+    }
+}
+
+/// The powers of ten 1e-6 to 1e6 themselves: a product of rounded steps would miss them.
+constexpr std::array<double, 13> PowersOfTen = {1e-6, 1e-5, 1e-4, 1e-3, 1e-2, 1e-1, 1e0,
+                                                1e1,  1e2,  1e3,  1e4,  1e5,  1e6};
+
+/// The decades around the Y values: the lower bound from 1e5 down to 1e-6, the upper bound at least
+/// one decade above it.
+void FindDecades(PlotBounds& bounds) {
+    std::size_t at = PowersOfTen.size() - 1;
+    do {
+        --at;
+        bounds.PlotYAxisMin = PowersOfTen[at];
+    } while (at > 0 && PowersOfTen[at] > bounds.PlotMinY);
+    do {
+        ++at;
+        bounds.PlotYAxisMax = PowersOfTen[at];
+    } while (at + 1 < PowersOfTen.size() && PowersOfTen[at] < bounds.PlotMaxY);
+}
+
+void ComputeBounds(ComputedValues& computed) {
+    PlotBounds& bounds = computed.bounds;
+    FindExtremes(*computed.RecoveryPoints, bounds);
+    bounds.PlotMaxYcm = bounds.PlotMaxY * UnitFactorToCm(computed.levelUnit);
+    if (computed.ValidYCount == 1) {
+        bounds.PlotMaxTime = std::max(bounds.PlotMaxTime * 2, 0.01);
+        bounds.PlotMinY /= 2;
+        bounds.PlotMaxY *= 2;
+    }
+    if (computed.ValidYCount == 0) {
+        bounds.PlotMaxTime = 10;
+        bounds.PlotMinY = 1;
+        bounds.PlotYAxisMin = 1;
+        bounds.PlotMaxY = 10;
+        bounds.PlotYAxisMax = 10;
+        return;
+    }
+    FindDecades(bounds);
+}
+
+} // namespace
+
+Result CheckRecoveryData(ProjectState& state, ComputedValues& computed) {
+    computed.dataType = state.RecDatDataTypeDDL;
+    computed.preSlugText.clear();
+    computed.preSlug = 0;
+    computed.RecoveryPoints = std::make_shared<RecoveryPointList>();
+    computed.Criteria.clear();
+    computed.ValidYCount = 0;
+    if (computed.dataType < ChangeInHead)
+        if (Result result = CheckPreSlug(state, computed); result.IsError())
+            return result;
+    computed.slugTestType = state.RecDatSlugTestTypeDDL;
+    computed.timeUnit = state.RecDatTimeUnitsDDL;
+    computed.levelUnit = state.RecDatWaterLevelUnitsDDL;
+    auto points = std::make_shared<RecoveryPointList>();
+    Result result = CheckRows(state, *points);
+    if (!result.IsError())
+        computed.RecoveryPoints = std::move(points);
+    return result;
+}
+
+double YSign(int dataType, int slugTestType) {
+    if (slugTestType == SlugTestTypeNotApplicable || dataType == ChangeInHead)
+        return 1;
+    const bool rising = slugTestType == RisingHead;
+    if (dataType == DepthToGroundwater)
+        return rising ? 1 : -1;
+    return rising ? -1 : 1;
+}
+
+Result ComputeRecoveryY(ComputedValues& computed) {
+    Result result;
+    const double sign = YSign(computed.dataType, computed.slugTestType);
+    const double secPerUnit = UnitFactorToSec(computed.timeUnit);
+    const double cmPerUnit = UnitFactorToCm(computed.levelUnit);
+    computed.ValidYCount = 0;
+    for (RecoveryPoint& point : *computed.RecoveryPoints) {
+        ComputeY(point, computed.preSlug, sign);
+        if (point.yValid == 0)
+            result = Result::Warning(std::string(YWarning));
+        computed.ValidYCount += point.yValid;
+        point.timeSec = point.time * secPerUnit;
+        point.yCm = point.y * cmPerUnit;
+        if (point.yCm > 0)
+            point.lnYCm = std::log(point.yCm);
+    }
+    ComputeBounds(computed);
+    return result;
+}
+
+std::string YText(const RecoveryPoint& point) {
+    std::string text = SingleToText(point.y);
+    if (!text.empty() && text.front() != '-')
+        text.insert(text.begin(), ' ');
+    return text;
+}
+
+std::string SampleHeading() {
+    return "Sample" + std::string(LineBreak) + " Number";
+}
+
+std::string TimeHeading(int timeUnit) {
+    return "Time" + std::string(LineBreak) + "(" + std::string(NameAt(TimeUnitNames, timeUnit)) +
+           ")";
+}
+
+std::string RecoveryHeading(int dataType, int levelUnit) {
+    return "Recovery" + std::string(LineBreak) + std::string(NameAt(DataTypeLetters, dataType)) +
+           "   (" + std::string(NameAt(LengthUnitNames, levelUnit)) + ")";
+}
+
+std::string YHeading(int levelUnit) {
+    return " " + std::string(LineBreak) + "Y   (" +
+           std::string(NameAt(LengthUnitNames, levelUnit)) + ")";
+}
+
+std::string PreSlugLabel(int dataType, int levelUnit) {
+    if (dataType == ChangeInHead)
+        return std::string(NotApplicable);
+    return std::string(NameAt(DataTypeNames, dataType)) + "(" +
+           std::string(NameAt(LengthUnitNames, levelUnit)) + ")";
+}
+
+} // namespace quarnel
