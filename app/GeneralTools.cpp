@@ -1,0 +1,30 @@
+#include "app/GeneralTools.h"
+
+#include <QScreen>
+
+namespace quarnel {
+
+namespace {
+
+int PixelsOf(int twips, const QScreen* screen) {
+    return qRound(twips * screen->logicalDotsPerInch() / 1440.0);
+}
+
+} // namespace
+
+void SizeWindowToScreen(QWidget* window, int widthMargin, int heightMargin, int top) {
+    const QScreen* screen = window->screen();
+    const QRect area = screen->availableGeometry();
+    const int width = area.width() - PixelsOf(widthMargin, screen);
+    const int height = area.height() - PixelsOf(heightMargin, screen);
+    window->setGeometry(area.left() + (area.width() - width) / 2,
+                        area.top() + PixelsOf(top, screen), width, height);
+}
+
+void CentreWindow(QWidget* window) {
+    const QRect area = window->screen()->availableGeometry();
+    window->move(area.left() + (area.width() - window->width()) / 2,
+                 area.top() + (area.height() - window->height()) / 2);
+}
+
+} // namespace quarnel

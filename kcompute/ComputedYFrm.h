@@ -1,0 +1,21 @@
+#pragma once
+
+#include "kcompute/Analysis.h"
+
+#include <QDialog>
+
+namespace quarnel {
+
+/// The window "Computation Details".
+class ComputedYFrm : public QDialog {
+    Q_OBJECT
+public:
+    explicit ComputedYFrm(Analysis& analysis, QWidget* parent = nullptr);
+    /// Shows the analysis again, after New, Open or a computation.
+    void ShowState();
+
+private:
+    Analysis& analysis_;
+};
+
+} // namespace quarnel

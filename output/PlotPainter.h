@@ -1,0 +1,20 @@
+#pragma once
+
+#include "output/PlotDrawing.h"
+
+#include <QColor>
+#include <QPainter>
+
+namespace quarnel {
+
+/// What Ink and Grid look like on a surface; Red and Blue are the same everywhere.
+struct PlotInks {
+    QColor ink = Qt::black;
+    QColor grid = QColor(208, 208, 208);
+    QString fontFamily; ///< empty for the painter's own
+};
+
+/// Paints `drawing` (twips) with a painter whose unit is one twip. State of the painter is kept.
+void PaintPlot(QPainter& painter, const PlotDrawing& drawing, const PlotInks& inks);
+
+} // namespace quarnel
