@@ -64,12 +64,12 @@ ComputationDetails BuildComputationDetails(const ComputedValues& computed) {
     for (const RecoveryPoint& point : *details.points)
         details.used.push_back(point.weight > 0 ? 1 : 0);
     details.line = {computed.FitSlope, computed.FitIntercept};
-    details.cmPerLevelUnit = UnitFactorToCm(computed.levelUnit);
+    details.levelUnitPerCm = 1 / UnitFactorToCm(computed.levelUnit);
     return details;
 }
 
 double FittedY(const ComputationDetails& details, std::size_t point) {
-    return FittedYCm(details.line, (*details.points)[point].timeSec) / details.cmPerLevelUnit;
+    return FittedYCm(details.line, (*details.points)[point].timeSec) * details.levelUnitPerCm;
 }
 
 std::string FittedYText(const ComputationDetails& details, std::size_t point) {

@@ -27,7 +27,7 @@ struct ComputationDetails {
     std::shared_ptr<const RecoveryPointList> points = std::make_shared<RecoveryPointList>();
     std::vector<std::uint8_t> used;
     FittedLine line;
-    double cmPerLevelUnit = 1;
+    double levelUnitPerCm = 1; ///< turns cm into the entered level unit
     std::string dataTypeLetter, timeUnitName, levelUnitName;
 };
 
