@@ -56,7 +56,7 @@ void RoundToDigits(Decimal& decimal, int count) {
     ++decimal.exponent;
 }
 
-std::string WithSign(const Decimal& decimal, std::string text) {
+std::string WithSign(const Decimal& decimal, const std::string& text) {
     const bool isZero = decimal.digits.find_first_not_of('0') == std::string::npos;
     return decimal.negative && !isZero ? "-" + text : text;
 }

@@ -77,7 +77,7 @@ FileFailure ReadRows(ItemReader& reader, ProjectState& state) {
     if (!reader.HasLine())
         return FileFailure::InputPastEnd;
     TakeUnits(reader.NextLine(), state);
-    for (double row = 0; row < announced; row += 1) {
+    for (std::size_t row = 0; static_cast<double>(row) < announced; ++row) {
         double time = 0;
         double y = 0;
         double weight = 0;
