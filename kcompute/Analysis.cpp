@@ -18,14 +18,14 @@ Preparation& Stop(Preparation& preparation, Result result, FaultyTab tab) {
 
 void ResetAnalysis(Analysis& analysis) {
     ResetProjectState(analysis.state);
-    ClearComputedValues(analysis.computed);
+    analysis.computed = ComputedValues();
     analysis.details = ComputationDetails();
 }
 
 ReadReport OpenProjectFile(const std::string& path, Analysis& analysis) {
     ReadReport report = OpenProjectFile(path, analysis.state);
     if (report.format != FileFormat::Unrecognised) {
-        ClearComputedValues(analysis.computed);
+        analysis.computed = ComputedValues();
         analysis.details = ComputationDetails();
     }
     return report;

@@ -73,6 +73,22 @@ std::optional<double> ParseWithPoint(std::string_view number) {
     return value;
 }
 
+/// The value of a text without blanks around it.
+std::optional<double> ParseAny(std::string_view text, std::string_view localeSeparator) {
+    if (localeSeparator != "." && !localeSeparator.empty()) {
+        const std::size_t at = text.find(localeSeparator);
+        if (at != std::string_view::npos) {
+            // A point beside the locale's separator would be a second separator.
+            if (text.find('.') != std::string_view::npos)
+                return std::nullopt;
+            std::string withPoint(text);
+            withPoint.replace(at, localeSeparator.size(), ".");
+            return ParseWithPoint(withPoint);
+        }
+    }
+    return ParseWithPoint(text);
+}
+
 std::string GeneralText(double value, int digits) {
     if (!std::isfinite(value))
         return {};
@@ -109,20 +125,26 @@ bool ContainsIgnoringCase(std::string_view text, std::string_view upperCaseWord)
     return found != text.end() || upperCaseWord.empty();
 }
 
-std::optional<double> ParseNumber(std::string_view text, std::string_view localeSeparator) {
-    text = TrimBlanks(text);
-    if (localeSeparator != "." && !localeSeparator.empty()) {
-        const std::size_t at = text.find(localeSeparator);
-        if (at != std::string_view::npos) {
-            // A point beside the locale's separator would be a second separator.
-            if (text.find('.') != std::string_view::npos)
-                return std::nullopt;
-            std::string withPoint(text);
-            withPoint.replace(at, localeSeparator.size(), ".");
-            return ParseWithPoint(withPoint);
+bool ParseNumber(std::string_view text, std::string_view localeSeparator, double& value) {
+    // Nearly every reading of a logger is plain digits and a point, and there may be a million.
+    if (!text.empty() && IsDigit(text.front())) {
+        double number = 0;
+        const char* end = text.data() + text.size();
+        const auto [stop, error] = std::from_chars(text.data(), end, number);
+        if (stop == end && error == std::errc() && std::isfinite(number)) {
+            value = number;
+            return true;
         }
     }
-    return ParseWithPoint(text);
+    const std::optional<double> number = ParseAny(TrimBlanks(text), localeSeparator);
+    if (number)
+        value = *number;
+    return number.has_value();
+}
+
+std::optional<double> ParseNumber(std::string_view text, std::string_view localeSeparator) {
+    double value = 0;
+    return ParseNumber(text, localeSeparator, value) ? std::optional<double>(value) : std::nullopt;
 }
 
 std::string DoubleToText(double value, std::string_view decimalSeparator) {

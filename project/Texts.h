@@ -21,6 +21,10 @@ bool ContainsIgnoringCase(std::string_view text, std::string_view upperCaseWord)
 /// not a number, one below the smallest double is 0.
 std::optional<double> ParseNumber(std::string_view text, std::string_view localeSeparator = ".");
 
+/// The same for checks of many readings: puts the number into `value` and says whether there was
+/// one.
+bool ParseNumber(std::string_view text, std::string_view localeSeparator, double& value);
+
 /// `value` with up to 15 significant digits, trailing zeros dropped, exponent form ("1E-05") when
 /// the decimal exponent is below -4 or at least 15. Minus zero is "0"; a value not finite is "".
 std::string DoubleToText(double value, std::string_view decimalSeparator = ".");

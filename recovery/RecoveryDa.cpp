@@ -50,26 +50,33 @@ Result CheckRow(const RecoveryRow& cells, std::size_t row, std::string_view sepa
                 RecoveryPoint& point) {
     if (cells.time.empty())
         return Result::Error("Missing Time value in row " + std::to_string(row) + ".");
-    const std::optional<double> time = ParseNumber(cells.time, separator);
-    if (!time)
+    if (!ParseNumber(cells.time, separator, point.time))
         return NotANumber("Time value", row);
-    if (*time < 0)
+    if (point.time < 0)
         return Result::Error("Time value in row " + std::to_string(row) + " must be >= 0.");
     if (cells.level.empty())
         return Result::Error("Missing Recovery data in row " + std::to_string(row) + ".");
-    const std::optional<double> level = ParseNumber(cells.level, separator);
-    if (!level)
+    if (!ParseNumber(cells.level, separator, point.level))
         return NotANumber("Recovery data", row);
     point.timeText = cells.time;
-    point.time = *time;
     point.levelText = cells.level;
-    point.level = *level;
     return Result::Ok();
+}
+
+/// An empty point list with room for `rows`. The memory of the last check serves again unless the
+/// kept details still hold its points: for a million readings getting it anew costs more than the
+/// check.
+RecoveryPointList& EmptyPointList(ComputedValues& computed, std::size_t rows) {
+    std::shared_ptr<RecoveryPointList>& points = computed.RecoveryPoints;
+    if (points.use_count() != 1 || points->capacity() / 2 > rows)
+        points = std::make_shared<RecoveryPointList>();
+    points->clear();
+    points->reserve(rows);
+    return *points;
 }
 
 /// Trims every cell up to the first fault, as the check goes, and gathers the points.
 Result CheckRows(ProjectState& state, RecoveryPointList& points) {
-    points.reserve(state.RecDatGrid.size());
     for (std::size_t i = 0; i < state.RecDatGrid.size(); ++i) {
         RecoveryRow& cells = state.RecDatGrid[i];
         TrimCell(cells.time);
@@ -153,7 +160,7 @@ Result CheckRecoveryData(ProjectState& state, ComputedValues& computed) {
     computed.dataType = state.RecDatDataTypeDDL;
     computed.preSlugText.clear();
     computed.preSlug = 0;
-    computed.RecoveryPoints = std::make_shared<RecoveryPointList>();
+    RecoveryPointList& points = EmptyPointList(computed, state.RecDatGrid.size());
     computed.Criteria.clear();
     computed.ValidYCount = 0;
     if (computed.dataType < ChangeInHead)
@@ -162,10 +169,9 @@ Result CheckRecoveryData(ProjectState& state, ComputedValues& computed) {
     computed.slugTestType = state.RecDatSlugTestTypeDDL;
     computed.timeUnit = state.RecDatTimeUnitsDDL;
     computed.levelUnit = state.RecDatWaterLevelUnitsDDL;
-    auto points = std::make_shared<RecoveryPointList>();
-    Result result = CheckRows(state, *points);
-    if (!result.IsError())
-        computed.RecoveryPoints = std::move(points);
+    Result result = CheckRows(state, points);
+    if (result.IsError())
+        points.clear();
     return result;
 }
 
