@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <new>
 #include <sys/stat.h>
+#include <utility>
 
 namespace quarnel {
 
@@ -91,6 +92,32 @@ FileBytes ReadAll(std::FILE* file, std::size_t expectedSize) {
     return bytes;
 }
 
+/// Recognises the format of a file's text and reads it.
+void ReadRecognised(std::string_view text, const std::string& path, ProjectState& state,
+                    ReadReport& report) {
+    ItemReader reader(text);
+    if (!reader.HasLine()) {
+        report.AddFailure(FileFailure::InputPastEnd);
+        return;
+    }
+    std::array<std::string_view, 5> lines;
+    lines[0] = reader.NextLine();
+    if (ContainsIgnoringCase(lines[0], "QUARNEL PROJECT FILE")) {
+        report.format = FileFormat::Current;
+        ReadProjectFile(reader, text, path, state, report);
+    } else {
+        std::size_t read = 1;
+        while (read < lines.size() && reader.HasLine())
+            lines[read++] = reader.NextLine();
+        if (read < lines.size() || lines[4].find(" Le ") == std::string_view::npos) {
+            report.AddMessage(std::string(NotAnInputFileMessage));
+            return;
+        }
+        report.format = FileFormat::Legacy;
+        ReadLegacyInputFile(reader, lines, path, state, report);
+    }
+}
+
 } // namespace
 
 std::string FileErrorMessage(FileFailure failure) {
@@ -168,34 +195,20 @@ ReadReport OpenProjectFile(const std::string& path, ProjectState& state) {
 }
 
 ReadReport OpenProjectBytes(std::string_view bytes, const std::string& path, ProjectState& state) {
-    std::string converted;
-    if (!IsValidUtf8(bytes)) {
-        converted = Windows1252ToUtf8(bytes);
-        bytes = converted;
-    }
     ReadReport report;
-    ItemReader reader(bytes);
-    if (!reader.HasLine()) {
-        report.AddFailure(FileFailure::InputPastEnd);
-        return report;
+    try {
+        if (IsValidUtf8(bytes))
+            ReadRecognised(bytes, path, state, report);
+        else
+            ReadRecognised(Windows1252ToUtf8(bytes), path, state, report);
+    } catch (const std::bad_alloc&) {
+        // The rows read so far stay; handing them over takes no memory.
+        if (!state.RecoveryDataTexts.empty())
+            state.RecDatGrid = std::exchange(state.RecoveryDataTexts, {});
+        report.AddFailure(FileFailure::OutOfMemory);
     }
-    std::array<std::string_view, 5> lines;
-    lines[0] = reader.NextLine();
-    if (ContainsIgnoringCase(lines[0], "QUARNEL PROJECT FILE")) {
-        report.format = FileFormat::Current;
-        ReadProjectFile(reader, bytes, path, state, report);
-    } else {
-        std::size_t read = 1;
-        while (read < lines.size() && reader.HasLine())
-            lines[read++] = reader.NextLine();
-        if (read < lines.size() || lines[4].find(" Le ") == std::string_view::npos) {
-            report.AddMessage(std::string(NotAnInputFileMessage));
-            return report;
-        }
-        report.format = FileFormat::Legacy;
-        ReadLegacyInputFile(reader, lines, path, state, report);
-    }
-    if (!report.messages.empty() || report.format == FileFormat::Legacy)
+    if (report.format != FileFormat::Unrecognised &&
+        (!report.messages.empty() || report.format == FileFormat::Legacy))
         state.OriginalToKeep = path;
     return report;
 }

@@ -1,6 +1,7 @@
 #include "project/ProjectReaders.h"
 #include "project/Texts.h"
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 
@@ -28,16 +29,13 @@ FileFailure ReadGeometry(ItemReader& reader, ProjectState& state) {
         if (const FileFailure failure = NextNumber(reader, number); failure != FileFailure::None)
             return failure;
     reader.NextLine();
-    const auto text = [&state](double value) {
-        return DoubleToText(value, state.DecimalSeparator);
-    };
     const auto [h, le, lw, casingRadius, wellRadius, porosity] = numbers;
-    state.WellGeoText = {text(h),
-                         text(lw),
-                         text(le),
-                         text(2 * wellRadius),
-                         text(2 * casingRadius),
-                         text(porosity * 100)};
+    const std::array<double, 6> entries = {
+        h, lw, le, 2 * wellRadius, 2 * casingRadius, porosity * 100};
+    if (!std::all_of(entries.begin(), entries.end(), [](double x) { return std::isfinite(x); }))
+        return FileFailure::Overflow;
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        state.WellGeoText[i] = DoubleToText(entries[i], state.DecimalSeparator);
     return FileFailure::None;
 }
 

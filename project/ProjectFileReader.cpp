@@ -12,11 +12,22 @@ namespace {
 
 constexpr std::size_t PassedOverKept = 100;
 constexpr std::size_t PassedOverBytes = 80;
-/// The shortest record of a reading, "RECDATA","DATAPOINT","","" with its line end.
-constexpr std::size_t ShortestDataPoint = 30;
+/// Bytes of "RECDATA","DATAPOINT","0","1" with its line end: about the shortest record of a
+/// reading.
+constexpr std::size_t ShortDataPoint = 31;
 
 bool EqualsIgnoringCase(std::string_view text, std::string_view upperCaseWord) {
     return text.size() == upperCaseWord.size() && ContainsIgnoringCase(text, upperCaseWord);
+}
+
+/// At most PassedOverBytes of `text`, never a piece of a character.
+std::string_view StartOf(std::string_view text) {
+    if (text.size() <= PassedOverBytes)
+        return text;
+    std::size_t end = PassedOverBytes;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U)
+        --end;
+    return text.substr(0, end);
 }
 
 /// One reading of a project file. Each section routine returns why it stopped, None when it read
@@ -104,7 +115,7 @@ void ProjectFileReader::PassOver(std::string_view item, std::size_t position) {
         const bool pair = c == '\r' && wholeText_[countedTo_ + 1] == '\n';
         countedLines_ += (c == '\n' || (c == '\r' && !pair)) ? 1U : 0U;
     }
-    report_.passedOver.push_back({countedLines_, std::string(item.substr(0, PassedOverBytes))});
+    report_.passedOver.push_back({countedLines_, std::string(StartOf(item))});
 }
 
 FileFailure ProjectFileReader::NextText(std::string_view& text) {
@@ -204,8 +215,8 @@ FileFailure ProjectFileReader::ReadRecData() {
 
 FileFailure ProjectFileReader::ReadDataPoint() {
     std::vector<RecoveryRow>& rows = state_.RecoveryDataTexts;
-    if (rows.empty()) // the file's own length bounds the rows; memory not touched costs nothing
-        rows.reserve(reader_.BytesLeft() / ShortestDataPoint + EmptyRowsAfterData + 1);
+    if (rows.empty()) // guessed from the file's own length; memory not touched costs nothing
+        rows.reserve(reader_.BytesLeft() / ShortDataPoint + EmptyRowsAfterData + 1);
     const FileItem time = reader_.NextItem();
     if (time.atEnd)
         return FileFailure::InputPastEnd;
