@@ -1,0 +1,289 @@
+#include "output/ReportPages.h"
+
+#include "output/TextWidth.h"
+#include "project/Texts.h"
+
+#include <algorithm>
+#include <array>
+
+namespace quarnel {
+
+namespace {
+
+constexpr double PaperEdge = 1080; ///< least distance of the text from the paper's edge
+constexpr double MostInset = 0.15; ///< of a small paper's width or height
+constexpr double TitlePoints = 16;
+constexpr double HeadingPoints = 8.5;
+constexpr double TextPoints = 9.5;
+constexpr double TablePoints = 9;
+constexpr double FootPoints = 8;
+constexpr double Leading = 1.18; ///< line distance in heights of the text
+constexpr double BlockGap = 260;
+constexpr double HeadingGap = 50;
+constexpr double ColumnGap = 300;
+constexpr double RuleWidth = 10;
+constexpr double ThinRule = 6;
+constexpr double CellGap = 120;
+constexpr double FootHeight = 420;
+/// A cell with fewer characters than this fits its column without being measured.
+constexpr std::size_t SurelyFittingBytes = 12;
+
+constexpr std::size_t TableColumnCount = 5;
+constexpr std::size_t CriteriaColumn = 2;
+
+double LineHeight(double points) {
+    return ArialHeight(points) * Leading;
+}
+
+PlotLine Rule(double x1, double x2, double y, PlotColour colour, double width) {
+    return {x1, y, x2, y, colour, width};
+}
+
+double Inset(double margin, double extent) {
+    return std::min(std::max(0.0, PaperEdge - margin), extent * MostInset);
+}
+
+} // namespace
+
+ReportPages::ReportPages(const Analysis& analysis, const Paper& paper)
+    : analysis_(analysis)
+    , paper_(paper)
+    , left_(Inset(paper.marginLeft, paper.printableWidth))
+    , right_(paper.printableWidth - Inset(paper.marginRight, paper.printableWidth))
+    , top_(Inset(paper.marginTop, paper.printableHeight))
+    , bottom_(paper.printableHeight - Inset(paper.marginBottom, paper.printableHeight)) {
+    const std::vector<ReportBlock> blocks =
+        SummaryReportBlocks(analysis.state, analysis.computed, analysis.details);
+    AddTitle();
+    AddBlocksSideBySide({blocks[0], blocks[1], blocks[2]});
+    AddBlocksSideBySide({blocks[3]});
+    AddBlocksSideBySide({blocks[4], blocks[5], blocks[6]});
+    BreakBlocksIntoPages();
+    BreakTableIntoPages();
+}
+
+PlotLabel ReportPages::Text(double x, double y, std::string text, double points,
+                            double maxWidth) const {
+    PlotLabel label;
+    label.x = x;
+    label.y = y;
+    label.text = std::move(text);
+    label.points = points;
+    label.maxWidth = maxWidth;
+    return label;
+}
+
+void ReportPages::AddTitle() {
+    Strip strip;
+    strip.labels.push_back(Text(left_, 0, std::string(ReportTitle), TitlePoints, right_ - left_));
+    strip.labels.back().bold = true;
+    strip.height = LineHeight(TitlePoints) + BlockGap;
+    strip.keepWithNext = true;
+    strips_.push_back(std::move(strip));
+}
+
+void ReportPages::AddBlocksSideBySide(const std::vector<ReportBlock>& blocks) {
+    const auto count = static_cast<double>(blocks.size());
+    const double width = (right_ - left_ - ColumnGap * (count - 1)) / count;
+    std::vector<Column> columns;
+    double x = left_;
+    for (const ReportBlock& block : blocks) {
+        Column column{block, x, width, {}};
+        for (const std::string& line : block.lines) {
+            if (line.empty())
+                continue;
+            const std::vector<std::string> wrapped = WrapArial(line, TextPoints, width);
+            column.lines.insert(column.lines.end(), wrapped.begin(), wrapped.end());
+        }
+        columns.push_back(std::move(column));
+        x += width + ColumnGap;
+    }
+    AddColumns(columns);
+}
+
+void ReportPages::AddColumns(std::vector<Column>& columns) {
+    Strip heading;
+    heading.keepWithNext = true;
+    heading.height = LineHeight(HeadingPoints) + HeadingGap;
+    std::size_t lines = 0;
+    for (const Column& column : columns) {
+        heading.labels.push_back(
+            Text(column.x, 0, column.block.heading, HeadingPoints, column.width));
+        heading.labels.back().bold = true;
+        heading.rules.push_back(Rule(column.x, column.x + column.width, LineHeight(HeadingPoints),
+                                     PlotColour::Ink, RuleWidth));
+        lines = std::max(lines, column.lines.size());
+    }
+    strips_.push_back(std::move(heading));
+    for (std::size_t line = 0; line < lines; ++line) {
+        Strip strip;
+        strip.height = LineHeight(TextPoints);
+        for (const Column& column : columns)
+            if (line < column.lines.size())
+                strip.labels.push_back(
+                    Text(column.x, 0, column.lines[line], TextPoints, column.width));
+        strips_.push_back(std::move(strip));
+    }
+    strips_.back().height += BlockGap;
+}
+
+void ReportPages::BreakBlocksIntoPages() {
+    const double end = bottom_ - FootHeight;
+    double y = top_;
+    pages_.emplace_back();
+    for (std::size_t i = 0; i < strips_.size(); ++i) {
+        double needed = strips_[i].height;
+        for (std::size_t j = i; strips_[j].keepWithNext && j + 1 < strips_.size(); ++j)
+            needed += strips_[j + 1].height;
+        if (y + needed > end + BlockGap && pages_.back().endStrip > pages_.back().firstStrip) {
+            pages_.emplace_back();
+            pages_.back().firstStrip = i;
+            y = top_;
+        }
+        pages_.back().endStrip = i + 1;
+        y += strips_[i].height;
+    }
+    endOfBlocks_ = y;
+}
+
+std::vector<std::string> ReportPages::CellLines(const std::string& text) const {
+    const double width = (right_ - left_) / TableColumnCount - CellGap;
+    return WrapArial(text, TablePoints, width);
+}
+
+double ReportPages::RowHeight(std::size_t point) const {
+    const RecoveryPoint& kept = (*analysis_.details.points)[point];
+    std::size_t lines = 1;
+    for (const CellText* text : {&kept.timeText, &kept.levelText})
+        if (text->View().size() > SurelyFittingBytes)
+            lines = std::max(lines, CellLines(text->ToString()).size());
+    return static_cast<double>(lines) * LineHeight(TablePoints);
+}
+
+void ReportPages::BreakTableIntoPages() {
+    const double end = bottom_ - FootHeight;
+    const double headingHeight = TableHeading().height;
+    const std::size_t count = analysis_.details.points->size();
+    double y = endOfBlocks_;
+    if (y + headingHeight + LineHeight(TablePoints) > end) {
+        pages_.push_back({strips_.size(), strips_.size(), 0, 0, true});
+        y = top_;
+    }
+    pages_.back().hasTable = true;
+    y += headingHeight;
+    for (std::size_t point = 0; point < count; ++point) {
+        const double height = RowHeight(point);
+        if (y + height > end && pages_.back().endPoint > pages_.back().firstPoint) {
+            pages_.push_back({strips_.size(), strips_.size(), point, point, true});
+            y = top_ + headingHeight;
+        }
+        pages_.back().endPoint = point + 1;
+        y += height;
+    }
+}
+
+/// A number stands with its decimal point below those of its column, as figures are read.
+PlotLabel ReportPages::NumberCell(std::size_t column, double y, std::string text) const {
+    const double width = (right_ - left_) / TableColumnCount;
+    const double start = left_ + static_cast<double>(column) * width;
+    const double pointAt = start + width * 0.5;
+    text = std::string(TrimBlanks(text));
+    const std::string whole = text.substr(0, text.find_first_of(".,e"));
+    const double x = pointAt - ArialWidth(whole, TablePoints);
+    const bool fits = x >= start && x + ArialWidth(text, TablePoints) <= start + width - CellGap;
+    return Text(fits ? x : start, y, std::move(text), TablePoints, width - CellGap);
+}
+
+ReportPages::Strip ReportPages::TableHeading() const {
+    const ReportRow headings = ReportTableHeadings(analysis_.state, analysis_.details);
+    const double width = (right_ - left_) / TableColumnCount;
+    Strip strip;
+    strip.rules.push_back(Rule(left_, right_, 0, PlotColour::Ink, RuleWidth));
+    for (std::size_t column = 0; column < TableColumnCount; ++column) {
+        const double centre = left_ + (static_cast<double>(column) + 0.5) * width;
+        strip.labels.push_back(
+            Text(centre, HeadingGap, headings[column], TablePoints, width - CellGap));
+        strip.labels.back().across = Across::Centre;
+        strip.labels.back().bold = true;
+    }
+    const double ruleAt = HeadingGap + LineHeight(TablePoints);
+    strip.rules.push_back(Rule(left_, right_, ruleAt, PlotColour::Ink, ThinRule));
+    strip.height = ruleAt + HeadingGap;
+    return strip;
+}
+
+ReportPages::Strip ReportPages::TableRow(std::size_t point) const {
+    const ReportRow row = ReportTableRow(analysis_.details, point);
+    const double width = (right_ - left_) / TableColumnCount;
+    Strip strip;
+    strip.height = RowHeight(point);
+    for (std::size_t column = 0; column < TableColumnCount; ++column) {
+        if (row[column].empty())
+            continue;
+        if (column == CriteriaColumn) {
+            const double centre = left_ + (static_cast<double>(column) + 0.5) * width;
+            strip.labels.push_back(Text(centre, 0, row[column], TablePoints, width - CellGap));
+            strip.labels.back().across = Across::Centre;
+            continue;
+        }
+        const std::vector<std::string> lines = CellLines(row[column]);
+        if (lines.size() == 1) {
+            strip.labels.push_back(NumberCell(column, 0, row[column]));
+            continue;
+        }
+        for (std::size_t line = 0; line < lines.size(); ++line)
+            strip.labels.push_back(Text(left_ + static_cast<double>(column) * width,
+                                        static_cast<double>(line) * LineHeight(TablePoints),
+                                        lines[line], TablePoints, width - CellGap));
+    }
+    return strip;
+}
+
+void ReportPages::Place(const Strip& strip, double& y, PlotDrawing& drawing) {
+    for (PlotLabel label : strip.labels) {
+        label.y += y;
+        drawing.labels.push_back(std::move(label));
+    }
+    for (PlotLine rule : strip.rules) {
+        rule.y1 += y;
+        rule.y2 += y;
+        drawing.lines.push_back(rule);
+    }
+    y += strip.height;
+}
+
+void ReportPages::DrawFoot(PlotDrawing& drawing, std::size_t page) const {
+    const double y = bottom_ - ArialHeight(FootPoints);
+    const double middle = (left_ + right_) / 2;
+    drawing.lines.push_back(Rule(left_, right_, y - HeadingGap, PlotColour::Ink, ThinRule));
+    const std::string well(TrimBlanks(analysis_.state.WellTestIDTxt[WellLabel]));
+    if (!well.empty())
+        drawing.labels.push_back(
+            Text(left_, y, "Monitoring Well: " + well, FootPoints, middle - left_));
+    const auto number = static_cast<long long>(page) + 1;
+    const auto count = static_cast<long long>(Count());
+    PlotLabel label = Text(right_, y, "Page " + WholeToText(number) + " of " + WholeToText(count),
+                           FootPoints, right_ - middle - CellGap);
+    label.across = Across::Right;
+    drawing.labels.push_back(std::move(label));
+}
+
+PlotDrawing ReportPages::Page(std::size_t page) const {
+    const PageContent& content = pages_[page];
+    PlotDrawing drawing;
+    drawing.width = paper_.printableWidth;
+    drawing.height = paper_.printableHeight;
+    double y = top_;
+    for (std::size_t i = content.firstStrip; i < content.endStrip; ++i)
+        Place(strips_[i], y, drawing);
+    if (content.hasTable) {
+        Place(TableHeading(), y, drawing);
+        for (std::size_t point = content.firstPoint; point < content.endPoint; ++point)
+            Place(TableRow(point), y, drawing);
+        drawing.lines.push_back(Rule(left_, right_, y, PlotColour::Ink, ThinRule));
+    }
+    DrawFoot(drawing, page);
+    return drawing;
+}
+
+} // namespace quarnel

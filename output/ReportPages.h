@@ -1,0 +1,76 @@
+#pragma once
+
+#include "kcompute/Analysis.h"
+#include "output/PlotDrawing.h"
+#include "output/SummaryReport.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace quarnel {
+
+/// A sheet of paper: its printable area, and how far that lies from the paper's edges. Twips
+/// (1/1440 inch).
+struct Paper {
+    double printableWidth = 0, printableHeight = 0;
+    double marginLeft = 0, marginTop = 0, marginRight = 0, marginBottom = 0;
+};
+
+/// The summary report on paper. The blocks stand side by side in the order of the report's text,
+/// the point table below them and on as many further pages as it needs, its headings on each. No
+/// row is cut by a page's end; long texts run over several lines. Pages are drawn one at a time, so
+/// that a logger's million readings do not have to be in memory as pages.
+///
+/// The analysis must not change while its pages are in use.
+class ReportPages {
+public:
+    ReportPages(const Analysis& analysis, const Paper& paper);
+
+    /// How many pages there are; at least one.
+    std::size_t Count() const { return pages_.size(); }
+    /// A page (counted from 0), in twips from the corner of the printable area.
+    PlotDrawing Page(std::size_t page) const;
+
+private:
+    /// A piece of a page that is never cut; its positions count from its own top.
+    struct Strip {
+        double height = 0;
+        std::vector<PlotLabel> labels;
+        std::vector<PlotLine> rules;
+        bool keepWithNext = false; ///< a heading does not end a page
+    };
+    struct PageContent {
+        std::size_t firstStrip = 0, endStrip = 0; ///< of the blocks
+        std::size_t firstPoint = 0, endPoint = 0; ///< of the table
+        bool hasTable = false;
+    };
+    struct Column {
+        ReportBlock block;
+        double x = 0, width = 0;
+        std::vector<std::string> lines;
+    };
+
+    void AddTitle();
+    void AddBlocksSideBySide(const std::vector<ReportBlock>& blocks);
+    void AddColumns(std::vector<Column>& columns);
+    void BreakBlocksIntoPages();
+    void BreakTableIntoPages();
+    Strip TableHeading() const;
+    Strip TableRow(std::size_t point) const;
+    double RowHeight(std::size_t point) const;
+    std::vector<std::string> CellLines(const std::string& text) const;
+    PlotLabel Text(double x, double y, std::string text, double points, double maxWidth) const;
+    PlotLabel NumberCell(std::size_t column, double y, std::string text) const;
+    void DrawFoot(PlotDrawing& drawing, std::size_t page) const;
+    static void Place(const Strip& strip, double& y, PlotDrawing& drawing);
+
+    const Analysis& analysis_;
+    Paper paper_;
+    double left_ = 0, right_ = 0, top_ = 0, bottom_ = 0; ///< of the text on every page
+    std::vector<Strip> strips_;
+    std::vector<PageContent> pages_;
+    double endOfBlocks_ = 0; ///< y below the blocks on their last page
+};
+
+} // namespace quarnel
