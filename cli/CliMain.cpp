@@ -1,6 +1,72 @@
+#include "cli/CommandLine.h"
+#include "cli/Commands.h"
+#include "cli/Output.h"
+
 #include <QCoreApplication>
+#include <algorithm>
+#include <array>
+#include <exception>
+
+namespace quarnel {
+
+namespace {
+
+struct Command {
+    std::string_view name;
+    ExitStatus (*run)(const Words& words);
+};
+
+constexpr std::array<Command, 4> Commands = {{
+    {"analyze", AnalyzeCommand},
+    {"plot", PlotCommand},
+    {"convert", ConvertCommand},
+    {"check", CheckCommand},
+}};
+
+/// The words before a command: an option of the program itself, or a mistake.
+ExitStatus RunWithoutCommand(const Words& words) {
+    CommandLine commandLine("COMMAND [options] FILE...",
+                            "Analyses slug tests by the Bouwer-Rice method, without a window.\n\n"
+                            "Commands:\n"
+                            "  analyze  Computes K and prints it as table, JSON or CSV.\n"
+                            "  plot     Writes the plot as PDF, SVG or PNG.\n"
+                            "  convert  Saves a project or old input file as a project.\n"
+                            "  check    Says what a file is and what of it would be lost.\n\n"
+                            "quarnel-cli COMMAND --help tells more of each.");
+    commandLine.AddOption("version", "Shows the version.");
+    if (const auto status = commandLine.Parse(words))
+        return *status;
+    const Words names = commandLine.Files();
+    if (!names.empty())
+        return commandLine.ReportWrongUse("There is no command '" + names.front() + "'.");
+    if (commandLine.IsSet("version"))
+        return PrintText(std::string(ProgramName) + " " QUARNEL_VERSION "\n");
+    return commandLine.ReportWrongUse("No command is given.");
+}
+
+ExitStatus Run(const Words& words) {
+    if (!words.empty()) {
+        const auto* command =
+            std::find_if(Commands.begin(), Commands.end(),
+                         [&words](const Command& known) { return known.name == words.front(); });
+        if (command != Commands.end())
+            return command->run(Words(words.begin() + 1, words.end()));
+    }
+    return RunWithoutCommand(words);
+}
+
+} // namespace
+
+} // namespace quarnel
 
 int main(int argc, char** argv) {
+    quarnel::SecureStandardStreams();
+    const quarnel::Words words(argv + std::min(argc, 1), argv + argc);
     const QCoreApplication application(argc, argv);
-    return 2;
+    try {
+        return quarnel::Run(words);
+    } catch (const std::exception& fault) {
+        quarnel::PrintMessage(quarnel::ProgramName, fault.what());
+        return quarnel::Failed;
+    }
 }

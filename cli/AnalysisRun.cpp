@@ -1,0 +1,81 @@
+#include "cli/AnalysisRun.h"
+
+#include "cli/Output.h"
+#include "kcompute/KComputations.h"
+#include "project/SystemLocale.h"
+
+#include <new>
+
+namespace quarnel {
+
+namespace {
+
+void AddError(AnalysisRun& run, std::string message) {
+    run.status = ComputationStatus::Error;
+    run.messages.push_back(std::move(message));
+}
+
+void AddWarning(AnalysisRun& run, std::string message) {
+    if (message.empty())
+        return;
+    if (run.status == ComputationStatus::Ok)
+        run.status = ComputationStatus::Warning;
+    run.messages.push_back(std::move(message));
+}
+
+void Read(AnalysisRun& run) {
+    run.analysis.state.DecimalSeparator = SystemDecimalSeparator();
+    ReadReport report = OpenProjectFile(run.file, run.analysis);
+    run.isRead = report.format != FileFormat::Unrecognised;
+    for (std::string& message : report.messages)
+        AddError(run, std::move(message));
+}
+
+void Prepare(AnalysisRun& run) {
+    Preparation preparation = PrepareComputation(run.analysis);
+    run.geometryAccepted = preparation.geometryAccepted;
+    run.coefficientsComputed = preparation.coefficientsComputed;
+    run.pointsChecked = preparation.pointsChecked;
+    AddWarning(run, std::move(preparation.coefficientWarning));
+    AddWarning(run, std::move(preparation.yWarning));
+    if (preparation.result.IsError())
+        AddError(run, std::move(preparation.result.message));
+}
+
+void Compute(AnalysisRun& run) {
+    Result result = ComputeAndKeep(run.analysis);
+    if (result.IsError()) {
+        AddError(run, std::move(result.message));
+        return;
+    }
+    run.kComputed = true;
+    if (run.analysis.computed.FitSlope >= 0)
+        AddWarning(run, std::string(RisingSlopeMessage));
+}
+
+} // namespace
+
+AnalysisRun RunAnalysis(const std::string& path) {
+    AnalysisRun run;
+    run.file = path;
+    try {
+        Read(run);
+        if (run.isRead)
+            Prepare(run);
+        if (run.pointsChecked)
+            Compute(run);
+    } catch (const std::bad_alloc&) {
+        // One project too large for the machine must not take the others with it.
+        run = AnalysisRun();
+        run.file = path;
+        AddError(run, FileErrorMessage(FileFailure::OutOfMemory));
+    }
+    return run;
+}
+
+void PrintMessages(const AnalysisRun& run) {
+    for (const std::string& message : run.messages)
+        PrintMessage(run.file, message);
+}
+
+} // namespace quarnel

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "kcompute/Analysis.h"
+
+#include <string>
+#include <vector>
+
+namespace quarnel {
+
+/// One project read, prepared and computed as the window does it, and how far that came.
+struct AnalysisRun {
+    std::string file; ///< the path as the user gave it
+    ComputationStatus status = ComputationStatus::Ok;
+    std::vector<std::string> messages; ///< in the order they arose
+    bool isRead = false;               ///< the file was one of ours; false leaves all else empty
+    bool geometryAccepted = false;
+    bool coefficientsComputed = false;
+    bool pointsChecked = false; ///< the recovery data passed with at least one point
+    bool kComputed = false;
+    Analysis analysis;
+};
+
+/// Reads the project at `path`, restores its marks, prepares and computes. Failures are in the
+/// status and the messages.
+AnalysisRun RunAnalysis(const std::string& path);
+
+/// Tells the messages of `run` on standard error, each after the file's name.
+void PrintMessages(const AnalysisRun& run);
+
+} // namespace quarnel

@@ -1,0 +1,98 @@
+#include "cli/CsvOutput.h"
+
+#include "cli/PlainText.h"
+#include "kcompute/KComputations.h"
+
+#include <string_view>
+
+namespace quarnel {
+
+namespace {
+
+constexpr std::string_view Columns =
+    "file,well_label,status,k_text,k_length_unit,k_time_unit,k_cm_per_sec,"
+    "h_cm,lw_cm,le_cm,rw_cm,rc_cm,re_cm,porosity,le_over_rw,a,b,c,ln_re_over_rw,"
+    "point_count,used_count,slope_per_sec,intercept_ln_cm,messages\n";
+
+/// Gathers the columns of one row.
+class Row {
+public:
+    /// A text of the program or a number, which need no quotes.
+    void Add(std::string_view text) {
+        if (!row_.empty())
+            row_ += ',';
+        row_ += text;
+    }
+    void Add(bool reached, double number) { Add(reached ? ExactNumber(number) : std::string()); }
+    /// A text that came from outside: always quoted, never a formula.
+    void AddForeign(std::string_view text);
+    std::string Line() && { return std::move(row_) + "\n"; }
+
+private:
+    std::string row_;
+};
+
+void Row::AddForeign(std::string_view text) {
+    constexpr std::string_view FormulaStart = "=+-@\t\r\n";
+    std::string quoted = "\"";
+    if (!text.empty() && FormulaStart.find(text.front()) != std::string_view::npos)
+        quoted += '\'';
+    for (const char character : WellFormedUtf8(text))
+        quoted += character == '"' ? std::string("\"\"") : std::string(1, character);
+    Add(quoted + '"');
+}
+
+void AddK(const AnalysisRun& run, Row& row) {
+    const ProjectState& state = run.analysis.state;
+    const ComputedValues& computed = run.analysis.computed;
+    const bool reached = run.kComputed;
+    row.Add(ComputedKText(state, computed));
+    row.Add(reached ? NameAt(LengthUnitNames, state.CmboKLengthUnits) : "");
+    row.Add(reached ? NameAt(TimeUnitNames, state.CmboKTimeUnits) : "");
+    row.Add(reached, computed.KInCmPerSec);
+}
+
+void AddGeometry(const AnalysisRun& run, Row& row) {
+    const ComputedValues& computed = run.analysis.computed;
+    for (const double value : {computed.H.cm, computed.Lw.cm, computed.Le.cm, computed.dw.radiusCm,
+                               computed.dc.radiusCm, computed.reCm, computed.n})
+        row.Add(run.geometryAccepted, value);
+    for (const double value :
+         {computed.leOverRw, computed.A, computed.B, computed.C, computed.lnReOverRw})
+        row.Add(run.coefficientsComputed, value);
+}
+
+void AddFit(const AnalysisRun& run, Row& row) {
+    const ComputedValues& computed = run.analysis.computed;
+    row.Add(run.pointsChecked, static_cast<double>(computed.RecoveryPoints->size()));
+    row.Add(run.kComputed, computed.usedCount);
+    row.Add(run.kComputed, computed.FitSlope);
+    row.Add(run.kComputed, computed.FitIntercept);
+}
+
+std::string JoinedMessages(const AnalysisRun& run) {
+    std::string joined;
+    for (const std::string& message : run.messages)
+        joined += (joined.empty() ? "" : "; ") + message;
+    return joined;
+}
+
+} // namespace
+
+std::string CsvHeader() {
+    return std::string(Columns);
+}
+
+std::string CsvRow(const AnalysisRun& run) {
+    Row row;
+    row.AddForeign(run.file);
+    row.AddForeign(run.analysis.state.WellTestIDTxt[WellLabel]);
+    row.Add(std::to_string(static_cast<int>(run.status)));
+    AddK(run, row);
+    AddGeometry(run, row);
+    AddFit(run, row);
+    row.AddForeign(JoinedMessages(run));
+    return std::move(row).Line();
+}
+
+} // namespace quarnel

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quarnel {
+
+/// Bytes on their way to a file descriptor, written in large pieces. The first failure is kept and
+/// what comes after it is dropped, so that a caller writes on and asks once.
+class Output {
+public:
+    explicit Output(int descriptor)
+        : descriptor_(descriptor) {}
+
+    void Write(std::string_view bytes);
+    /// Hands everything to the system. False after any failure so far.
+    bool Flush();
+    bool HasFailed() const { return systemError_ != 0; }
+    /// Why writing failed, in the system's words.
+    std::string FailureText() const;
+
+private:
+    int descriptor_;
+    int systemError_ = 0;
+    std::string pending_;
+};
+
+/// One line to standard error: the program's name or a file, a colon and the text, with control
+/// characters made harmless.
+void PrintMessage(std::string_view prefix, std::string_view text);
+
+/// Opens what is missing of standard input, output and error in a way that no write succeeds, and
+/// turns writing to a closed pipe into an ordinary failure. Without it a saved project could get
+/// the number of a closed standard output, and with it the messages.
+void SecureStandardStreams();
+
+} // namespace quarnel

@@ -1,0 +1,72 @@
+#include "cli/PlainText.h"
+
+#include "project/TextEncoding.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace quarnel {
+
+namespace {
+
+constexpr std::string_view Replacement = "\xEF\xBF\xBD"; // U+FFFD
+constexpr double LargestPlainWhole = 1e15;
+
+/// The character at the start of `bytes`, or nothing where there is none.
+std::string_view FirstCharacter(std::string_view bytes) {
+    for (std::size_t size = 1; size <= 4 && size <= bytes.size(); ++size)
+        if (IsValidUtf8(bytes.substr(0, size)))
+            return bytes.substr(0, size);
+    return {};
+}
+
+/// U+0000 to U+001F, U+007F to U+009F.
+bool IsControl(std::string_view character) {
+    const auto first = static_cast<unsigned char>(character.front());
+    if (character.size() == 1)
+        return first < 0x20 || first == 0x7F;
+    return first == 0xC2 && static_cast<unsigned char>(character[1]) < 0xA0;
+}
+
+std::string Cleaned(std::string_view bytes, bool keepControls) {
+    std::string text;
+    text.reserve(bytes.size());
+    while (!bytes.empty()) {
+        const std::string_view character = FirstCharacter(bytes);
+        const bool keep = !character.empty() && (keepControls || !IsControl(character));
+        text += keep ? character : Replacement;
+        bytes.remove_prefix(std::max<std::size_t>(1, character.size()));
+    }
+    return text;
+}
+
+} // namespace
+
+std::string WellFormedUtf8(std::string_view bytes) {
+    return IsValidUtf8(bytes) ? std::string(bytes) : Cleaned(bytes, true);
+}
+
+std::string PlainText(std::string_view bytes) {
+    return Cleaned(bytes, false);
+}
+
+std::size_t CharacterCount(std::string_view text) {
+    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char byte) {
+        return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
+    }));
+}
+
+std::string ExactNumber(double value) {
+    if (!std::isfinite(value))
+        return {};
+    // Counts and whole readings stay as people write them: 1000000, not 1e+06. Minus zero is "0".
+    if (std::fabs(value) < LargestPlainWhole && value == std::trunc(value))
+        return std::to_string(static_cast<long long>(value));
+    std::array<char, 32> digits{};
+    const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), value);
+    return std::string(digits.data(), result.ptr);
+}
+
+} // namespace quarnel

@@ -1,0 +1,11 @@
+#include "project/SystemLocale.h"
+
+#include <QLocale>
+
+namespace quarnel {
+
+std::string SystemDecimalSeparator() {
+    return QLocale::system().decimalPoint().toStdString();
+}
+
+} // namespace quarnel
