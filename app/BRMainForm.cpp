@@ -1,20 +1,374 @@
 #include "app/BRMainForm.h"
 
+#include "app/DroppedProject.h"
+#include "app/GeneralTools.h"
+#include "app/MainGlobal.h"
+#include "app/MessageBoxes.h"
+#include "app/QtTexts.h"
+#include "app/SiteIdentificationPanel.h"
+#include "app/WellTestIdentificationPanel.h"
+#include "kcompute/ComputePanel.h"
+#include "kcompute/ComputedYFrm.h"
+#include "output/PrtPlotFrm.h"
+#include "output/PrtResults.h"
+#include "project/FieldTables.h"
+#include "project/ProjectFileDialogs.h"
+#include "project/SaveFile.h"
+#include "recovery/RecoveryDataPanel.h"
+#include "wellgeometry/WellGeometryPanel.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QInputMethod>
+#include <QLabel>
+#include <QMenuBar>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
 namespace quarnel {
+
+namespace {
+
+constexpr int WellGeometryTab = 3;
+constexpr int RecoveryDataTab = 4;
+constexpr int ComputePanelNumber = 6;
+
+/// Puts what the user is typing in a grid's cell into the grid, as leaving the cell does.
+void CommitEdits() {
+    QGuiApplication::inputMethod()->commit();
+    QWidget* focus = QApplication::focusWidget();
+    if (focus == nullptr)
+        return;
+    for (QWidget* outer = focus->parentWidget(); outer != nullptr; outer = outer->parentWidget())
+        if (qobject_cast<QAbstractItemView*>(outer) != nullptr) {
+            focus->clearFocus();
+            outer->setFocus();
+            return;
+        }
+}
+
+void ShowDialog(QDialog* dialog) {
+    if (!dialog->testAttribute(Qt::WA_Moved) && !dialog->isVisible())
+        CentreWindow(dialog);
+    dialog->show();
+    dialog->raise();
+    dialog->activateWindow();
+}
+
+} // namespace
 
 BRMainForm::BRMainForm(QWidget* parent)
     : QMainWindow(parent) {
     setObjectName(QStringLiteral("BRMainForm"));
+    auto* centre = new QWidget;
+    auto* rows = new QVBoxLayout(centre);
+    BuildTabStrip(rows);
+    BuildPanels(rows);
+    setCentralWidget(centre);
+    BuildDialogs();
+    BuildMenus();
+    status_ = new QLabel;
+    status_->setObjectName(QStringLiteral("StatusText"));
+    status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    status_->setTextFormat(Qt::PlainText);
+    statusBar()->addWidget(status_, 1);
+    qApp->installEventFilter(this);
+}
+
+void BRMainForm::BuildTabStrip(QVBoxLayout* rows) {
+    TabStrip2 = new QTabBar;
+    TabStrip2->setObjectName(QStringLiteral("TabStrip2"));
+    TabStrip2->setExpanding(false);
+    for (const std::string_view caption : TabCaptions)
+        TabStrip2->addTab(ToQString(caption));
+    connect(TabStrip2, &QTabBar::currentChanged, this, &BRMainForm::ClickTab);
+    const auto step = [this](int by) {
+        TabStrip2->setCurrentIndex((TabStrip2->currentIndex() + by + TabStrip2->count()) %
+                                   TabStrip2->count());
+    };
+    connect(new QShortcut(Qt::CTRL | Qt::Key_PageDown, this), &QShortcut::activated, this,
+            [step] { step(1); });
+    connect(new QShortcut(Qt::CTRL | Qt::Key_PageUp, this), &QShortcut::activated, this,
+            [step] { step(-1); });
+    rows->addWidget(TabStrip2);
+}
+
+void BRMainForm::BuildPanels(QVBoxLayout* rows) {
+    wellGeometry_ = new WellGeometryPanel(analysis_);
+    recoveryData_ = new RecoveryDataPanel(analysis_);
+    compute_ = new ComputePanel(analysis_);
+    contents_ = {new SiteIdentificationPanel(analysis_), new WellTestIdentificationPanel(analysis_),
+                 wellGeometry_, recoveryData_, compute_};
+    for (int panel = 0; panel <= PanelCount; ++panel) {
+        const auto* tab = std::find(TabPanels.begin(), TabPanels.end(), panel);
+        Panel* content = tab == TabPanels.end() ? nullptr : contents_[tab - TabPanels.begin()];
+        rows->addWidget(SSPanel1[static_cast<std::size_t>(panel)] = MakePanel(panel, content), 1);
+    }
+    connect(recoveryData_, &RecoveryDataPanel::HeadingsChanged, compute_,
+            &ComputePanel::ShowHeadings);
+}
+
+QWidget* BRMainForm::MakePanel(int panel, Panel* content) {
+    auto* frame = new QWidget;
+    frame->setObjectName(QStringLiteral("SSPanel1_") + QString::number(panel));
+    frame->hide();
+    auto* rows = new QVBoxLayout(frame);
+    rows->setContentsMargins(0, 0, 0, 0);
+    auto* title = new QLabel(ToQString(PanelTitles[static_cast<std::size_t>(panel)]));
+    title->setObjectName(QStringLiteral("PanelTitle_") + QString::number(panel));
+    QFont font = title->font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * 1.2);
+    title->setFont(font);
+    rows->addWidget(title);
+    if (content == nullptr)
+        return frame;
+    auto* scroll = new QScrollArea;
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(content);
+    rows->addWidget(scroll, 1);
+    return frame;
+}
+
+void BRMainForm::BuildDialogs() {
+    prtResults_ = new PrtResults(analysis_, this);
+    prtPlotFrm_ = new PrtPlotFrm(analysis_, this);
+    computedYFrm_ = new ComputedYFrm(analysis_, this);
+    connect(compute_, &ComputePanel::DetailsRequested, this, [this] { ShowDialog(computedYFrm_); });
+    connect(compute_, &ComputePanel::PrintPlotRequested, this, [this] { ShowDialog(prtPlotFrm_); });
+    connect(compute_, &ComputePanel::SummaryRequested, this, [this] { ShowDialog(prtResults_); });
+    connect(compute_, &ComputePanel::DetailsChanged, computedYFrm_, &ComputedYFrm::ShowState);
+}
+
+void BRMainForm::BuildMenus() {
+    QMenu* mnuFile = menuBar()->addMenu(QStringLiteral("&File"));
+    mnuFile->setObjectName(QStringLiteral("mnuFile"));
+    const auto add = [this](QWidget* menu, const QString& name, const QString& caption,
+                            const QKeySequence& keys, void (BRMainForm::*command)()) {
+        auto* action = new QAction(caption, this);
+        action->setObjectName(name);
+        action->setShortcut(keys);
+        connect(action, &QAction::triggered, this, command);
+        menu->addAction(action);
+    };
+    add(mnuFile, QStringLiteral("mnuNew"), QStringLiteral("&New"), Qt::CTRL | Qt::Key_N,
+        &BRMainForm::NewProject);
+    add(mnuFile, QStringLiteral("mnuOpenFile"), QStringLiteral("&Open..."), Qt::CTRL | Qt::Key_O,
+        &BRMainForm::OpenProject);
+    add(mnuFile, QStringLiteral("mnuFileSave"), QStringLiteral("&Save"), Qt::CTRL | Qt::Key_S,
+        &BRMainForm::SaveProject);
+    add(mnuFile, QStringLiteral("mnuSaveAs"), QStringLiteral("Save &As..."),
+        Qt::CTRL | Qt::SHIFT | Qt::Key_S, &BRMainForm::SaveProjectAs);
+    mnuFile->addSeparator();
+    add(mnuFile, QStringLiteral("mnuExit"), QStringLiteral("E&xit"), Qt::CTRL | Qt::Key_Q,
+        &BRMainForm::Exit);
+    add(menuBar(), QStringLiteral("mnuAbout"), QStringLiteral("A&bout"), QKeySequence(),
+        &BRMainForm::About);
 }
 
 void BRMainForm::StartUp() {
     show();
 }
 
-void BRMainForm::DisplaySelectedPanel(int) {}
+// ---- Panels
+// ------------------------------------------------------------------------------------------
 
-void BRMainForm::ShowState() {}
+void BRMainForm::DisplaySelectedPanel(int panel) {
+    for (int i = 0; i <= PanelCount; ++i)
+        SSPanel1[static_cast<std::size_t>(i)]->setVisible(i == panel);
+}
 
-void BRMainForm::OpenPath(const QString&) {}
+void BRMainForm::HidePanels() {
+    for (QWidget* panel : SSPanel1)
+        panel->hide();
+}
+
+void BRMainForm::SelectTab(int tab) {
+    if (TabStrip2->currentIndex() == tab - 1)
+        ClickTab();
+    else
+        TabStrip2->setCurrentIndex(tab - 1);
+}
+
+void BRMainForm::ClickTab() {
+    CommitEdits();
+    const int panel = TabPanels[static_cast<std::size_t>(TabStrip2->currentIndex())];
+    Preparation preparation;
+    {
+        const BusyPointer busy;
+        HidePanels();
+        if (panel == ComputePanelNumber)
+            preparation = PrepareAndShow();
+        else
+            DisplaySelectedPanel(panel);
+    }
+    if (preparation.result.IsError())
+        ShowMessage(this, ToQString(preparation.result.message));
+    else if (!preparation.yWarning.empty())
+        ShowMessage(this, ToQString(preparation.yWarning));
+    if (panel == ComputePanelNumber && !preparation.result.IsError())
+        DisplaySelectedPanel(panel);
+}
+
+Preparation BRMainForm::PrepareAndShow() {
+    Preparation preparation = PrepareComputation(analysis_);
+    wellGeometry_->ShowState();
+    recoveryData_->ShowPreparedData();
+    compute_->ShowPreparedData();
+    if (preparation.result.IsError())
+        SelectTab(preparation.faultyTab == FaultyTab::RecoveryData ? RecoveryDataTab
+                                                                   : WellGeometryTab);
+    return preparation;
+}
+
+void BRMainForm::ShowState() {
+    ShowTitle();
+    ShowStatus(QString());
+    SelectTab(1);
+    for (Panel* content : contents_)
+        content->ShowState();
+    prtResults_->ShowState();
+    prtPlotFrm_->ShowState();
+    computedYFrm_->ShowState();
+}
+
+void BRMainForm::ShowTitle() {
+    // Qt takes "[*]" in a title for the mark of a changed document; doubled, it stands for itself.
+    QString title = ToQString(MainWindowTitle(analysis_.state));
+    setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
+}
+
+void BRMainForm::ShowStatus(const QString& text) {
+    status_->setText(text);
+    status_->setToolTip(text);
+}
+
+// ---- Commands
+// ----------------------------------------------------------------------------------------
+
+void BRMainForm::NewProject() {
+    if (AskYesNo(this, QStringLiteral("New Project will clear existing data. Make sure you have "
+                                      "saved current information to a file before proceeding.\r\n"
+                                      " Do you want to proceed with New Project?")))
+        ResetProject(*this);
+}
+
+void BRMainForm::OpenProject() {
+    const QString path = ChooseProjectToOpen(this);
+    if (!path.isEmpty())
+        OpenPath(path);
+}
+
+void BRMainForm::OpenPath(const QString& path) {
+    ReadReport report;
+    {
+        const BusyPointer busy;
+        report = OpenProjectFile(ToUtf8(path), analysis_);
+        if (report.format != FileFormat::Unrecognised) {
+            RememberFolderOf(path);
+            ShowState();
+            ShowStatus(QStringLiteral("Opened ") + path);
+        }
+    }
+    for (const std::string& message : report.messages)
+        ShowMessage(this, ToQString(message));
+}
+
+void BRMainForm::SaveProject() {
+    if (analysis_.state.CurrentProjectFile.empty())
+        SaveProjectAs();
+    else
+        Write(ToQString(analysis_.state.CurrentProjectFile));
+}
+
+void BRMainForm::SaveProjectAs() {
+    CommitEdits();
+    const QString path = ChooseNameToSave(this);
+    if (path.isEmpty())
+        return;
+    RememberFolderOf(path);
+    Write(path);
+}
+
+namespace {
+
+/// What the status bar says after a save.
+QString SavedText(const QString& path, const std::vector<std::string>& lost) {
+    QString text = QStringLiteral("Saved ") + path;
+    if (lost.empty())
+        return text;
+    constexpr std::size_t Named = 20;
+    QStringList names;
+    for (std::size_t i = 0; i < std::min(lost.size(), Named); ++i)
+        names.append(ToQString(lost[i]));
+    if (lost.size() > Named)
+        names.append(QStringLiteral("and %1 more").arg(lost.size() - Named));
+    return QStringLiteral("Not read back intact, because of a double quote or a line break: ") +
+           names.join(QStringLiteral(", ")) + QStringLiteral(". ") + text;
+}
+
+} // namespace
+
+void BRMainForm::Write(const QString& path) {
+    CommitEdits();
+    std::vector<std::string> messages;
+    {
+        const BusyPointer busy;
+        messages = WriteProjectFile(ToUtf8(path), analysis_.state);
+    }
+    ShowTitle();
+    ShowStatus(messages.empty() ? SavedText(path, FieldsNotReadBackIntact(analysis_.state))
+                                : QStringLiteral("Not saved whole: ") + path);
+    for (const std::string& message : messages)
+        ShowMessage(this, ToQString(message));
+}
+
+void BRMainForm::Exit() {
+    if (!ConfirmExit())
+        return;
+    exitConfirmed_ = true;
+    close();
+}
+
+void BRMainForm::About() {
+    ShowMessage(this, QStringLiteral("\r\nBouwer-Rice Slug Test Analysis\r\nVersion 3.0\r\n"),
+                QStringLiteral("About"));
+}
+
+bool BRMainForm::ConfirmExit() {
+    return AskOkCancel(this, QStringLiteral("Exit QUARNEL? (Unsaved data will be lost.)"),
+                       QStringLiteral("Confirm Exit"));
+}
+
+void BRMainForm::closeEvent(QCloseEvent* event) {
+    if (!exitConfirmed_ && !ConfirmExit()) {
+        event->ignore();
+        return;
+    }
+    // A later showing of the window, and its closing, asks again.
+    exitConfirmed_ = false;
+    for (QDialog* dialog : findChildren<QDialog*>(Qt::FindDirectChildrenOnly))
+        dialog->close();
+    event->accept();
+}
+
+bool BRMainForm::eventFilter(QObject* receiver, QEvent* event) {
+    const auto* widget = qobject_cast<QWidget*>(receiver);
+    if (widget != nullptr && widget->window() == this) {
+        const QString path = DroppedProject(event);
+        if (!path.isEmpty() && event->type() == QEvent::Drop)
+            // The dragging program waits for the drop to end; the reading and its boxes come after.
+            QMetaObject::invokeMethod(
+                this, [this, path] { OpenPath(path); }, Qt::QueuedConnection);
+        if (!path.isEmpty())
+            return true;
+    }
+    return QMainWindow::eventFilter(receiver, event);
+}
 
 } // namespace quarnel

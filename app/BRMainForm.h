@@ -6,6 +6,9 @@
 #include <QTabBar>
 #include <array>
 
+class QLabel;
+class QVBoxLayout;
+
 namespace quarnel {
 
 class ComputePanel;
@@ -25,6 +28,8 @@ public:
     void StartUp();
     /// Makes panel `panel` (1 to 6) visible and hides all others.
     void DisplaySelectedPanel(int panel);
+    /// Selects tab `tab` (1 to 5) as a click on it does.
+    void SelectTab(int tab);
     /// Shows the whole analysis again, in every panel and window, after New or Open.
     void ShowState();
     /// Opens the project at `path` as the Open command does once a file is chosen.
@@ -32,8 +37,53 @@ public:
 
     Analysis& Current() { return analysis_; }
 
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    /// A project dropped on the window, whichever control it falls on, opens.
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+
 private:
+    void BuildTabStrip(QVBoxLayout* rows);
+    void BuildPanels(QVBoxLayout* rows);
+    /// Puts `content` under the title of panel `panel`.
+    QWidget* MakePanel(int panel, Panel* content);
+    void BuildDialogs();
+    void BuildMenus();
+
+    void HidePanels();
+    void ClickTab();
+    /// Prepares the computation and shows what it left; the tab at fault is selected after an
+    /// error.
+    Preparation PrepareAndShow();
+    void ShowTitle();
+    void ShowStatus(const QString& text);
+
+    void NewProject();
+    void OpenProject();
+    void SaveProject();
+    void SaveProjectAs();
+    void Write(const QString& path);
+    void Exit();
+    void About();
+    /// Whether the user confirms the end of the program.
+    bool ConfirmExit();
+
     Analysis analysis_;
+    bool exitConfirmed_ = false;
+
+    QTabBar* TabStrip2 = nullptr;
+    /// By panel number; 0 is empty and never shown.
+    std::array<QWidget*, 7> SSPanel1{};
+    /// The contents of the panels in the order they show the state.
+    std::array<Panel*, 5> contents_{};
+    RecoveryDataPanel* recoveryData_ = nullptr;
+    ComputePanel* compute_ = nullptr;
+    Panel* wellGeometry_ = nullptr;
+    QLabel* status_ = nullptr;
+
+    PrtResults* prtResults_ = nullptr;
+    PrtPlotFrm* prtPlotFrm_ = nullptr;
+    ComputedYFrm* computedYFrm_ = nullptr;
 };
 
 } // namespace quarnel

@@ -17,11 +17,13 @@ void SizeWindowToScreen(QWidget* window, int widthMargin, int heightMargin, int 
     const QRect area = screen->availableGeometry();
     const int width = area.width() - PixelsOf(widthMargin, screen);
     const int height = area.height() - PixelsOf(heightMargin, screen);
-    window->setGeometry(area.left() + (area.width() - width) / 2,
-                        area.top() + PixelsOf(top, screen), width, height);
+    window->resize(width, height);
+    // A move places the frame, so the title bar stays on the screen.
+    window->move(area.left() + (area.width() - width) / 2, area.top() + PixelsOf(top, screen));
 }
 
 void CentreWindow(QWidget* window) {
+    window->adjustSize();
     const QRect area = window->screen()->availableGeometry();
     window->move(area.left() + (area.width() - window->width()) / 2,
                  area.top() + (area.height() - window->height()) / 2);

@@ -1,11 +1,25 @@
 #include "app/MainGlobal.h"
 
 #include "app/BRMainForm.h"
+#include "app/GeneralTools.h"
+#include "app/QtTexts.h"
+
+#include <QLocale>
 
 namespace quarnel {
 
+namespace {
+/// Twips that the main window leaves free of the screen.
+constexpr int WidthMargin = 200;
+constexpr int HeightMargin = 500;
+constexpr int Top = 5;
+} // namespace
+
 std::unique_ptr<BRMainForm> SetUpMainWindow() {
-    return std::make_unique<BRMainForm>();
+    auto window = std::make_unique<BRMainForm>();
+    SizeWindowToScreen(window.get(), WidthMargin, HeightMargin, Top);
+    window->Current().state.DecimalSeparator = ToUtf8(QLocale::system().decimalPoint());
+    return window;
 }
 
 void ResetProject(BRMainForm& window) {

@@ -1,21 +1,35 @@
 #include "app/QuarnelApplication.h"
 
 #include "app/MessageBoxes.h"
+#include "app/QtTexts.h"
+#include "project/Files.h"
 
+#include <QEvent>
 #include <exception>
+#include <new>
 
 namespace quarnel {
 
+void NameApplication() {
+    QCoreApplication::setApplicationName(QStringLiteral("quarnel"));
+    QCoreApplication::setOrganizationName(QStringLiteral("quarnel"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(QUARNEL_VERSION));
+}
+
 QuarnelApplication::QuarnelApplication(int& argc, char** argv)
     : QApplication(argc, argv) {
-    setApplicationName(QStringLiteral("quarnel"));
-    setOrganizationName(QStringLiteral("quarnel"));
+    NameApplication();
+    setDesktopFileName(QStringLiteral("quarnel"));
 }
 
 bool QuarnelApplication::notify(QObject* receiver, QEvent* event) {
+    // The event may be gone when its handler has thrown.
+    const bool painting = event->type() == QEvent::Paint || event->type() == QEvent::UpdateRequest;
     QString fault;
     try {
         return QApplication::notify(receiver, event);
+    } catch (const std::bad_alloc&) {
+        fault = ToQString(FileErrorMessage(FileFailure::OutOfMemory));
     } catch (const std::exception& exception) {
         fault = QString::fromUtf8(exception.what());
     } catch (...) {
@@ -23,8 +37,22 @@ bool QuarnelApplication::notify(QObject* receiver, QEvent* event) {
     }
     while (overrideCursor() != nullptr)
         restoreOverrideCursor();
-    ShowMessage(activeWindow(), fault);
+    // A box cannot be painted while a painting is under way.
+    if (painting)
+        QMetaObject::invokeMethod(
+            this, [this, fault] { ShowFault(fault); }, Qt::QueuedConnection);
+    else
+        ShowFault(fault);
     return true;
+}
+
+void QuarnelApplication::ShowFault(const QString& fault) {
+    // A fault that returns with every repainting must not pile up boxes.
+    if (showingFault_)
+        return;
+    showingFault_ = true;
+    ShowMessage(activeWindow(), fault);
+    showingFault_ = false;
 }
 
 } // namespace quarnel

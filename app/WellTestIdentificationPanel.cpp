@@ -1,10 +1,69 @@
 #include "app/WellTestIdentificationPanel.h"
 
+#include "app/LabelledBoxes.h"
+#include "app/TextBox.h"
+#include "project/FieldTables.h"
+
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QVBoxLayout>
+
 namespace quarnel {
 
-WellTestIdentificationPanel::WellTestIdentificationPanel(Analysis& analysis, QWidget* parent)
-    : Panel(analysis, parent) {}
+namespace {
 
-void WellTestIdentificationPanel::ShowState() {}
+/// In the order of WellTestIDFields.
+constexpr std::array<FieldHelp, 6> Help = {{
+    {'L', "Label of the monitoring well in which the slug test was made"},
+    {'D', "Date of the slug test, as month/day/year; any text is kept as typed"},
+    {'A', "Who analyses the test"},
+    {'T', "Who made the test in the field: first name"},
+    {0, "Who made the test in the field: second name"},
+    {0, "Who made the test in the field: third name"},
+}};
+
+} // namespace
+
+WellTestIdentificationPanel::WellTestIdentificationPanel(Analysis& analysis, QWidget* parent)
+    : Panel(analysis, parent) {
+    auto* frame = new QGroupBox;
+    auto* form = new QFormLayout(frame);
+    SetUpForm(form);
+    AddFields(form);
+    AddSlugVolume(form);
+    auto* rows = new QVBoxLayout(this);
+    rows->addWidget(frame);
+    rows->addStretch();
+}
+
+void WellTestIdentificationPanel::AddFields(QFormLayout* form) {
+    for (std::size_t i = 0; i < WellTestIDFields.size(); ++i) {
+        const IdentificationField& field = WellTestIDFields[i];
+        const auto index = static_cast<std::size_t>(field.index);
+        const QString number = QString::number(field.index);
+        WellTestIDTxt[index] = new TextBox(analysis_.state.WellTestIDTxt[index],
+                                           QStringLiteral("WellTestIDTxt_") + number);
+        WellTestID[index] =
+            MakeLabel(field.label, Help[i].mnemonic, QStringLiteral("WellTestID_") + number);
+        const QString meaning = QString::fromUtf8(Help[i].meaning);
+        AddRow(form, WellTestID[index], WellTestIDTxt[index], meaning);
+        if (field.label.empty())
+            WellTestIDTxt[index]->setAccessibleName(meaning);
+    }
+}
+
+void WellTestIdentificationPanel::AddSlugVolume(QFormLayout* form) {
+    VolumeOfSlugText =
+        new TextBox(analysis_.state.VolumeOfSlugText, QStringLiteral("VolumeOfSlugText"));
+    QLabel* label = MakeLabel(SlugVolumeLabel, 'V', QStringLiteral("VolumeOfSlugLbl"));
+    AddRow(form, label, VolumeOfSlugText,
+           QStringLiteral("Volume of the slug put into or taken out of the well, in litres"));
+}
+
+void WellTestIdentificationPanel::ShowState() {
+    for (TextBox* box : WellTestIDTxt)
+        box->ShowText();
+    VolumeOfSlugText->ShowText();
+}
 
 } // namespace quarnel

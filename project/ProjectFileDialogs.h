@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace quarnel {
+
+/// Asks for the project to open: an existing file. Returns its full path without blanks around it,
+/// "" when the user cancelled.
+QString ChooseProjectToOpen(QWidget* parent);
+
+/// Asks for the name to save a project under, exactly as typed (no suffix is added), and confirms
+/// the overwriting of an existing file. Returns the full path without blanks around it, "" when the
+/// user cancelled.
+QString ChooseNameToSave(QWidget* parent);
+
+/// The next dialog starts in the folder of `path`, in this run of the program or a later one.
+void RememberFolderOf(const QString& path);
+
+} // namespace quarnel
