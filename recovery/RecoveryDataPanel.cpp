@@ -1,12 +1,164 @@
 #include "recovery/RecoveryDataPanel.h"
 
+#include "app/MessageBoxes.h"
+#include "app/QtTexts.h"
+#include "recovery/InsertRowsPanel.h"
+#include "recovery/RecDatCheckGrid.h"
+#include "recovery/RecDatGrid.h"
+#include "recovery/RecoveryDa.h"
+
+#include <QMenu>
+
 namespace quarnel {
 
-RecoveryDataPanel::RecoveryDataPanel(Analysis& analysis, QWidget* parent)
-    : Panel(analysis, parent) {}
+// ---- Showing the project
+// ---------------------------------------------------------------------------
 
-void RecoveryDataPanel::ShowState() {}
+void RecoveryDataPanel::ShowState() {
+    const ProjectState& state = analysis_.state;
+    RecDatDataTypeDDL->setCurrentIndex(state.RecDatDataTypeDDL);
+    RecDatSlugTestTypeDDL->setCurrentIndex(state.RecDatSlugTestTypeDDL);
+    RecDatTimeUnitsDDL->setCurrentIndex(state.RecDatTimeUnitsDDL);
+    RecDatWaterLevelUnitsDDL->setCurrentIndex(state.RecDatWaterLevelUnitsDDL);
+    RecDatPreSlugHeadText->setText(ToQString(state.RecDatPreSlugHeadText));
+    insertRows_->hide();
+    model_->ShowState();
+    checkGrid_->ClearCheckGrid();
+    SetHeadings();
+}
 
-void RecoveryDataPanel::ShowPreparedData() {}
+void RecoveryDataPanel::ShowPreparedData() {
+    RecDatPreSlugHeadText->setText(ToQString(analysis_.state.RecDatPreSlugHeadText));
+    model_->ShowTrimmedCells();
+    checkGrid_->ShowYInCheckGrid(analysis_.computed.RecoveryPoints);
+}
+
+void RecoveryDataPanel::SetHeadings() {
+    SetRecoveryHeadings();
+    SetTimeHeading();
+}
+
+void RecoveryDataPanel::SetRecoveryHeadings() {
+    if (RecDatDataTypeDDL->currentIndex() < 0 || RecDatWaterLevelUnitsDDL->currentIndex() < 0)
+        return;
+    ShowPreSlugBox();
+    model_->ShowHeadings();
+    checkGrid_->ShowHeadings();
+    Q_EMIT HeadingsChanged();
+}
+
+void RecoveryDataPanel::SetTimeHeading() {
+    model_->ShowHeadings();
+    checkGrid_->ShowHeadings();
+    Q_EMIT HeadingsChanged();
+}
+
+/// Changes in head need no reading from before the test.
+void RecoveryDataPanel::ShowPreSlugBox() {
+    const ProjectState& state = analysis_.state;
+    RecDatPreSlugHeadLbl->setText(
+        ToQString(PreSlugLabel(state.RecDatDataTypeDDL, state.RecDatWaterLevelUnitsDDL)));
+    RecDatPreSlugHeadText->setVisible(state.RecDatDataTypeDDL != ChangeInHead);
+}
+
+// ---- Commands
+// --------------------------------------------------------------------------------------
+
+void RecoveryDataPanel::OpenInsertRowsPanel() {
+    insertRows_->Open();
+}
+
+void RecoveryDataPanel::DeleteGridRows() {
+    if (grid_->Editor().SelectionHoldsData() &&
+        !AskYesNo(this, QStringLiteral("The rows contain data. Are you sure you want to delete the "
+                                       "selected rows (data in deleted rows is lost)?")))
+        return;
+    grid_->Editor().DeleteRows();
+    grid_->ShowSelection();
+}
+
+void RecoveryDataPanel::Cut() {
+    grid_->Cut();
+}
+
+void RecoveryDataPanel::Copy() {
+    grid_->Copy();
+}
+
+void RecoveryDataPanel::Paste() {
+    grid_->Paste();
+}
+
+void RecoveryDataPanel::SortByTime() {
+    if (!AskOkCancel(this, QStringLiteral("Sort the Recovery Data by time?"),
+                     QStringLiteral("Confirm Sort")))
+        return;
+    Result result;
+    {
+        const BusyPointer busy;
+        // Checked apart from the analysis: the Y of its points, and the K made from them, stay
+        // until the next check or computation.
+        ComputedValues checked;
+        result = CheckRecoveryData(analysis_.state, checked);
+        if (!result.IsError())
+            grid_->Editor().SortByTime(*checked.RecoveryPoints);
+        RecDatPreSlugHeadText->setText(ToQString(analysis_.state.RecDatPreSlugHeadText));
+        model_->ShowTrimmedCells();
+        grid_->ShowSelection();
+    }
+    if (result.IsError())
+        ShowMessage(this, ToQString(result.message));
+}
+
+void RecoveryDataPanel::CheckData() {
+    Result result;
+    {
+        const BusyPointer busy;
+        result = CheckDataShowYs(analysis_);
+        ShowPreparedData();
+    }
+    if (!result.message.empty())
+        ShowMessage(this, ToQString(result.message));
+}
+
+void RecoveryDataPanel::ShowContextMenu(QPoint position) {
+    auto* menu = new QMenu(grid_);
+    menu->setObjectName(QStringLiteral("RecDatGridMenu"));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto add = [menu](const QString& caption, bool enabled, auto* receiver, auto command) {
+        menu->addAction(caption, receiver, command)->setEnabled(enabled);
+    };
+    const GridEditor& editor = grid_->Editor();
+    add(QStringLiteral("&Undo\tCtrl+Z"), editor.CanUndo(), grid_, &RecDatGrid::Undo);
+    add(QStringLiteral("&Redo\tCtrl+Shift+Z"), editor.CanRedo(), grid_, &RecDatGrid::Redo);
+    menu->addSeparator();
+    add(QStringLiteral("Cu&t\tCtrl+X"), true, grid_, &RecDatGrid::Cut);
+    add(QStringLiteral("&Copy\tCtrl+C"), true, grid_, &RecDatGrid::Copy);
+    add(QStringLiteral("&Paste\tCtrl+V"), true, grid_, &RecDatGrid::Paste);
+    add(QStringLiteral("Select &All\tCtrl+A"), true, grid_, &RecDatGrid::SelectAllCells);
+    menu->addSeparator();
+    add(QStringLiteral("&Insert Rows"), true, this, &RecoveryDataPanel::OpenInsertRowsPanel);
+    add(QStringLiteral("&Delete Rows"), true, this, &RecoveryDataPanel::DeleteGridRows);
+    add(QStringLiteral("&Sort"), true, this, &RecoveryDataPanel::SortByTime);
+    menu->popup(grid_->viewport()->mapToGlobal(position));
+}
+
+/// While the grid has the focus Tab stays in it; around it nothing takes Tab either.
+void RecoveryDataPanel::TakeTabStops(bool take) {
+    for (const auto& [widget, policy] : tabStopsTaken_)
+        widget->setFocusPolicy(policy);
+    tabStopsTaken_.clear();
+    if (!take)
+        return;
+    std::vector<QWidget*> stops(commands_.begin(), commands_.end());
+    stops.push_back(checkGrid_);
+    if (auto* tabs = window()->findChild<QWidget*>(QStringLiteral("TabStrip2")))
+        stops.push_back(tabs);
+    for (QWidget* widget : stops) {
+        const Qt::FocusPolicy policy = widget->focusPolicy();
+        tabStopsTaken_.emplace_back(widget, policy);
+        widget->setFocusPolicy(static_cast<Qt::FocusPolicy>(policy & ~Qt::TabFocus));
+    }
+}
 
 } // namespace quarnel

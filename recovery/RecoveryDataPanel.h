@@ -2,7 +2,21 @@
 
 #include "app/Panel.h"
 
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <utility>
+#include <vector>
+
+class QBoxLayout;
+
 namespace quarnel {
+
+class InsertRowsPanel;
+class RecDatCheckGrid;
+class RecDatGrid;
+class RecoveryGridModel;
 
 /// The panel "Recovery Data": measurement settings, the grid of readings with its commands, and the
 /// check grid that shows Y.
@@ -19,6 +33,44 @@ public:
 Q_SIGNALS:
     /// A unit or type list changed, so headings elsewhere follow.
     void HeadingsChanged();
+
+private:
+    QWidget* BuildSettings();
+    QWidget* BuildPreSlugBox();
+    QBoxLayout* BuildCommands();
+    QBoxLayout* BuildCheckColumn();
+    QPushButton* MakeCommand(const QString& name, const QString& caption, const QString& tip,
+                             void (RecoveryDataPanel::*command)());
+    void ConnectLists();
+
+    void SetHeadings();
+    void SetRecoveryHeadings();
+    void SetTimeHeading();
+    void ShowPreSlugBox();
+
+    void OpenInsertRowsPanel();
+    void DeleteGridRows();
+    void Cut();
+    void Copy();
+    void Paste();
+    void SortByTime();
+    void CheckData();
+    void ShowContextMenu(QPoint position);
+    void TakeTabStops(bool take);
+
+    QComboBox* RecDatDataTypeDDL = nullptr;
+    QComboBox* RecDatSlugTestTypeDDL = nullptr;
+    QComboBox* RecDatTimeUnitsDDL = nullptr;
+    QComboBox* RecDatWaterLevelUnitsDDL = nullptr;
+    QLabel* RecDatPreSlugHeadLbl = nullptr;
+    QLineEdit* RecDatPreSlugHeadText = nullptr;
+    RecoveryGridModel* model_ = nullptr;
+    RecDatGrid* grid_ = nullptr;
+    RecDatCheckGrid* checkGrid_ = nullptr;
+    InsertRowsPanel* insertRows_ = nullptr;
+    std::vector<QPushButton*> commands_;
+    /// What is out of the tab order while the grid has the focus, with its own focus policy.
+    std::vector<std::pair<QWidget*, Qt::FocusPolicy>> tabStopsTaken_;
 };
 
 } // namespace quarnel

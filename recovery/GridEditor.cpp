@@ -1,0 +1,176 @@
+#include "recovery/GridEditor.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quarnel {
+
+namespace {
+
+GridCell IntoGrid(GridCell cell, std::size_t rowCount) {
+    return {std::clamp<std::size_t>(cell.row, 1, rowCount),
+            std::clamp(cell.column, FirstDataColumn, LastDataColumn)};
+}
+
+/// Drops the last character of a UTF-8 text, which may be of several bytes.
+void DropLastCharacter(std::string& text) {
+    const auto isContinuation = [](char c) {
+        return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+    };
+    while (!text.empty() && isContinuation(text.back()))
+        text.pop_back();
+    if (!text.empty())
+        text.pop_back();
+}
+
+} // namespace
+
+GridEditor::GridEditor(GridRows& rows)
+    : rows_(rows)
+    , exchange_([&rows](RowExchange& exchange) { ExchangeRows(rows, exchange); }) {}
+
+void GridEditor::Reset() {
+    if (rows_.empty())
+        rows_.resize(MinimumGridRows);
+    done_.clear();
+    undone_.clear();
+    selection_ = GridSelection();
+    StartTypingAnew();
+}
+
+std::string GridEditor::CopyText() const {
+    return GridClipText(rows_, SelectedBlock(selection_)) + '\r';
+}
+
+void GridEditor::Select(GridSelection selection) {
+    selection.current = IntoGrid(selection.current, rows_.size());
+    selection.end = IntoGrid(selection.end, rows_.size());
+    if (selection.current != selection_.current)
+        StartTypingAnew();
+    selection_ = selection;
+}
+
+void GridEditor::SelectAll() {
+    Select({GridCell{1, FirstDataColumn}, GridCell{rows_.size(), LastDataColumn}});
+}
+
+void GridEditor::StartTypingAnew() {
+    buffer_.clear();
+    typing_ = false;
+}
+
+void GridEditor::Type(std::string_view characters) {
+    buffer_ += characters;
+    ShowBuffer();
+}
+
+void GridEditor::Write(GridCell cell, std::string_view text) {
+    GridEdit edit = WriteCell(rows_, cell, text);
+    edit.after = selection_;
+    Record(std::move(edit));
+    StartTypingAnew();
+}
+
+void GridEditor::Backspace() {
+    if (buffer_.empty())
+        return;
+    DropLastCharacter(buffer_);
+    ShowBuffer();
+}
+
+void GridEditor::ShowBuffer() {
+    GridEdit edit = WriteCell(rows_, selection_.current, buffer_);
+    edit.after = selection_;
+    if (typing_)
+        exchange_(edit.exchanges.front());
+    else
+        Record(std::move(edit));
+    typing_ = true;
+}
+
+void GridEditor::MoveToNextCell() {
+    GridCell next = selection_.current;
+    if (next.column < LastDataColumn)
+        ++next.column;
+    else
+        next = {next.row + 1, FirstDataColumn};
+    if (next.row > rows_.size())
+        Do(AppendGridRow(rows_));
+    else
+        Select(GridSelection(next));
+}
+
+void GridEditor::MoveToPreviousCell() {
+    GridCell previous = selection_.current;
+    if (previous.column > FirstDataColumn)
+        --previous.column;
+    else if (previous.row > 1)
+        previous = {previous.row - 1, LastDataColumn};
+    Select(GridSelection(previous));
+}
+
+void GridEditor::Clear() {
+    Do(ClearGridSelection(rows_, selection_));
+}
+
+std::string GridEditor::Paste(std::string_view clipboardText) {
+    GridPaste paste = PasteIntoGrid(rows_, selection_, clipboardText);
+    if (!paste.edit.exchanges.empty())
+        Do(std::move(paste.edit));
+    return std::move(paste.message);
+}
+
+void GridEditor::InsertRows(int count, InsertPlace place) {
+    Do(InsertGridRows(selection_, count, place));
+}
+
+void GridEditor::DeleteRows() {
+    Do(DeleteGridRows(rows_, selection_));
+}
+
+void GridEditor::SortByTime(const RecoveryPointList& points) {
+    if (!points.empty())
+        Do(SortGridByTime(rows_, points));
+}
+
+void GridEditor::Do(GridEdit edit) {
+    const GridSelection after = edit.after;
+    Record(std::move(edit));
+    Select(after);
+    StartTypingAnew();
+}
+
+void GridEditor::Record(GridEdit edit) {
+    if (edit.exchanges.empty())
+        return;
+    for (RowExchange& exchange : edit.exchanges)
+        exchange_(exchange);
+    undone_.clear();
+    done_.push_back({std::move(edit.exchanges), selection_, edit.after});
+}
+
+void GridEditor::Undo() {
+    if (done_.empty())
+        return;
+    Step step = std::move(done_.back());
+    done_.pop_back();
+    for (auto exchange = step.exchanges.rbegin(); exchange != step.exchanges.rend(); ++exchange)
+        exchange_(*exchange);
+    Select(step.before);
+    StartTypingAnew();
+    undone_.push_back(std::move(step));
+}
+
+void GridEditor::Redo() {
+    if (undone_.empty())
+        return;
+    Step step = std::move(undone_.back());
+    undone_.pop_back();
+    for (RowExchange& exchange : step.exchanges)
+        exchange_(exchange);
+    Select(step.after);
+    StartTypingAnew();
+    done_.push_back(std::move(step));
+}
+
+} // namespace quarnel

@@ -1,0 +1,192 @@
+#include "recovery/RecoveryDataPanel.h"
+
+#include "app/QtTexts.h"
+#include "recovery/InsertRowsPanel.h"
+#include "recovery/RecDatCheckGrid.h"
+#include "recovery/RecDatGrid.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+#include <span>
+#include <string_view>
+
+namespace quarnel {
+
+namespace {
+
+QComboBox* MakeList(const QString& name, std::span<const std::string_view> entries,
+                    const QString& tip) {
+    auto* list = new QComboBox;
+    list->setObjectName(name);
+    for (const std::string_view entry : entries)
+        list->addItem(ToQString(entry));
+    list->setToolTip(tip);
+    return list;
+}
+
+/// A caption above its list.
+QBoxLayout* Captioned(const QString& caption, QComboBox* list) {
+    auto* label = new QLabel(caption);
+    label->setBuddy(list);
+    auto* rows = new QVBoxLayout;
+    rows->addStretch(1);
+    rows->addWidget(label);
+    rows->addWidget(list);
+    return rows;
+}
+
+} // namespace
+
+RecoveryDataPanel::RecoveryDataPanel(Analysis& analysis, QWidget* parent)
+    : Panel(analysis, parent)
+    , model_(new RecoveryGridModel(analysis.state, this)) {
+    QWidget* settings = BuildSettings();
+    grid_ = new RecDatGrid(*model_);
+    grid_->setToolTip(QStringLiteral(
+        "One row for each reading: the time since the start of the test and the water level.\n"
+        "Tab or Enter goes to the next cell. Readings can be pasted from a spreadsheet or a "
+        "logger's program."));
+    insertRows_ = new InsertRowsPanel(analysis.state);
+    auto* columns = new QHBoxLayout;
+    columns->addWidget(grid_, 3);
+    columns->addLayout(BuildCommands());
+    columns->addLayout(BuildCheckColumn(), 2);
+    auto* rows = new QVBoxLayout(this);
+    rows->addWidget(settings);
+    rows->addLayout(columns, 1);
+
+    ConnectLists();
+    connect(insertRows_, &InsertRowsPanel::InsertRequested, this,
+            [this](int count, InsertPlace place) {
+                grid_->Editor().InsertRows(count, place);
+                grid_->ShowSelection();
+            });
+    connect(insertRows_, &InsertRowsPanel::Closed, grid_, [this] { grid_->setFocus(); });
+    connect(grid_, &RecDatGrid::FocusChanged, this, &RecoveryDataPanel::TakeTabStops);
+    grid_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(grid_, &QWidget::customContextMenuRequested, this, &RecoveryDataPanel::ShowContextMenu);
+}
+
+QWidget* RecoveryDataPanel::BuildSettings() {
+    RecDatDataTypeDDL =
+        MakeList(QStringLiteral("RecDatDataTypeDDL"), DataTypeNames,
+                 QStringLiteral("What was measured in the well:\n"
+                                "D, the depth from the measuring point down to the groundwater;\n"
+                                "H, the groundwater head, a height above a datum;\n"
+                                "Y, the change in head since before the test, as a distance."));
+    RecDatSlugTestTypeDDL =
+        MakeList(QStringLiteral("RecDatSlugTestTypeDDL"), SlugTestTypeNames,
+                 QStringLiteral("Rising head: water or a slug was taken out and the water level "
+                                "rises again.\nFalling head: water or a slug was put in and the "
+                                "water level falls again."));
+    RecDatTimeUnitsDDL = MakeList(QStringLiteral("RecDatTimeUnitsDDL"), TimeUnitNames,
+                                  QStringLiteral("Unit of the times in the grid"));
+    RecDatWaterLevelUnitsDDL =
+        MakeList(QStringLiteral("RecDatWaterLevelUnitsDDL"), LengthUnitNames,
+                 QStringLiteral("Unit of the water levels in the grid and before the test"));
+    auto* settings = new QWidget;
+    auto* columns = new QHBoxLayout(settings);
+    columns->setContentsMargins(0, 0, 0, 0);
+    columns->addLayout(Captioned(QStringLiteral("&Water Level Measurement"), RecDatDataTypeDDL));
+    columns->addLayout(Captioned(QStringLiteral("Slug &Test Type"), RecDatSlugTestTypeDDL));
+    columns->addLayout(Captioned(QStringLiteral("Time &Units"), RecDatTimeUnitsDDL));
+    columns->addLayout(Captioned(QStringLiteral("Water &Level Units"), RecDatWaterLevelUnitsDDL));
+    columns->addWidget(BuildPreSlugBox());
+    columns->addStretch(1);
+    return settings;
+}
+
+QWidget* RecoveryDataPanel::BuildPreSlugBox() {
+    RecDatPreSlugHeadLbl = new QLabel;
+    RecDatPreSlugHeadLbl->setObjectName(QStringLiteral("RecDatPreSlugHeadLbl"));
+    RecDatPreSlugHeadText = new QLineEdit;
+    RecDatPreSlugHeadText->setObjectName(QStringLiteral("RecDatPreSlugHeadText"));
+    RecDatPreSlugHeadText->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * 12);
+    RecDatPreSlugHeadText->setToolTip(
+        QStringLiteral("The static water level before the slug was put in or taken out, measured "
+                       "and in the unit as the readings: a depth for D, a head for H"));
+    RecDatPreSlugHeadLbl->setBuddy(RecDatPreSlugHeadText);
+    auto* box = new QGroupBox(QStringLiteral("&Pre-Slug Test Condition (Prior to Slug or Bail)"));
+    auto* columns = new QHBoxLayout(box);
+    columns->addWidget(RecDatPreSlugHeadLbl);
+    columns->addWidget(RecDatPreSlugHeadText, 1);
+    return box;
+}
+
+QPushButton* RecoveryDataPanel::MakeCommand(const QString& name, const QString& caption,
+                                            const QString& tip,
+                                            void (RecoveryDataPanel::*command)()) {
+    auto* button = new QPushButton(caption);
+    button->setObjectName(name);
+    button->setToolTip(tip);
+    // A click acts on the selected cells, so it leaves the focus with them.
+    button->setFocusPolicy(Qt::TabFocus);
+    connect(button, &QPushButton::clicked, this, command);
+    commands_.push_back(button);
+    return button;
+}
+
+QBoxLayout* RecoveryDataPanel::BuildCommands() {
+    auto* rows = new QVBoxLayout;
+    const auto add = [this, rows](const QString& name, const QString& caption, const QString& tip,
+                                  void (RecoveryDataPanel::*command)()) {
+        rows->addWidget(MakeCommand(name, caption, tip, command));
+    };
+    add(QStringLiteral("CmdInsertRows"), QStringLiteral("&Insert Rows"),
+        QStringLiteral("Insert empty rows before or after the row where the selection ends"),
+        &RecoveryDataPanel::OpenInsertRowsPanel);
+    add(QStringLiteral("CmdRecDatDeleteRows"), QStringLiteral("&Delete Rows"),
+        QStringLiteral("Delete the selected rows"), &RecoveryDataPanel::DeleteGridRows);
+    add(QStringLiteral("CmdRecDatCut"), QStringLiteral("Cut (Ctrl-&X)"),
+        QStringLiteral("Copy the selected cells and empty them"), &RecoveryDataPanel::Cut);
+    add(QStringLiteral("CmdRecDataCopy"), QStringLiteral("&Copy (Ctrl-C)"),
+        QStringLiteral("Copy the selected cells, also for a spreadsheet"),
+        &RecoveryDataPanel::Copy);
+    add(QStringLiteral("CmdRecDatPaste"), QStringLiteral("Paste (Ctrl-&V)"),
+        QStringLiteral("Paste rows of cells from the first selected cell on; rows are added where "
+                       "they are needed"),
+        &RecoveryDataPanel::Paste);
+    add(QStringLiteral("CmdSortByTime"), QStringLiteral("S&ort"),
+        QStringLiteral("Sort the readings by time; empty rows move to the end"),
+        &RecoveryDataPanel::SortByTime);
+    rows->addSpacing(rows->spacing() * 2);
+    rows->addWidget(insertRows_);
+    rows->addStretch(1);
+    return rows;
+}
+
+QBoxLayout* RecoveryDataPanel::BuildCheckColumn() {
+    checkGrid_ = new RecDatCheckGrid(analysis_.state);
+    checkGrid_->setToolTip(QStringLiteral(
+        "Y is the change in head: how far the water level is from where it was before the test"));
+    auto* rows = new QVBoxLayout;
+    rows->addWidget(
+        MakeCommand(QStringLiteral("CmdRecDatCheckData"), QStringLiteral("Check Data/Show &Y's"),
+                    QStringLiteral("Check every reading and show its change in head Y below"),
+                    &RecoveryDataPanel::CheckData));
+    rows->addWidget(checkGrid_, 1);
+    return rows;
+}
+
+void RecoveryDataPanel::ConnectLists() {
+    ProjectState& state = analysis_.state;
+    connect(RecDatDataTypeDDL, &QComboBox::activated, this, [this, &state](int position) {
+        state.RecDatDataTypeDDL = position;
+        SetRecoveryHeadings();
+    });
+    connect(RecDatWaterLevelUnitsDDL, &QComboBox::activated, this, [this, &state](int position) {
+        state.RecDatWaterLevelUnitsDDL = position;
+        SetRecoveryHeadings();
+    });
+    connect(RecDatTimeUnitsDDL, &QComboBox::activated, this, [this, &state](int position) {
+        state.RecDatTimeUnitsDDL = position;
+        SetTimeHeading();
+    });
+    connect(RecDatSlugTestTypeDDL, &QComboBox::activated, this,
+            [&state](int position) { state.RecDatSlugTestTypeDDL = position; });
+    connect(RecDatPreSlugHeadText, &QLineEdit::textEdited, this,
+            [&state](const QString& text) { state.RecDatPreSlugHeadText = ToUtf8(text); });
+}
+
+} // namespace quarnel
