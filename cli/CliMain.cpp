@@ -16,8 +16,9 @@ struct Command {
     ExitStatus (*run)(const Words& words);
 };
 
-constexpr std::array<Command, 4> Commands = {{
+constexpr std::array<Command, 5> Commands = {{
     {"analyze", AnalyzeCommand},
+    {"report", ReportCommand},
     {"plot", PlotCommand},
     {"convert", ConvertCommand},
     {"check", CheckCommand},
@@ -29,6 +30,7 @@ ExitStatus RunWithoutCommand(const Words& words) {
                             "Analyses slug tests by the Bouwer-Rice method, without a window.\n\n"
                             "Commands:\n"
                             "  analyze  Computes K and prints it as table, JSON or CSV.\n"
+                            "  report   Writes the summary report.\n"
                             "  plot     Writes the plot as PDF, SVG or PNG.\n"
                             "  convert  Saves a project or old input file as a project.\n"
                             "  check    Says what a file is and what of it would be lost.\n\n"

@@ -90,6 +90,11 @@ struct PointColumns {
     std::size_t numberWidth, timeWidth, levelWidth, yWidth;
 };
 
+/// Without the blank that stands for a plus sign: the column is set to the right.
+std::string ShownY(const RecoveryPoint& point) {
+    return std::string(TrimBlanks(YText(point)));
+}
+
 PointColumns ColumnsOf(const ComputedValues& computed) {
     const std::string unit = " (" + std::string(NameAt(LengthUnitNames, computed.levelUnit)) + ")";
     PointColumns columns;
@@ -101,9 +106,9 @@ PointColumns ColumnsOf(const ComputedValues& computed) {
     columns.numberWidth = std::max<std::size_t>(4, std::to_string(points.size()).size());
     columns.timeWidth = CharacterCount(columns.time);
     columns.levelWidth = CharacterCount(columns.level);
-    columns.yWidth = CharacterCount(columns.y);
+    columns.yWidth = columns.y.size();
     for (const RecoveryPoint& point : points) {
-        columns.yWidth = std::max(columns.yWidth, YText(point).size());
+        columns.yWidth = std::max(columns.yWidth, ShownY(point).size());
         columns.timeWidth = std::max(columns.timeWidth, CharacterCount(point.timeText));
         columns.levelWidth = std::max(columns.levelWidth, CharacterCount(point.levelText));
     }
@@ -138,7 +143,7 @@ void WritePoints(const AnalysisRun& run, Output& output) {
         const std::string fitY =
             run.kComputed ? FittedYText(run.analysis.details, i) : std::string();
         output.Write(PointLine(columns, std::to_string(i + 1), point.timeText, point.levelText,
-                               YText(point), fitY, computed.Criteria[i]));
+                               ShownY(point), fitY, computed.Criteria[i]));
     }
 }
 
