@@ -233,6 +233,8 @@ TEST(GridPaste, EmptyCellsOverwrite) {
     EXPECT_EQ(DataOf(grid.rows), (Cells{{"", "x"}, {"9", ""}, {"3", "c"}, {"4", "d"}}));
     EXPECT_EQ(grid.At(Select(3, 1)).editor.Paste("\r\r"), "");
     EXPECT_EQ(grid.rows[2].time, "");
+    EXPECT_EQ(grid.At(Select(4, 1)).editor.Paste("\r"), "");
+    EXPECT_EQ(grid.rows[3].time, "");
 }
 
 TEST(GridPaste, TextAfterTheLastRowEndIsIgnored) {
