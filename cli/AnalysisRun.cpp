@@ -53,24 +53,29 @@ void Compute(AnalysisRun& run) {
         AddWarning(run, std::string(RisingSlopeMessage));
 }
 
+AnalysisRun ReadPrepareCompute(const std::string& path) {
+    AnalysisRun run;
+    run.file = path;
+    Read(run);
+    if (run.isRead)
+        Prepare(run);
+    if (run.pointsChecked)
+        Compute(run);
+    return run;
+}
+
 } // namespace
 
 AnalysisRun RunAnalysis(const std::string& path) {
-    AnalysisRun run;
-    run.file = path;
     try {
-        Read(run);
-        if (run.isRead)
-            Prepare(run);
-        if (run.pointsChecked)
-            Compute(run);
+        return ReadPrepareCompute(path);
     } catch (const std::bad_alloc&) {
         // One project too large for the machine must not take the others with it.
-        run = AnalysisRun();
+        AnalysisRun run;
         run.file = path;
         AddError(run, FileErrorMessage(FileFailure::OutOfMemory));
+        return run;
     }
-    return run;
 }
 
 void PrintMessages(const AnalysisRun& run) {

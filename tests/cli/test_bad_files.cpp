@@ -115,4 +115,34 @@ TEST_F(CliBadFilesTest, NameThatIsNoTextIsOpenedAllTheSame) {
     EXPECT_NE(outcome.out.find("\na\uFFFDb\uFFFD.qn2: project file, clean\n"), std::string::npos);
 }
 
+// An address sanitizer reserves more than any limit allows, so this test is for the other builds.
+#ifndef __SANITIZE_ADDRESS__
+TEST_F(CliBadFilesTest, ProjectTooLargeForTheMemoryDoesNotStopTheOthers) {
+    ProjectState state = SampleProject();
+    for (int i = 50; i < 200'000; ++i)
+        state.RecDatGrid.push_back({CellText(std::to_string(i)), CellText("1.25")});
+    WriteProject("large.qn2", state);
+    WriteProject("good.qn2", SampleProject());
+    const auto analyze = [this](int kilobytes, const std::string& files) {
+        return RunShell("ulimit -v " + std::to_string(kilobytes) +
+                        " && \"$cli\" analyze --format csv " + files);
+    };
+    int least = 20'000; // what the program needs at all depends on the machine's libraries
+    while (analyze(least, "good.qn2").status != 0 && least < 1'000'000)
+        least += 5'000;
+    int failed = 0;
+    int computed = 0;
+    for (int kilobytes = least + 5'000; kilobytes <= least + 60'000; kilobytes += 1'000) {
+        const Outcome outcome = analyze(kilobytes, "large.qn2 good.qn2");
+        EXPECT_NE(outcome.out.find("\n\"good.qn2\",\"MW-1\",0,"), std::string::npos)
+            << kilobytes << ": " << outcome.err;
+        const bool ranOut = outcome.err.find("large.qn2: 7 Out of memory\n") == 0;
+        EXPECT_EQ(outcome.status, ranOut ? 1 : 0) << kilobytes << ": " << outcome.err;
+        ++(ranOut ? failed : computed);
+    }
+    EXPECT_GT(failed, 0);
+    EXPECT_GT(computed, 0);
+}
+#endif
+
 } // namespace quarnel::test

@@ -295,6 +295,7 @@ TEST_F(CliJsonTest, NumbersReadBackExactly) {
                                                "123456789012345678",
                                                "9007199254740993",
                                                "1e15",
+                                               "9.3e18",
                                                "999999999999999",
                                                "100000",
                                                "4.35"};
@@ -355,6 +356,16 @@ TEST_F(CliJsonTest, FileMessageComesFirstAndTheRestIsAnalysed) {
     EXPECT_EQ(ReachedGroups(analysis), "geometry coefficients fit k plot points");
 }
 
+TEST_F(CliJsonTest, FileMessageOutweighsAWarning) {
+    ProjectState state = SampleProject();
+    state.WellGeoText[GeoLe] = "1";
+    WriteProject("a.qn2", state);
+    WriteBytes("a.qn2", ReadBytes("a.qn2") + "\"RECDATA\"");
+    const QJsonObject analysis = AnalyzeJson({Q("a.qn2")}, 1).at(0).toObject();
+    EXPECT_EQ(analysis.value(Q("status")), 1);
+    EXPECT_EQ(Messages(analysis), (Texts{"62 Input past end of file", std::string(RatioTooSmall)}));
+}
+
 TEST_F(CliJsonTest, FailedFileDoesNotStopTheOthers) {
     WriteProject("good.qn2", SampleProject());
     WriteBytes("bad.qn2", "something else");
@@ -376,6 +387,9 @@ TEST_F(CliJsonTest, LabelIsKeptAsItIsWithEscapes) {
                "\"QUARNEL PROJECT FILE\"\r\n\"WELLID\",\"WELLLABEL\",\"" + label + "\"\r\n");
     const QJsonObject analysis = AnalyzeJson({Q("a.qn2")}, 1).at(0).toObject();
     EXPECT_EQ(analysis.value(Q("well_label")).toString().toStdString(), label);
+    // Some readers, though not Qt's, refuse control characters as they are.
+    const std::string out = Run({Q("analyze"), Q("--format"), Q("json"), Q("a.qn2")}).out;
+    EXPECT_NE(out.find("\" a\\\\b\\u0009\\u0001\\u007f\u0085é井 \""), std::string::npos) << out;
 }
 
 } // namespace quarnel::test

@@ -126,6 +126,22 @@ TEST_F(CliTableTest, CentimetresStandOnceAndNoUnitLeavesCmPerSec) {
     EXPECT_NE(out.find(" cm/sec\n", k), std::string::npos);
 }
 
+TEST_F(CliTableTest, ColumnsAreAsWideAsTheirLongestText) {
+    ProjectState state = SampleProject();
+    SetReadings(state, {{"0000000000000.5", "000000000000000000.004"}, {"10", "-0.0012345678"}});
+    WriteProject("a.qn2", state);
+    const std::string out = Table("a.qn2").out;
+    EXPECT_NE(
+        out.find("     No.       Time (sec)          Reading Y (ft)        Y (ft)  Fit Y (ft)  "
+                 "Criterion\n"
+                 "       1  0000000000000.5  000000000000000000.004         0.004              "
+                 "Use\n"
+                 "       2               10           -0.0012345678  -0.001234568              "
+                 "Ignore\n"),
+        std::string::npos)
+        << out;
+}
+
 TEST_F(CliTableTest, TextsOfAFileCannotSteerTheTerminal) {
     ProjectState state = SampleProject();
     state.WellTestIDTxt[WellLabel] = "\x1B[2J\u009Bx\x07 é";

@@ -60,6 +60,7 @@ TEST_F(CliUsageTest, WrongUseIsTold) {
         {{}, "quarnel-cli: No command is given."},
         {{Q("frobnicate")}, "quarnel-cli: There is no command 'frobnicate'."},
         {{Q("Analyze"), Q("a.qn2")}, "quarnel-cli: There is no command 'Analyze'."},
+        {{Q("analyzer"), Q("a.qn2")}, "quarnel-cli: There is no command 'analyzer'."},
         {{Q("--frobnicate")}, "quarnel-cli: Unknown option 'frobnicate'."},
         {{Q("a.qn2")}, "quarnel-cli: There is no command 'a.qn2'."},
         {{Q("analyze")}, "quarnel-cli: No file is named."},
