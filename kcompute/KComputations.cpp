@@ -57,6 +57,12 @@ BouwerRiceCoefficients EndValues(std::size_t point) {
             BouwerRiceCurveC[point].coefficient};
 }
 
+/// The natural logarithm of a ratio; not a number where the ratio ran over, under or below 0.
+double FiniteLn(double ratio) {
+    return ratio > 0 && std::isfinite(ratio) ? std::log(ratio)
+                                             : std::numeric_limits<double>::quiet_NaN();
+}
+
 bool LengthsAreFinite(const ComputedValues& computed) {
     for (const double length : {computed.H.cm, computed.Lw.cm, computed.Le.cm, computed.dw.radiusCm,
                                 computed.dc.radiusCm, computed.reCm})
@@ -86,21 +92,17 @@ Result ComputeBouwerRiceCoefficients(double leCm, double rwCm,
 double ComputeLnReOverRw(double hCm, double leCm, double lwCm, double rwCm,
                          const BouwerRiceCoefficients& coefficients) {
     constexpr double NotANumber = std::numeric_limits<double>::quiet_NaN();
-    const double lnLw = std::log(lwCm / rwCm);
-    if (lnLw == 0)
-        return NotANumber;
-    const double p = 1.1 / lnLw;
+    const double p = 1.1 / FiniteLn(lwCm / rwCm);
     const double q = leCm / rwCm;
     double denominator = 0;
     if (std::fabs(hCm - lwCm) < FullPenetrationCm) {
         denominator = p + coefficients.C / q;
     } else {
-        const double below = (hCm - lwCm) / rwCm;
-        if (!(below > 0))
-            return NotANumber;
-        denominator = p + (coefficients.A + coefficients.B * std::log(below)) / q;
+        const double lnBelow = FiniteLn((hCm - lwCm) / rwCm);
+        denominator = p + (coefficients.A + coefficients.B * lnBelow) / q;
     }
-    return denominator == 0 ? NotANumber : 1 / denominator;
+    // An infinite denominator would pass for ln(Re/rw) = 0.
+    return std::isfinite(denominator) && denominator != 0 ? 1 / denominator : NotANumber;
 }
 
 Result ComputeCoefficientsAndRadii(ComputedValues& computed) {

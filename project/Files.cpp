@@ -196,7 +196,9 @@ ReadReport OpenProjectFile(const std::string& path, ProjectState& state) {
 
 ReadReport OpenProjectBytes(std::string_view bytes, const std::string& path, ProjectState& state) {
     ReadReport report;
+    std::string original;
     try {
+        original = path;
         if (IsValidUtf8(bytes))
             ReadRecognised(bytes, path, state, report);
         else
@@ -209,7 +211,7 @@ ReadReport OpenProjectBytes(std::string_view bytes, const std::string& path, Pro
     }
     if (report.format != FileFormat::Unrecognised &&
         (!report.messages.empty() || report.format == FileFormat::Legacy))
-        state.OriginalToKeep = path;
+        state.OriginalToKeep = std::move(original);
     return report;
 }
 

@@ -4,10 +4,14 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <utility>
 
 namespace quarnel {
 
 namespace {
+
+/// Bytes of "0 1 0" with a line end.
+constexpr std::size_t ShortestRow = 6;
 
 /// The number at the reader's place. A text that is no number is a type mismatch, the file's end is
 /// input past the end.
@@ -64,7 +68,19 @@ void TakeUnits(std::string_view heading, ProjectState& state) {
     state.RecDatPreSlugHeadText.clear();
 }
 
-/// Row count, heading and rows. The row count only says when to stop: no table is sized by it.
+/// Makes room for the rows announced, but never for more than the bytes left can hold; memory not
+/// touched costs nothing.
+void ReserveRows(double announced, std::size_t bytesLeft, ProjectState& state) {
+    const std::size_t most = bytesLeft / ShortestRow + 1;
+    if (announced <= 0)
+        return;
+    const std::size_t rows =
+        announced < static_cast<double>(most) ? static_cast<std::size_t>(announced) : most;
+    state.RecoveryDataTexts.reserve(rows + EmptyRowsAfterData);
+    state.IgnoreKeyList.reserve(rows);
+}
+
+/// Row count, heading and rows. The row count only says when to stop.
 FileFailure ReadRows(ItemReader& reader, ProjectState& state) {
     double announced = 0;
     if (const FileFailure failure = NextNumber(reader, announced); failure != FileFailure::None)
@@ -75,6 +91,7 @@ FileFailure ReadRows(ItemReader& reader, ProjectState& state) {
     if (!reader.HasLine())
         return FileFailure::InputPastEnd;
     TakeUnits(reader.NextLine(), state);
+    ReserveRows(announced, reader.BytesLeft(), state);
     for (std::size_t row = 0; static_cast<double>(row) < announced; ++row) {
         double time = 0;
         double y = 0;
@@ -99,12 +116,13 @@ FileFailure ReadRows(ItemReader& reader, ProjectState& state) {
 
 void ReadLegacyInputFile(ItemReader& reader, const std::array<std::string_view, 5>& firstLines,
                          const std::string& path, ProjectState& state, ReadReport& report) {
+    std::string currentFile = path; // made first, so that memory runs out before anything changed
     ResetProjectState(state);
+    state.CurrentProjectFile = std::move(currentFile);
     state.PlotText[0] = TrimBlanks(firstLines[0]);
     state.SiteIDText[ClientName] = TrimBlanks(firstLines[1]);
     state.SiteIDText[ClientJobNumber] = TrimBlanks(firstLines[2]);
     state.WellTestIDTxt[WellLabel] = TrimBlanks(firstLines[3]);
-    state.CurrentProjectFile = path;
     FileFailure failure = ReadGeometry(reader, state);
     if (failure == FileFailure::None) {
         reader.NextLine();

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <utility>
 
 namespace quarnel {
 
@@ -280,8 +281,9 @@ FileFailure ProjectFileReader::ReadPlotInfo() {
 
 void ReadProjectFile(ItemReader& reader, std::string_view wholeText, const std::string& path,
                      ProjectState& state, ReadReport& report) {
+    std::string currentFile = path; // made first, so that memory runs out before anything changed
     ResetProjectState(state);
-    state.CurrentProjectFile = path;
+    state.CurrentProjectFile = std::move(currentFile);
     ProjectFileReader(reader, wholeText, state, report).ReadSections();
     FillRecoveryGridFromData(state);
 }
