@@ -105,7 +105,7 @@ void SetReadings(ProjectState& state,
 
 std::vector<std::string> Messages(const QJsonObject& analysis) {
     std::vector<std::string> messages;
-    for (const QJsonValue& message : analysis.value(Q("messages")).toArray())
+    for (const QJsonValue message : analysis.value(Q("messages")).toArray())
         messages.push_back(message.toString().toStdString());
     return messages;
 }

@@ -7,6 +7,12 @@ namespace quarnel::test {
 
 namespace {
 
+std::string LongLine() {
+    std::string line;
+    line.resize(100'000'000, 'x');
+    return line;
+}
+
 class CliBadFilesTest : public CliTest {
 protected:
     /// Analyses `file` beside a good one and hands back its messages, joined by "; ".
@@ -65,13 +71,13 @@ TEST_F(CliBadFilesTest, ZeroBytes) {
 }
 
 TEST_F(CliBadFilesTest, HundredMegabytesOfOneLine) {
-    WriteBytes("line.qn2", std::string(100'000'000, 'x'));
+    WriteBytes("line.qn2", LongLine());
     EXPECT_EQ(MessagesBesideAGoodFile("line.qn2"), NotAnInputFile);
 }
 
 // The line is an item that no field takes; the project holds nothing to compute.
 TEST_F(CliBadFilesTest, HundredMegabytesOfOneLineInAProject) {
-    WriteBytes("line.qn2", "\"QUARNEL PROJECT FILE\"\r\n" + std::string(100'000'000, 'x'));
+    WriteBytes("line.qn2", "\"QUARNEL PROJECT FILE\"\r\n" + LongLine());
     const Outcome outcome = Run({Q("analyze"), Q("line.qn2")});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, "line.qn2: Well Geometry: H must have a value.\n");

@@ -68,7 +68,7 @@ TEST_F(CliConvertTest, UnreadableFileLeavesTheTargetAlone) {
           std::pair(std::string("missing.qn2"), std::string("53 File not found"))}) {
         const Outcome outcome = Convert(from, "out.qn2");
         EXPECT_EQ(outcome.status, 1);
-        EXPECT_EQ(outcome.err, from + ": " + message + "\n");
+        EXPECT_EQ(outcome.err, std::string(from).append(": ").append(message).append("\n"));
         EXPECT_EQ(ReadBytes("out.qn2"), "old");
     }
 }
@@ -79,7 +79,7 @@ TEST_F(CliConvertTest, TargetThatCannotBeWrittenIsToldByItsName) {
     for (const char* target : {"folder", "no-such-folder/out.qn2"}) {
         const Outcome outcome = Convert("a.qn2", target);
         EXPECT_EQ(outcome.status, 1) << target;
-        EXPECT_EQ(outcome.err.find(std::string(target) + ": 7"), 0U) << outcome.err; // 75 or 76
+        EXPECT_EQ(Q(outcome.err).indexOf(Q(target) + Q(": 7")), 0) << outcome.err; // 75 or 76
     }
 }
 

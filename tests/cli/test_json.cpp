@@ -27,7 +27,7 @@ QJsonObject Point(const QJsonObject& analysis, int index) {
 
 std::vector<std::string> Criteria(const QJsonObject& analysis) {
     std::vector<std::string> criteria;
-    for (const QJsonValue& point : analysis.value(Q("points")).toArray())
+    for (const QJsonValue point : analysis.value(Q("points")).toArray())
         criteria.push_back(point.toObject().value(Q("criterion")).toString().toStdString());
     return criteria;
 }
@@ -300,6 +300,7 @@ TEST_F(CliJsonTest, NumbersReadBackExactly) {
                                                "100000",
                                                "4.35"};
     std::vector<std::pair<std::string, std::string>> rows;
+    rows.reserve(readings.size());
     for (const std::string& reading : readings)
         rows.emplace_back(std::to_string(rows.size()), reading);
     SetReadings(state, rows);

@@ -27,6 +27,7 @@ TEST_F(CliStreamsTest, FullDiskIsAFailure) {
 // The shell hands back the status of the reader; the program's own goes into a file.
 TEST_F(CliStreamsTest, ReaderThatHasGoneIsAFailureAndNoCrash) {
     std::vector<std::pair<std::string, std::string>> readings;
+    readings.reserve(20'000);
     for (int i = 0; i < 20'000; ++i)
         readings.emplace_back(std::to_string(i), "1");
     ProjectState state = SampleProject();
