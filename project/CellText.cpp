@@ -35,32 +35,4 @@ std::string_view CellText::HeapView() const noexcept {
     return *HeapText(bytes_);
 }
 
-CellText::CellText(const CellText& other) {
-    if (other.IsOnHeap())
-        Assign(other.View());
-    else
-        std::memcpy(bytes_, other.bytes_, sizeof bytes_);
-}
-
-CellText::CellText(CellText&& other) noexcept {
-    std::memcpy(bytes_, other.bytes_, sizeof bytes_);
-    other.SetEmpty();
-}
-
-CellText& CellText::operator=(const CellText& other) {
-    if (this != &other)
-        *this = CellText(other);
-    return *this;
-}
-
-CellText& CellText::operator=(CellText&& other) noexcept {
-    if (this != &other) {
-        if (IsOnHeap())
-            Release();
-        std::memcpy(bytes_, other.bytes_, sizeof bytes_);
-        other.SetEmpty();
-    }
-    return *this;
-}
-
 } // namespace quarnel

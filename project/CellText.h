@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -16,10 +17,31 @@ public:
     CellText(std::string_view text) { Assign(text); }
     CellText(const char* text) { Assign(text); }
     CellText(const std::string& text) { Assign(text); }
-    CellText(const CellText& other);
-    CellText(CellText&& other) noexcept;
-    CellText& operator=(const CellText& other);
-    CellText& operator=(CellText&& other) noexcept;
+    CellText(const CellText& other) {
+        if (other.IsOnHeap())
+            Assign(other.View());
+        else
+            TakeBytes(other);
+    }
+    CellText(CellText&& other) noexcept {
+        TakeBytes(other);
+        other.SetEmpty();
+    }
+    CellText& operator=(const CellText& other) {
+        if (IsOnHeap() || other.IsOnHeap())
+            return this == &other ? *this : *this = CellText(other);
+        TakeBytes(other);
+        return *this;
+    }
+    CellText& operator=(CellText&& other) noexcept {
+        if (this == &other)
+            return *this;
+        if (IsOnHeap())
+            Release();
+        TakeBytes(other);
+        other.SetEmpty();
+        return *this;
+    }
     ~CellText() {
         if (IsOnHeap())
             Release();
@@ -43,6 +65,9 @@ private:
     bool IsOnHeap() const noexcept { return static_cast<unsigned char>(bytes_[15]) == HeapTag; }
     std::size_t InlineSize() const noexcept { return static_cast<unsigned char>(bytes_[15]); }
     void SetEmpty() noexcept { bytes_[15] = 0; }
+    void TakeBytes(const CellText& other) noexcept {
+        std::memcpy(bytes_, other.bytes_, sizeof bytes_);
+    }
     void Assign(std::string_view text);
     void Release() noexcept;
     std::string_view HeapView() const noexcept;

@@ -3,6 +3,7 @@
 #include "project/Texts.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quarnel {
 
@@ -55,7 +56,16 @@ std::string MainWindowTitle(const ProjectState& state) {
 }
 
 void ClearComputedValues(ComputedValues& computed) {
+    std::shared_ptr<RecoveryPointList> points = std::move(computed.RecoveryPoints);
+    std::vector<CellText> criteria = std::move(computed.Criteria);
     computed = ComputedValues();
+    criteria.clear();
+    computed.Criteria = std::move(criteria);
+    // Kept details may still hold the points of the last computation.
+    if (points.use_count() == 1) {
+        points->clear();
+        computed.RecoveryPoints = std::move(points);
+    }
 }
 
 } // namespace quarnel

@@ -260,7 +260,7 @@ struct ComputedValues {
 };
 
 /// Empties every entered and derived value, the coefficients, the points and K, so that nothing of
-/// an earlier computation survives a failed one.
+/// an earlier computation survives a failed one. The memory of the points serves the next check.
 void ClearComputedValues(ComputedValues& computed);
 
 } // namespace quarnel

@@ -18,7 +18,8 @@ constexpr std::size_t PassedOverBytes = 80;
 constexpr std::size_t ShortDataPoint = 31;
 
 bool EqualsIgnoringCase(std::string_view text, std::string_view upperCaseWord) {
-    return text.size() == upperCaseWord.size() && ContainsIgnoringCase(text, upperCaseWord);
+    return text == upperCaseWord ||
+           (text.size() == upperCaseWord.size() && ContainsIgnoringCase(text, upperCaseWord));
 }
 
 /// At most PassedOverBytes of `text`, never a piece of a character.

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 
 namespace quarnel {
 
@@ -73,6 +74,34 @@ std::optional<double> ParseWithPoint(std::string_view number) {
     return value;
 }
 
+/// Powers of ten that are exact in a double.
+constexpr std::array<double, 16> ExactPowersOfTen = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                     1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+/// As many digits always make a whole number that is exact in a double.
+constexpr std::size_t ExactDigits = 15;
+
+/// Plain digits with or without a point, as nearly every reading of a logger, and there may be a
+/// million: at most 15 digits over an exact power of ten are one exact division, rounded once, and
+/// so the nearest double as any correct conversion gives it.
+bool ParsePlainDigits(std::string_view text, double& value) {
+    if (text.empty() || text.size() > ExactDigits || !IsDigit(text.front()))
+        return false;
+    std::int64_t digits = 0;
+    std::size_t decimals = 0;
+    std::size_t i = 0;
+    for (; i < text.size() && IsDigit(text[i]); ++i)
+        digits = digits * 10 + (text[i] - '0');
+    if (i < text.size() && text[i] == '.') {
+        decimals = text.size() - i - 1;
+        for (++i; i < text.size() && IsDigit(text[i]); ++i)
+            digits = digits * 10 + (text[i] - '0');
+    }
+    if (i != text.size())
+        return false;
+    value = static_cast<double>(digits) / ExactPowersOfTen[decimals];
+    return true;
+}
+
 /// The value of a text without blanks around it.
 std::optional<double> ParseAny(std::string_view text, std::string_view localeSeparator) {
     if (localeSeparator != "." && !localeSeparator.empty()) {
@@ -126,16 +155,8 @@ bool ContainsIgnoringCase(std::string_view text, std::string_view upperCaseWord)
 }
 
 bool ParseNumber(std::string_view text, std::string_view localeSeparator, double& value) {
-    // Nearly every reading of a logger is plain digits and a point, and there may be a million.
-    if (!text.empty() && IsDigit(text.front())) {
-        double number = 0;
-        const char* end = text.data() + text.size();
-        const auto [stop, error] = std::from_chars(text.data(), end, number);
-        if (stop == end && error == std::errc() && std::isfinite(number)) {
-            value = number;
-            return true;
-        }
-    }
+    if (ParsePlainDigits(text, value))
+        return true;
     const std::optional<double> number = ParseAny(TrimBlanks(text), localeSeparator);
     if (number)
         value = *number;

@@ -21,9 +21,9 @@ constexpr std::string_view LineBreak = "\r\n";
 
 void TrimCell(CellText& cell) {
     const std::string_view text = cell.View();
-    const std::string_view trimmed = TrimBlanks(text);
-    if (trimmed.size() != text.size())
-        cell = CellText(trimmed);
+    if (text.empty() || (text.front() != ' ' && text.back() != ' '))
+        return;
+    cell = CellText(TrimBlanks(text));
 }
 
 Result CheckPreSlug(ProjectState& state, ComputedValues& computed) {
@@ -40,27 +40,44 @@ Result CheckPreSlug(ProjectState& state, ComputedValues& computed) {
     return Result::Ok();
 }
 
-Result NotANumber(const std::string& what, std::size_t row) {
-    return Result::Error(what + " in row " + std::to_string(row) +
-                         " cannot be evaluated as a number. Please re-enter.");
+/// What is wrong with a row that is not blank; a million good rows make no text.
+enum class RowFault { None, NoTime, TimeNotANumber, TimeNegative, NoReading, ReadingNotANumber };
+
+Result ErrorOf(RowFault fault, std::size_t rowNumber) {
+    const std::string row = std::to_string(rowNumber);
+    const std::string notANumber = " cannot be evaluated as a number. Please re-enter.";
+    switch (fault) {
+    case RowFault::None:
+        break;
+    case RowFault::NoTime:
+        return Result::Error("Missing Time value in row " + row + ".");
+    case RowFault::TimeNotANumber:
+        return Result::Error("Time value in row " + row + notANumber);
+    case RowFault::TimeNegative:
+        return Result::Error("Time value in row " + row + " must be >= 0.");
+    case RowFault::NoReading:
+        return Result::Error("Missing Recovery data in row " + row + ".");
+    case RowFault::ReadingNotANumber:
+        return Result::Error("Recovery data in row " + row + notANumber);
+    }
+    return Result::Ok();
 }
 
 /// Checks one row that is not blank and fills `point` with its texts and values.
-Result CheckRow(const RecoveryRow& cells, std::size_t row, std::string_view separator,
-                RecoveryPoint& point) {
+RowFault CheckRow(const RecoveryRow& cells, std::string_view separator, RecoveryPoint& point) {
     if (cells.time.empty())
-        return Result::Error("Missing Time value in row " + std::to_string(row) + ".");
+        return RowFault::NoTime;
     if (!ParseNumber(cells.time, separator, point.time))
-        return NotANumber("Time value", row);
+        return RowFault::TimeNotANumber;
     if (point.time < 0)
-        return Result::Error("Time value in row " + std::to_string(row) + " must be >= 0.");
+        return RowFault::TimeNegative;
     if (cells.level.empty())
-        return Result::Error("Missing Recovery data in row " + std::to_string(row) + ".");
+        return RowFault::NoReading;
     if (!ParseNumber(cells.level, separator, point.level))
-        return NotANumber("Recovery data", row);
+        return RowFault::ReadingNotANumber;
     point.timeText = cells.time;
     point.levelText = cells.level;
-    return Result::Ok();
+    return RowFault::None;
 }
 
 /// An empty point list with room for `rows`. The memory of the last check serves again unless the
@@ -83,9 +100,9 @@ Result CheckRows(ProjectState& state, RecoveryPointList& points) {
         TrimCell(cells.level);
         if (cells.time.empty() && cells.level.empty())
             continue;
-        const Result result = CheckRow(cells, i + 1, state.DecimalSeparator, points.emplace_back());
-        if (result.IsError())
-            return result;
+        const RowFault fault = CheckRow(cells, state.DecimalSeparator, points.emplace_back());
+        if (fault != RowFault::None)
+            return ErrorOf(fault, i + 1);
     }
     return Result::Ok();
 }

@@ -35,11 +35,11 @@ std::string IgnoreKey(const RecoveryPoint& point) {
 }
 
 bool IsUse(std::string_view criterion) {
-    return EqualsWord(criterion, "USE");
+    return criterion == UseMark || EqualsWord(criterion, "USE");
 }
 
 bool IsIgnore(std::string_view criterion) {
-    return EqualsWord(criterion, "IGNORE");
+    return criterion == IgnoreMark || EqualsWord(criterion, "IGNORE");
 }
 
 void RestoreMarks(const ProjectState& state, ComputedValues& computed) {

@@ -170,6 +170,35 @@ TEST(ClearComputedValues, EmptiesEveryValue) {
     EXPECT_EQ(computed.ValidYCount, 0);
 }
 
+TEST(ClearComputedValues, LeavesTheKeptPointsAlone) {
+    Analysis analysis = Small();
+    PrepareComputation(analysis);
+    EXPECT_FALSE(ComputeAndKeep(analysis).IsError());
+    ClearComputedValues(analysis.computed);
+    EXPECT_EQ(analysis.details.points->size(), 6U);
+    analysis.state.RecDatGrid = {{"1", "9"}};
+    CheckDataShowYs(analysis);
+    EXPECT_EQ(analysis.details.points->size(), 6U);
+    EXPECT_EQ(analysis.details.points->front().level, 2.5);
+    EXPECT_EQ(analysis.computed.RecoveryPoints->size(), 1U);
+}
+
+TEST(CheckDataShowYs, NothingOfThePointsBeforeStaysInMemoryUsedAgain) {
+    Analysis analysis = Small();
+    EXPECT_EQ(CheckDataShowYs(analysis).message, "");
+    CheckFitSelection(analysis.state, analysis.computed);
+    analysis.state.RecDatGrid = {{"1", "-1"}, {"2", "-2"}};
+    CheckDataShowYs(analysis);
+    ASSERT_EQ(analysis.computed.RecoveryPoints->size(), 2U);
+    for (const RecoveryPoint& point : *analysis.computed.RecoveryPoints) {
+        EXPECT_EQ(point.log10Y, 0);
+        EXPECT_EQ(point.lnYCm, 0);
+        EXPECT_EQ(point.weight, 0);
+        EXPECT_EQ(point.yValid, 0);
+    }
+    EXPECT_EQ(analysis.computed.Criteria.size(), 2U);
+}
+
 TEST(ResetAnalysis, IsANewProjectWithTheSameConsultant) {
     Analysis analysis = Small();
     for (std::size_t i = 0; i < analysis.state.SiteIDText.size(); ++i)

@@ -220,6 +220,30 @@ TEST(ParseNumber, AgreesWithTheCLibraryOnLongAndExtremeNumbers) {
     }
 }
 
+TEST(ParseNumber, PlainReadingsAreTheNearestDoubleToTheBit) {
+    test::Random random(15);
+    for (int round = 0; round < 300'000; ++round) {
+        std::string text;
+        for (std::size_t n = 1 + random.Below(18); n > 0; --n)
+            text += static_cast<char>('0' + random.Below(10));
+        if (!random.OneIn(4))
+            text.insert(1 + random.Below(text.size()), ".");
+        const std::optional<double> value = ParseNumber(text);
+        ASSERT_TRUE(value.has_value()) << text;
+        ASSERT_EQ(std::bit_cast<std::uint64_t>(*value),
+                  std::bit_cast<std::uint64_t>(std::strtod(text.c_str(), nullptr)))
+            << text;
+    }
+}
+
+TEST(ParseNumber, LeavesTheValueOfWhatIsNoNumber) {
+    for (const std::string_view text : {"", "x", "1x", "1.2.3", "12345678901234567890x", "1e999"}) {
+        double value = 7;
+        EXPECT_FALSE(ParseNumber(text, ".", value)) << text;
+        EXPECT_EQ(value, 7) << text;
+    }
+}
+
 TEST(DoubleToText, WritesTheNumbersOfTheImport) {
     struct Case {
         double value;

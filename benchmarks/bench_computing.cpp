@@ -1,0 +1,57 @@
+// Check, Y and fit of a million readings, beside parsing the same numbers.
+
+#include "kcompute/Analysis.h"
+
+#include <benchmark/benchmark.h>
+#include <charconv>
+
+namespace {
+
+quarnel::Analysis& Opened() {
+    static quarnel::Analysis analysis = [] {
+        quarnel::Analysis opened;
+        quarnel::OpenProjectFile(QUARNEL_MILLION_READINGS, opened);
+        return opened;
+    }();
+    return analysis;
+}
+
+double Parsed(std::string_view text) {
+    double value = 0;
+    std::from_chars(text.data(), text.data() + text.size(), value);
+    return value;
+}
+
+/// The floor: the two million numbers alone.
+void ParseNumbers(benchmark::State& state) {
+    const quarnel::Analysis& analysis = Opened();
+    for (auto _ : state) {
+        double sum = 0;
+        for (const quarnel::RecoveryRow& row : analysis.state.RecDatGrid) {
+            sum += Parsed(row.time);
+            sum += Parsed(row.level);
+        }
+        benchmark::DoNotOptimize(sum);
+    }
+    state.SetItemsProcessed(1'000'000 * state.iterations());
+}
+BENCHMARK(ParseNumbers)->Unit(benchmark::kMillisecond);
+
+void CheckComputeYAndFit(benchmark::State& state) {
+    quarnel::Analysis& analysis = Opened();
+    for (auto _ : state) {
+        if (quarnel::PrepareComputation(analysis).result.IsError() ||
+            quarnel::ComputeK(analysis.state, analysis.computed).IsError() ||
+            analysis.computed.usedCount != 1'000'000) {
+            state.SkipWithError("K was not computed");
+            break;
+        }
+        benchmark::DoNotOptimize(analysis.computed.KInCmPerSec);
+    }
+    state.SetItemsProcessed(1'000'000 * state.iterations());
+}
+BENCHMARK(CheckComputeYAndFit)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+BENCHMARK_MAIN();
