@@ -67,8 +67,14 @@ Preparation PrepareComputation(Analysis& analysis) {
 Result ComputeAndKeep(Analysis& analysis) {
     Result result = ComputeK(analysis.state, analysis.computed);
     if (!result.IsError())
-        analysis.details = BuildComputationDetails(analysis.computed);
+        analysis.details = BuildComputationDetails(analysis.state, analysis.computed);
     return result;
+}
+
+std::string ShowComputedK(Analysis& analysis) {
+    if (analysis.computed.KIsComputed)
+        analysis.details.kLine = KLine(analysis.state, analysis.computed);
+    return ComputedKText(analysis.state, analysis.computed);
 }
 
 } // namespace quarnel

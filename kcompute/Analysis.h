@@ -48,4 +48,8 @@ Preparation PrepareComputation(Analysis& analysis);
 /// successful computation as they are.
 Result ComputeAndKeep(Analysis& analysis);
 
+/// The text of K in the chosen units, "" while no computation is current. The kept K line follows
+/// the units.
+std::string ShowComputedK(Analysis& analysis);
+
 } // namespace quarnel

@@ -2,10 +2,31 @@
 
 #include "kcompute/NumberToText.h"
 #include "project/Texts.h"
+#include "recovery/RecoveryDa.h"
+#include "recovery/UseIgnore.h"
+
+#include <array>
+#include <initializer_list>
 
 namespace quarnel {
 
 namespace {
+
+constexpr std::string_view LineEnd = "\r\n";
+/// A line between two sections holds one blank.
+constexpr std::string_view SectionGap = " ";
+/// Where the columns of the point table begin, counted from 0.
+constexpr std::array<std::size_t, 6> TableColumns = {0, 9, 23, 37, 51, 65};
+/// What one row of the point table takes: the columns and a criterion.
+constexpr std::size_t TableRowSize = 75;
+
+void BuildTestLines(const ProjectState& state, const ComputedValues& computed,
+                    ComputationDetails& details) {
+    details.kLine = KLine(state, computed);
+    details.monitoringWellLine =
+        "Monitoring Well: " + std::string(TrimBlanks(state.WellTestIDTxt[WellLabel]));
+    details.testDateLine = "Test Date: " + std::string(TrimBlanks(state.WellTestIDTxt[TestDate]));
+}
 
 void BuildGeometryLines(const ComputedValues& computed, ComputationDetails& details) {
     const std::string vertical = " " + std::string(NameAt(LengthUnitNames, computed.verticalUnit));
@@ -51,11 +72,50 @@ void BuildRecoveryLines(const ComputedValues& computed, ComputationDetails& deta
                                              : std::string(NotApplicable));
 }
 
+void AddLines(std::string& text, std::initializer_list<std::string_view> lines) {
+    for (const std::string_view line : lines) {
+        text += line;
+        text += LineEnd;
+    }
+}
+
+/// Adds one row of the point table. A text that reaches the next column is followed by one blank.
+void AddTableRow(std::string& text,
+                 const std::array<std::string_view, TableColumns.size()>& cells) {
+    const std::size_t start = text.size();
+    for (std::size_t column = 0; column < cells.size(); ++column) {
+        const std::size_t width = text.size() - start;
+        if (width < TableColumns[column])
+            text.append(TableColumns[column] - width, ' ');
+        else if (column > 0)
+            text += ' ';
+        text += cells[column];
+    }
+    text += LineEnd;
+}
+
+void AddPoints(std::string& text, const ComputationDetails& details) {
+    const RecoveryPointList& points = *details.points;
+    text.reserve(text.size() + (points.size() + 1) * TableRowSize);
+    const std::string reading = details.dataTypeLetter + "(" + details.levelUnitName + ")";
+    AddTableRow(text, {"Sample", details.timeHeading, reading, details.yHeading,
+                       details.fitYHeading, details.criteriaHeading});
+    for (std::size_t k = 0; k < points.size(); ++k) {
+        const std::string number = std::to_string(k + 1);
+        const std::string y = YText(points[k]);
+        const std::string fitY = FittedYText(details, k);
+        AddTableRow(text, {number, points[k].timeText.View(), points[k].levelText.View(),
+                           TrimBlanks(y), fitY, details.used[k] != 0 ? UseMark : IgnoreMark});
+    }
+}
+
 } // namespace
 
-ComputationDetails BuildComputationDetails(const ComputedValues& computed) {
+ComputationDetails BuildComputationDetails(const ProjectState& state,
+                                           const ComputedValues& computed) {
     ComputationDetails details;
     details.isFilled = true;
+    BuildTestLines(state, computed, details);
     BuildGeometryLines(computed, details);
     BuildCoefficientLines(computed, details);
     BuildRecoveryLines(computed, details);
@@ -82,6 +142,28 @@ std::string KLine(const ProjectState& state, const ComputedValues& computed) {
     return "Hydraulic Conductivity: " + ComputedKText(state, computed) + " " +
            std::string(NameAt(LengthUnitNames, state.CmboKLengthUnits)) + "/" +
            std::string(NameAt(TimeUnitNames, state.CmboKTimeUnits));
+}
+
+std::string SummaryText(const ComputationDetails& details) {
+    std::string text;
+    if (!details.isFilled)
+        return text;
+    AddLines(text, {"SLUG TEST", details.kLine, details.monitoringWellLine, details.testDateLine,
+                    SectionGap});
+    AddLines(text,
+             {"WELL GEOMETRY", details.hLine, details.lwLine, details.leLine,
+              details.dwLine + ",  " + details.rwLine, details.dcLine + ",  " + details.rcLine,
+              details.porosityLine, details.reLine, SectionGap});
+    AddLines(text, {"BOUWER-RICE COEFFICIENTS", details.leOverRwLine, details.aLine, details.bLine,
+                    details.cLine, details.lnReOverRwLine});
+    if (!details.coefficientMessage.empty())
+        AddLines(text, {details.coefficientMessage});
+    AddLines(text, {SectionGap, "LEAST SQUARES BEST FIT", "Ln(Y)-cm versus Time-sec",
+                    details.slopeLine, details.interceptLine, SectionGap});
+    AddLines(text, {"RECOVERY DATA", details.slugTestTypeLine, details.dataTypeLine,
+                    details.staticLevelLine, SectionGap});
+    AddPoints(text, details);
+    return text;
 }
 
 } // namespace quarnel

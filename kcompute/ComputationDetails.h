@@ -16,6 +16,8 @@ namespace quarnel {
 struct ComputationDetails {
     bool isFilled = false;
 
+    std::string kLine; ///< as KLine; rewritten when K is shown in other units
+    std::string monitoringWellLine, testDateLine;
     std::string slopeLine, interceptLine;
     std::string timeHeading, yHeading, fitYHeading, criteriaHeading;
     std::string hLine, lwLine, leLine, dwLine, rwLine, dcLine, rcLine, porosityLine, reLine;
@@ -32,7 +34,8 @@ struct ComputationDetails {
 };
 
 /// Builds the kept lines from a computation that has just succeeded.
-ComputationDetails BuildComputationDetails(const ComputedValues& computed);
+ComputationDetails BuildComputationDetails(const ProjectState& state,
+                                           const ComputedValues& computed);
 
 /// The fitted Y of a kept point (counted from 0), entered level unit; 0 where ln(Y in cm) is -30 or
 /// less.
@@ -43,5 +46,10 @@ std::string FittedYText(const ComputationDetails& details, std::size_t point);
 /// "Hydraulic Conductivity: ", K in the chosen units, one blank, length unit, "/", time unit; ""
 /// while no computation is current.
 std::string KLine(const ProjectState& state, const ComputedValues& computed);
+
+/// The account of the computation that the details window shows: the kept lines section by section,
+/// then the points with their criteria in aligned columns; each line ended by CR LF. Empty while no
+/// details are kept.
+std::string SummaryText(const ComputationDetails& details);
 
 } // namespace quarnel

@@ -1,14 +1,215 @@
 #include "kcompute/ComputePanel.h"
 
+#include "app/MessageBoxes.h"
+#include "app/QtTexts.h"
+#include "output/PlotWidget.h"
+#include "recovery/UseIgnoreGrid.h"
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSplitter>
+
 namespace quarnel {
 
+namespace {
+
+template <std::size_t N>
+QComboBox* UnitList(const QString& name, const std::array<std::string_view, N>& units,
+                    const QString& toolTip, const QString& accessibleName, QWidget* parent) {
+    auto* list = new QComboBox(parent);
+    list->setObjectName(name);
+    for (const std::string_view unit : units)
+        list->addItem(ToQString(unit));
+    list->setToolTip(toolTip);
+    list->setAccessibleName(accessibleName);
+    return list;
+}
+
+/// What the circles of the plot mean, in words and in their colours.
+QLabel* BuildLegend(QWidget* parent) {
+    auto* legend = new QLabel(
+        ComputePanel::tr("<span style='color:#ff0000'>\u25cb</span> used in the fit &nbsp; "
+                         "<span style='color:#0000ff'>\u25cb</span> not used"),
+        parent);
+    legend->setTextFormat(Qt::RichText);
+    return legend;
+}
+
+} // namespace
+
 ComputePanel::ComputePanel(Analysis& analysis, QWidget* parent)
-    : Panel(analysis, parent) {}
+    : Panel(analysis, parent) {
+    auto* splitter = new QSplitter(Qt::Horizontal, this);
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(BuildPlotSide());
+    splitter->addWidget(BuildMarkSide());
+    splitter->setStretchFactor(0, 1);
+    splitter->setStretchFactor(1, 0);
 
-void ComputePanel::ShowState() {}
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(splitter, 1);
+    layout->addLayout(BuildCommands());
+    ShowState();
+}
 
-void ComputePanel::ShowPreparedData() {}
+QWidget* ComputePanel::BuildPlotSide() {
+    auto* side = new QWidget(this);
+    auto* layout = new QVBoxLayout(side);
+    layout->setContentsMargins(0, 0, 0, 0);
+    Plot1 = new PlotWidget(side);
+    layout->addWidget(Plot1, 1);
+    layout->addWidget(BuildLegend(side), 0, Qt::AlignHCenter);
+    return side;
+}
 
-void ComputePanel::ShowHeadings() {}
+QWidget* ComputePanel::BuildMarkSide() {
+    auto* side = new QWidget(this);
+    auto* layout = new QVBoxLayout(side);
+    layout->setContentsMargins(0, 0, 0, 0);
+    RecDatWeightGrid = new UseIgnoreGrid(analysis_, side);
+    const QString keys = tr("Select cells of the Criteria column, then press U (capital) for Use, "
+                            "I (capital) for Ignore, or the space bar to turn them over.");
+    RecDatWeightGrid->setToolTip(keys);
+    layout->addWidget(RecDatWeightGrid, 1);
+    auto* hint = new QLabel(tr("Criteria: Shift+U = Use, Shift+I = Ignore, Space = other"), side);
+    hint->setToolTip(keys);
+    hint->setWordWrap(true);
+    layout->addWidget(hint);
+    return side;
+}
+
+QPushButton* ComputePanel::AddCommand(const QString& name, const QString& text,
+                                      const QString& toolTip) {
+    auto* button = new QPushButton(text, this);
+    button->setObjectName(name);
+    button->setToolTip(toolTip);
+    return button;
+}
+
+QBoxLayout* ComputePanel::BuildKDisplay() {
+    auto* caption = new QLabel(tr("K ="), this);
+    caption->setToolTip(tr("Hydraulic conductivity"));
+    ComputedKLabel = new QLabel(this);
+    ComputedKLabel->setObjectName(QStringLiteral("ComputedKLabel"));
+    ComputedKLabel->setAccessibleName(tr("Hydraulic conductivity"));
+    ComputedKLabel->setToolTip(tr("Hydraulic conductivity K in the chosen units"));
+    ComputedKLabel->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    ComputedKLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    ComputedKLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    QFont bold = ComputedKLabel->font();
+    bold.setBold(true);
+    ComputedKLabel->setFont(bold);
+    ComputedKLabel->setMargin(3);
+    ComputedKLabel->setMinimumWidth(
+        QFontMetrics(bold).horizontalAdvance(QLatin1String("-1.23e-100")));
+    const QString tip = tr("Unit in which K is shown; K is not computed again");
+    CmboKLengthUnits = UnitList(QStringLiteral("CmboKLengthUnits"), LengthUnitNames, tip,
+                                tr("Length unit of K"), this);
+    CmboKTimeUnits =
+        UnitList(QStringLiteral("CmboKTimeUnits"), TimeUnitNames, tip, tr("Time unit of K"), this);
+    connect(CmboKLengthUnits, &QComboBox::activated, this, &ComputePanel::ChooseKLength);
+    connect(CmboKTimeUnits, &QComboBox::activated, this, &ComputePanel::ChooseKTime);
+
+    auto* row = new QHBoxLayout;
+    row->addWidget(caption);
+    row->addWidget(ComputedKLabel);
+    row->addWidget(CmboKLengthUnits);
+    row->addWidget(new QLabel(QStringLiteral("/"), this));
+    row->addWidget(CmboKTimeUnits);
+    return row;
+}
+
+QBoxLayout* ComputePanel::BuildCommands() {
+    CmdComputeK =
+        AddCommand(QStringLiteral("CmdComputeK"), tr("Compute K/ Plot"),
+                   tr("Fit a line to the points marked Use, compute K and draw the plot"));
+    CmdDetails = AddCommand(QStringLiteral("CmdDetails"), tr("Details"),
+                            tr("Show every quantity of the computation and the fitted Y values"));
+    CmdPrintPlot =
+        AddCommand(QStringLiteral("CmdPrintPlot"), tr("Print"), tr("Print the plot on one page"));
+    CmdPrtSummary = AddCommand(QStringLiteral("CmdPrtSummary"), tr("Summary"),
+                               tr("Save or print the summary report"));
+    connect(CmdComputeK, &QPushButton::clicked, this, &ComputePanel::Compute);
+    connect(CmdDetails, &QPushButton::clicked, this, &ComputePanel::DetailsRequested);
+    connect(CmdPrintPlot, &QPushButton::clicked, this, &ComputePanel::PrintPlotRequested);
+    connect(CmdPrtSummary, &QPushButton::clicked, this, &ComputePanel::SummaryRequested);
+
+    auto* row = new QHBoxLayout;
+    const auto addGroup = [this, row](const QString& title, std::initializer_list<QWidget*> widgets,
+                                      QBoxLayout* display) {
+        auto* group = new QGroupBox(title, this);
+        auto* inner = new QHBoxLayout(group);
+        for (QWidget* widget : widgets)
+            inner->addWidget(widget);
+        if (display != nullptr)
+            inner->insertLayout(1, display);
+        row->addWidget(group);
+    };
+    addGroup(tr("Hydraulic Conductivity"), {CmdComputeK, CmdDetails}, BuildKDisplay());
+    row->addStretch(1);
+    addGroup(tr("Graph"), {CmdPrintPlot}, nullptr);
+    addGroup(tr("Print"), {CmdPrtSummary}, nullptr);
+    return row;
+}
+
+void ComputePanel::ShowState() {
+    Plot1->Clear();
+    CmboKLengthUnits->setCurrentIndex(analysis_.state.CmboKLengthUnits);
+    CmboKTimeUnits->setCurrentIndex(analysis_.state.CmboKTimeUnits);
+    ComputedKLabel->clear();
+    RecDatWeightGrid->Refill();
+    ShowHeadings();
+}
+
+void ComputePanel::ShowPreparedData() {
+    RecDatWeightGrid->Refill();
+    ShowHeadings();
+}
+
+void ComputePanel::ShowHeadings() {
+    RecDatWeightGrid->Model().ShowHeadings();
+}
+
+void ComputePanel::Compute() {
+    Result result;
+    {
+        const BusyPointer busy;
+        Plot1->Clear();
+        Q_EMIT DetailsCleared();
+        ComputedKLabel->clear();
+        result = ComputeAndKeep(analysis_);
+        RecDatWeightGrid->Model().ShowMarks();
+        if (!result.IsError()) {
+            Q_EMIT DetailsChanged();
+            ComputedKLabel->setText(ToQString(ShowComputedK(analysis_)));
+            Plot1->ShowPlot(analysis_.computed);
+        }
+    }
+    if (result.IsError())
+        ShowMessage(this, ToQString(result.message));
+    else if (!FittedLineFalls(analysis_.computed))
+        ShowMessage(this, ToQString(RisingSlopeMessage), ToQString(RisingSlopeTitle));
+}
+
+void ComputePanel::ChooseKLength(int index) {
+    const BusyPointer busy;
+    analysis_.state.CmboKLengthUnits = index;
+    ShowK();
+}
+
+void ComputePanel::ChooseKTime(int index) {
+    const BusyPointer busy;
+    analysis_.state.CmboKTimeUnits = index;
+    ShowK();
+}
+
+void ComputePanel::ShowK() {
+    ComputedKLabel->setText(ToQString(ShowComputedK(analysis_)));
+    if (analysis_.computed.KIsComputed)
+        Q_EMIT DetailsChanged();
+}
 
 } // namespace quarnel

@@ -2,7 +2,15 @@
 
 #include "app/Panel.h"
 
+class QBoxLayout;
+class QComboBox;
+class QLabel;
+class QPushButton;
+
 namespace quarnel {
+
+class PlotWidget;
+class UseIgnoreGrid;
 
 /// The panel "Compute Hydraulic Conductivity": the plot, the Use/Ignore grid, K and its units, and
 /// the commands for details, printed plot and report.
@@ -25,6 +33,28 @@ Q_SIGNALS:
     void DetailsChanged();
     /// A computation has failed: the details grid keeps only its headings.
     void DetailsCleared();
+
+private:
+    QWidget* BuildPlotSide();
+    QWidget* BuildMarkSide();
+    QBoxLayout* BuildCommands();
+    QBoxLayout* BuildKDisplay();
+    QPushButton* AddCommand(const QString& name, const QString& text, const QString& toolTip);
+
+    void Compute();
+    void ChooseKLength(int index);
+    void ChooseKTime(int index);
+    void ShowK();
+
+    PlotWidget* Plot1 = nullptr;
+    UseIgnoreGrid* RecDatWeightGrid = nullptr;
+    QPushButton* CmdComputeK = nullptr;
+    QLabel* ComputedKLabel = nullptr;
+    QComboBox* CmboKLengthUnits = nullptr;
+    QComboBox* CmboKTimeUnits = nullptr;
+    QPushButton* CmdDetails = nullptr;
+    QPushButton* CmdPrintPlot = nullptr;
+    QPushButton* CmdPrtSummary = nullptr;
 };
 
 } // namespace quarnel

@@ -1,14 +1,113 @@
 #include "kcompute/ComputedYFrm.h"
 
+#include "app/MessageBoxes.h"
+#include "app/QtTexts.h"
+#include "kcompute/FittedYModel.h"
+
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSplitter>
+#include <QTableView>
+
 namespace quarnel {
+
+namespace {
+
+/// Widest texts of the grid's columns.
+constexpr std::array<const char*, FittedYModel::Columns> WidestTexts = {
+    "1000000", "100000.00", "-1.234567E-05", "-1.23e-10"};
+constexpr int TextColumns = 76;
+constexpr int TextLines = 34;
+
+} // namespace
 
 ComputedYFrm::ComputedYFrm(Analysis& analysis, QWidget* parent)
     : QDialog(parent)
     , analysis_(analysis) {
     setObjectName(QStringLiteral("ComputedYFrm"));
     setWindowTitle(QStringLiteral("Computation Details"));
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+
+    SummaryText = new QPlainTextEdit(this);
+    SummaryText->setObjectName(QStringLiteral("SummaryText"));
+    SummaryText->setAccessibleName(tr("Account of the computation"));
+    SummaryText->setReadOnly(true);
+    SummaryText->setUndoRedoEnabled(false);
+    SummaryText->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    SummaryText->setLineWrapMode(QPlainTextEdit::WidgetWidth);
+    SummaryText->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    BuildGrid();
+
+    auto* close = new QPushButton(tr("Close"), this);
+    close->setObjectName(QStringLiteral("CmdClose"));
+    connect(close, &QPushButton::clicked, this, &QDialog::hide);
+
+    auto* splitter = new QSplitter(Qt::Horizontal, this);
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(SummaryText);
+    splitter->addWidget(ComputeYGrid);
+    splitter->setStretchFactor(0, 1);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(close);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(splitter, 1);
+    layout->addLayout(buttons);
 }
 
-void ComputedYFrm::ShowState() {}
+void ComputedYFrm::BuildGrid() {
+    model_ = new FittedYModel(analysis_, this);
+    ComputeYGrid = new QTableView(this);
+    ComputeYGrid->setObjectName(QStringLiteral("ComputeYGrid"));
+    ComputeYGrid->setAccessibleName(tr("Fitted Y of each point"));
+    ComputeYGrid->setModel(model_);
+    ComputeYGrid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    ComputeYGrid->setSelectionMode(QAbstractItemView::ContiguousSelection);
+    ComputeYGrid->setTabKeyNavigation(false);
+    ComputeYGrid->setWordWrap(false);
+    ComputeYGrid->verticalHeader()->hide();
+    ComputeYGrid->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    ComputeYGrid->horizontalHeader()->setSectionsClickable(false);
+    ComputeYGrid->horizontalHeader()->setHighlightSections(false);
+}
+
+void ComputedYFrm::ShowState() {
+    gridIsCleared_ = false;
+    FillWhileShown();
+}
+
+void ComputedYFrm::ClearGrid() {
+    gridIsCleared_ = true;
+    model_->Empty();
+}
+
+void ComputedYFrm::ShowHeadings() {
+    model_->ShowHeadings();
+}
+
+void ComputedYFrm::FillWhileShown() {
+    if (!isVisible())
+        return;
+    const BusyPointer busy;
+    SummaryText->setPlainText(ToQString(quarnel::SummaryText(analysis_.details)));
+    if (gridIsCleared_)
+        model_->Empty();
+    else
+        model_->Fill();
+}
+
+void ComputedYFrm::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    FillWhileShown();
+}
+
+void ComputedYFrm::hideEvent(QHideEvent* event) {
+    QDialog::hideEvent(event);
+    SummaryText->clear();
+    model_->Empty();
+}
 
 } // namespace quarnel

@@ -5,9 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
-#include <optional>
-#include <unordered_set>
 
 namespace quarnel {
 
@@ -21,8 +18,18 @@ constexpr double Tick = 75;
 constexpr double MinorTick = 40;
 constexpr double LabelGap = 85;
 constexpr double TitleHeightsDown = 1.25;
-/// Room between the Y axis and its title, for the widest decade label.
-constexpr double YTitleDistance = 950;
+/// The middle of the Y axis title stands this far left of the axis, and decade labels keep clear of
+/// it: "1000000" in a wide font is some 800 wide, a text line some 210 tall.
+constexpr double YTitleDistance = 1110;
+constexpr double DecadeLabelWidth = 890;
+/// Part of the way to the next tick that a label of the time axis may take.
+constexpr double TimeLabelPart = 0.9;
+/// A label between two decades takes at most this part of a decade's height.
+constexpr double DecadeLabelPart = 0.95;
+
+/// Labels that must look alike are set in one size.
+enum LabelGroup { TimeLabels = 1, DecadeLabels = 2 };
+
 constexpr double AxisWidth = 15;
 constexpr double GridWidth = 8;
 constexpr double FittedWidth = 25;
@@ -40,6 +47,9 @@ public:
     }
 
     PlotDrawing Make() {
+        // Before any check there are no bounds, and so no axes to draw on.
+        if (!(range_ > 0))
+            return {};
         DrawTimeAxis();
         DrawYAxis();
         DrawTitles();
@@ -52,9 +62,10 @@ private:
     double Right() const { return layout_.left + layout_.plotWidth; }
     double AxisY() const { return layout_.top + layout_.plotHeight; }
     double TimeX(double time) const {
-        return layout_.left + time / computed_.bounds.PlotMaxTime * layout_.plotWidth;
+        const double whole = computed_.bounds.PlotMaxTime;
+        return layout_.left + (whole > 0 ? time / whole * layout_.plotWidth : 0);
     }
-    double LogX(double log10Y) const {
+    double LogY(double log10Y) const {
         return AxisY() - (log10Y - low_) / range_ * layout_.plotHeight;
     }
 
@@ -80,7 +91,8 @@ private:
     void DrawTitles();
     void DrawFittedLine();
     void DrawPoints();
-    std::optional<double> MeetingTime(double bound) const;
+    double MeetingTime(double bound) const;
+    bool IsOnSurface(double x, double y) const;
 
     const ComputedValues& computed_;
     const PlotLayout& layout_;
@@ -98,30 +110,36 @@ void PlotMaker::DrawTimeAxis() {
              edge ? AxisWidth : GridWidth);
         Line(x, AxisY(), x, AxisY() + Tick, PlotColour::Ink, AxisWidth);
         const double time = static_cast<double>(i) / TimeIntervals * computed_.bounds.PlotMaxTime;
-        Label(x, AxisY() + LabelGap, NumberToText(TwoDecimals, static_cast<float>(time)),
-              Across::Centre, Along::Top);
+        PlotLabel& label =
+            Label(x, AxisY() + LabelGap, NumberToText(TwoDecimals, static_cast<float>(time)),
+                  Across::Centre, Along::Top);
+        label.maxWidth = step * TimeLabelPart;
+        label.group = TimeLabels;
     }
     Line(layout_.left, AxisY(), Right(), AxisY(), PlotColour::Ink, AxisWidth);
     Line(layout_.left, layout_.top, Right(), layout_.top, PlotColour::Ink, AxisWidth);
 }
 
 void PlotMaker::DecadeLabel(int exponent) {
-    const double y = LogX(exponent);
+    const double y = LogY(exponent);
     Line(layout_.left - Tick, y, layout_.left, y, PlotColour::Ink, AxisWidth);
-    Label(layout_.left - LabelGap, y, DoubleToText(std::pow(10.0, exponent)), Across::Right,
-          Along::Middle);
+    PlotLabel& label = Label(layout_.left - LabelGap, y, DoubleToText(std::pow(10.0, exponent)),
+                             Across::Right, Along::Middle);
+    label.maxWidth = DecadeLabelWidth;
+    label.maxHeight = layout_.plotHeight / range_ * DecadeLabelPart;
+    label.group = DecadeLabels;
 }
 
 void PlotMaker::DrawDecade(int exponent) {
     for (int j = 1; j <= 10; ++j) {
-        const double y = LogX(std::log10(j) + exponent);
+        const double y = LogY(std::log10(j) + exponent);
         if (j < 10)
             Line(layout_.left - MinorTick, y, layout_.left, y, PlotColour::Ink, AxisWidth);
         else
             DecadeLabel(exponent + 1);
     }
     if (exponent > std::lround(low_))
-        Line(layout_.left, LogX(exponent), Right(), LogX(exponent), PlotColour::Grid, GridWidth);
+        Line(layout_.left, LogY(exponent), Right(), LogY(exponent), PlotColour::Grid, GridWidth);
 }
 
 void PlotMaker::DrawYAxis() {
@@ -143,24 +161,21 @@ void PlotMaker::DrawTitles() {
         .turned = true;
 }
 
-/// The time (entered unit) at which the fitted line meets a bound of the Y axis.
-std::optional<double> PlotMaker::MeetingTime(double bound) const {
+/// The time (entered unit) at which the fitted line meets a bound of the Y axis; infinite for a
+/// line so flat that it meets it nowhere.
+double PlotMaker::MeetingTime(double bound) const {
     const double lnBound = std::log(bound * UnitFactorToCm(computed_.levelUnit));
-    const double time = (lnBound - computed_.FitIntercept) / computed_.FitSlope /
-                        UnitFactorToSec(computed_.timeUnit);
-    return std::isfinite(time) ? std::optional<double>(time) : std::nullopt;
+    return (lnBound - computed_.FitIntercept) / computed_.FitSlope /
+           UnitFactorToSec(computed_.timeUnit);
 }
 
 void PlotMaker::DrawFittedLine() {
     if (!FittedLineFalls(computed_))
         return;
     // A falling line enters at the upper bound and leaves at the lower one.
-    const std::optional<double> enters = MeetingTime(computed_.bounds.PlotYAxisMax);
-    const std::optional<double> leaves = MeetingTime(computed_.bounds.PlotYAxisMin);
-    if (!enters || !leaves)
-        return;
-    const double start = std::max(0.0, *enters);
-    const double end = std::min(computed_.bounds.PlotMaxTime, *leaves);
+    const double start = std::max(0.0, MeetingTime(computed_.bounds.PlotYAxisMax));
+    const double end =
+        std::min(computed_.bounds.PlotMaxTime, MeetingTime(computed_.bounds.PlotYAxisMin));
     if (!(start < end))
         return;
     const double lnCm = std::log(UnitFactorToCm(computed_.levelUnit));
@@ -169,28 +184,40 @@ void PlotMaker::DrawFittedLine() {
                            computed_.FitSlope * time * UnitFactorToSec(computed_.timeUnit) - lnCm;
         return std::clamp(lnY / std::log(10.0), low_, low_ + range_);
     };
-    Line(TimeX(start), LogX(log10Y(start)), TimeX(end), LogX(log10Y(end)), PlotColour::Red,
+    Line(TimeX(start), LogY(log10Y(start)), TimeX(end), LogY(log10Y(end)), PlotColour::Red,
          FittedWidth);
 }
 
+bool PlotMaker::IsOnSurface(double x, double y) const {
+    const double reach = layout_.circleRadius;
+    return x >= -reach && x <= layout_.surfaceWidth + reach && y >= -reach &&
+           y <= layout_.surfaceHeight + reach;
+}
+
 void PlotMaker::DrawPoints() {
-    std::unordered_set<std::uint64_t> taken;
+    // One bit for each spot and colour: a million points cost no more memory than a few.
+    const auto offset = layout_.circleRadius;
+    const auto columns =
+        static_cast<std::size_t>((layout_.surfaceWidth + 2 * offset) / layout_.spot + 1);
+    const auto rows =
+        static_cast<std::size_t>((layout_.surfaceHeight + 2 * offset) / layout_.spot + 1);
+    std::vector<bool> taken(columns * rows * 2);
     for (const RecoveryPoint& point : *computed_.RecoveryPoints) {
         if (!(point.y > 0))
             continue;
         const double x = TimeX(point.time);
-        const double y = LogX(point.log10Y);
-        if (!std::isfinite(x) || !std::isfinite(y))
+        const double y = LogY(point.log10Y);
+        if (!IsOnSurface(x, y))
             continue;
         const bool used = point.weight > 0;
-        const auto column = static_cast<std::int32_t>(std::lround(x / layout_.spot));
-        const auto row = static_cast<std::int32_t>(std::lround(y / layout_.spot));
-        const std::uint64_t spot =
-            (static_cast<std::uint64_t>(static_cast<std::uint32_t>(column)) << 33U) |
-            (static_cast<std::uint64_t>(static_cast<std::uint32_t>(row)) << 1U) | (used ? 1U : 0U);
-        if (taken.insert(spot).second)
-            drawing_.circles.push_back(
-                {x, y, layout_.circleRadius, used ? PlotColour::Red : PlotColour::Blue});
+        const auto column = static_cast<std::size_t>((x + offset) / layout_.spot);
+        const auto row = static_cast<std::size_t>((y + offset) / layout_.spot);
+        const std::size_t spot = (row * columns + column) * 2 + (used ? 1 : 0);
+        if (taken[spot])
+            continue;
+        taken[spot] = true;
+        drawing_.circles.push_back(
+            {x, y, layout_.circleRadius, used ? PlotColour::Red : PlotColour::Blue});
     }
 }
 

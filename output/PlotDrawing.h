@@ -37,9 +37,11 @@ struct PlotLabel {
     Across across = Across::Left;
     Along along = Along::Top;
     double heightsDown = 0;
-    double points = 9;   ///< font size
-    bool turned = false; ///< reads upwards, its middle at (x, y)
-    double maxWidth = 0; ///< a wider text is set smaller until it fits; 0 for no bound
+    double points = 9;    ///< font size
+    bool turned = false;  ///< reads upwards, its middle at (x, y)
+    double maxWidth = 0;  ///< a wider text is set smaller until it fits; 0 for no bound
+    double maxHeight = 0; ///< the same for a taller text
+    int group = 0;        ///< labels of one group above 0 are all as small as the smallest of them
     bool bold = false;
 };
 
@@ -59,7 +61,7 @@ struct PlotLayout {
     double plotWidth = 0;  ///< length of the time axis
     double plotHeight = 0; ///< length of the Y axis
     double circleRadius = 50;
-    double spot = 5;   ///< points of one colour closer than this are drawn once
+    double spot = 5;   ///< points of one colour that share a square of this side are drawn once
     double points = 9; ///< font size of labels
 };
 
@@ -69,7 +71,8 @@ inline constexpr int TimeIntervals = 5; ///< divisions of the time axis
 PlotLayout ScreenPlotLayout(double areaWidth, double areaHeight);
 
 /// Draws axes, fitted line and points of a computation. The fitted line is left out where the slope
-/// is not negative.
+/// is not negative, a point where Y <= 0 (it has no logarithm) or where its circle lies wholly
+/// outside the surface.
 PlotDrawing DrawPlot(const ComputedValues& computed, const PlotLayout& layout);
 
 /// Whether the computed line falls, as a recovery does; otherwise there is no line to draw.

@@ -11,6 +11,7 @@ namespace quarnel {
 struct PlotInks {
     QColor ink = Qt::black;
     QColor grid = QColor(208, 208, 208);
+    QColor halo;        ///< around circles, where their colours are hard to see; invalid for none
     QString fontFamily; ///< empty for the painter's own
 };
 

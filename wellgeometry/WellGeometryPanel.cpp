@@ -1,10 +1,201 @@
 #include "wellgeometry/WellGeometryPanel.h"
 
+#include "app/MessageBoxes.h"
+#include "app/QtTexts.h"
+#include "project/FieldTables.h"
+#include "wellgeometry/WellGeometry.h"
+#include "wellgeometry/WellSectionPicture.h"
+
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
 namespace quarnel {
 
-WellGeometryPanel::WellGeometryPanel(Analysis& analysis, QWidget* parent)
-    : Panel(analysis, parent) {}
+namespace {
 
-void WellGeometryPanel::ShowState() {}
+/// What each box means and in which unit it is entered.
+constexpr std::array<const char*, 6> FieldToolTips = {
+    "H: depth from the water table to the impervious bottom, in the vertical unit. Must be > 0.",
+    "Lw: depth from the water table to the bottom of the well, in the vertical unit. Must be > 0 "
+    "and not more than H.",
+    "Le: length of the screen / filter pack through which water enters the well, in the vertical "
+    "unit. Must be > 0 and not more than Lw.",
+    "dw: diameter of the borehole, filter pack included, in the radial unit. Must be > 0.",
+    "dc: inside diameter of the well casing, in the radial unit. Must be > 0 and not more than dw.",
+    "dpor: drained porosity of the filter pack in percent, from 0 to 100. It enters the effective "
+    "radius where the water table falls in the screen; 0 leaves the casing radius as it is."};
+/// What a screen reader calls each box.
+constexpr std::array<const char*, 6> FieldNames = {"H, water table to impervious bottom",
+                                                   "Lw, water table to bottom of well",
+                                                   "Le, length of screen or filter pack",
+                                                   "dw, well borehole diameter",
+                                                   "dc, well casing diameter",
+                                                   "dpor, drained filter pack porosity in percent"};
+constexpr std::size_t PorosityUnitLabelIndex = 6;
+/// A box wide enough for any length one would type.
+constexpr int BoxCharacters = 10;
+
+QString Name(const char* name, std::size_t index) {
+    return QLatin1String(name) + QLatin1Char('_') + QString::number(index);
+}
+
+} // namespace
+
+WellGeometryPanel::WellGeometryPanel(Analysis& analysis, QWidget* parent)
+    : Panel(analysis, parent) {
+    auto* check = new QPushButton(tr("Check Data"), this);
+    check->setObjectName(QStringLiteral("SSCmdWellGeoCheckData"));
+    check->setToolTip(tr("Check that the dimensions are complete and fit together"));
+    connect(check, &QPushButton::clicked, this, &WellGeometryPanel::CheckData);
+
+    auto* entries = new QVBoxLayout;
+    entries->addWidget(BuildVerticalGroup());
+    entries->addWidget(BuildRadialGroup());
+    entries->addWidget(BuildPorosityRow());
+    entries->addWidget(check, 0, Qt::AlignLeft);
+    entries->addStretch(1);
+    auto* layout = new QHBoxLayout(this);
+    layout->addLayout(entries);
+    layout->addWidget(BuildIllustration(), 1);
+    ShowState();
+}
+
+void WellGeometryPanel::AddBox(int index, QGridLayout& grid, int row) {
+    const auto i = static_cast<std::size_t>(index);
+    auto* box = new QLineEdit(this);
+    box->setObjectName(Name("WellGeoText", i));
+    box->setToolTip(tr(FieldToolTips[i]));
+    box->setAccessibleName(tr(FieldNames[i]));
+    box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QLatin1Char('0')) * BoxCharacters);
+    connect(box, &QLineEdit::textEdited, this,
+            [this, i](const QString& text) { analysis_.state.WellGeoText[i] = ToUtf8(text); });
+    auto* label = new QLabel(ToQString(WellGeoFields[i].label), this);
+    label->setObjectName(Name("WellGeoLbl", i));
+    label->setToolTip(box->toolTip());
+    label->setBuddy(box);
+    grid.addWidget(label, row, 0);
+    grid.addWidget(box, row, 1);
+    WellGeoText[i] = box;
+    WellGeoLbl[i] = label;
+}
+
+QComboBox* WellGeometryPanel::AddUnitList(const QString& name, const QString& accessibleName,
+                                          int ProjectState::*unit, QGridLayout& grid) {
+    auto* list = new QComboBox(this);
+    list->setObjectName(name);
+    list->setAccessibleName(accessibleName);
+    list->setToolTip(accessibleName);
+    for (const std::string_view text : LengthUnitNames)
+        list->addItem(ToQString(text));
+    connect(list, &QComboBox::activated, this,
+            [this, unit](int index) { analysis_.state.*unit = index; });
+    auto* label = new QLabel(tr("Units"), this);
+    label->setBuddy(list);
+    grid.addWidget(label, grid.rowCount(), 0);
+    grid.addWidget(list, grid.rowCount() - 1, 1);
+    return list;
+}
+
+QWidget* WellGeometryPanel::BuildVerticalGroup() {
+    auto* group = new QGroupBox(tr(" Vertical Measurements"), this);
+    auto* grid = new QGridLayout(group);
+    for (const int index : {GeoH, GeoLw, GeoLe})
+        AddBox(index, *grid, index);
+    WellGeoVertUnitsDDL =
+        AddUnitList(QStringLiteral("WellGeoVertUnitsDDL"), tr("Unit of H, Lw and Le"),
+                    &ProjectState::WellGeoVertUnitsDDL, *grid);
+    return group;
+}
+
+QWidget* WellGeometryPanel::BuildRadialGroup() {
+    auto* group = new QGroupBox(tr("Radial Measurements"), this);
+    auto* grid = new QGridLayout(group);
+    for (const int index : {GeoDw, GeoDc})
+        AddBox(index, *grid, index - GeoDw);
+    WellGeoRadUnitsDDL = AddUnitList(QStringLiteral("WellGeoRadUnitsDDL"), tr("Unit of dw and dc"),
+                                     &ProjectState::WellGeoRadUnitsDDL, *grid);
+    return group;
+}
+
+QWidget* WellGeometryPanel::BuildPorosityRow() {
+    auto* group = new QGroupBox(tr("Drained Filter Pack Porosity"), this);
+    auto* grid = new QGridLayout(group);
+    AddBox(GeoDpor, *grid, 0);
+    auto* unit = new QLabel(ToQString(PorosityUnitLabel), this);
+    unit->setObjectName(Name("WellGeoLbl", PorosityUnitLabelIndex));
+    unit->setToolTip(WellGeoText[GeoDpor]->toolTip());
+    grid->addWidget(unit, 0, 2);
+    WellGeoLbl[PorosityUnitLabelIndex] = unit;
+    return group;
+}
+
+QPushButton* WellGeometryPanel::BuildRibbon(const QString& name, const QString& text,
+                                            const QString& toolTip) {
+    auto* ribbon = new QPushButton(text, this);
+    ribbon->setObjectName(name);
+    ribbon->setCheckable(true);
+    ribbon->setToolTip(toolTip);
+    return ribbon;
+}
+
+QWidget* WellGeometryPanel::BuildIllustration() {
+    SSRibbon1 =
+        BuildRibbon(QStringLiteral("SSRibbon1"), tr("Water Table above the Screen/Filter Pack."),
+                    tr("Show a well whose screen lies wholly below the water table"));
+    SSRibbon2 =
+        BuildRibbon(QStringLiteral("SSRibbon2"), tr("Water Table in the Screen/Filter Pack."),
+                    tr("Show a well whose screen the water table crosses"));
+    auto* pair = new QButtonGroup(this);
+    pair->addButton(SSRibbon1);
+    pair->addButton(SSRibbon2);
+    connect(SSRibbon1, &QPushButton::toggled, this, &WellGeometryPanel::ChoosePicture);
+
+    auto* group = new QGroupBox(tr("Well Section"), this);
+    auto* grid = new QGridLayout(group);
+    grid->addWidget(SSRibbon1, 0, 0);
+    grid->addWidget(SSRibbon2, 0, 1);
+    for (std::size_t i = 0; i < Image1.size(); ++i) {
+        Image1[i] = new WellSectionPicture(
+            QStringLiteral(":/wellgeometry/well-section-%1.svg").arg(i), group);
+        Image1[i]->setObjectName(Name("Image1", i));
+        grid->addWidget(Image1[i], 1, 0, 1, 2);
+    }
+    grid->setRowStretch(1, 1);
+    return group;
+}
+
+void WellGeometryPanel::ChoosePicture(bool firstIsPressed) {
+    analysis_.state.SSRibbon1Pressed = firstIsPressed;
+    Image1[0]->setVisible(firstIsPressed);
+    Image1[1]->setVisible(!firstIsPressed);
+}
+
+void WellGeometryPanel::ShowState() {
+    const ProjectState& state = analysis_.state;
+    for (std::size_t i = 0; i < WellGeoText.size(); ++i) {
+        const QString text = ToQString(state.WellGeoText[i]);
+        if (WellGeoText[i]->text() != text)
+            WellGeoText[i]->setText(text);
+    }
+    WellGeoVertUnitsDDL->setCurrentIndex(state.WellGeoVertUnitsDDL);
+    WellGeoRadUnitsDDL->setCurrentIndex(state.WellGeoRadUnitsDDL);
+    const bool firstIsPressed = state.SSRibbon1Pressed;
+    (firstIsPressed ? SSRibbon1 : SSRibbon2)->setChecked(true);
+    ChoosePicture(firstIsPressed);
+}
+
+void WellGeometryPanel::CheckData() {
+    const Result result = CheckWellGeometry(analysis_.state, analysis_.computed);
+    ShowState();
+    if (result.IsError())
+        ShowMessage(this, ToQString(result.message), tr("Data Error"));
+    else
+        ShowMessage(this, tr("Well Geometry data is complete and consistent."));
+}
 
 } // namespace quarnel

@@ -2,14 +2,45 @@
 
 #include "app/Panel.h"
 
+#include <array>
+
+class QComboBox;
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
 namespace quarnel {
 
-/// The panel "Well Geometry": six texts, two unit lists, two drawn well sections, "Check Data".
+class WellSectionPicture;
+
+/// The panel "Well Geometry": the six dimensions of the well with their units, and the two pictures
+/// that show what they mean.
 class WellGeometryPanel : public Panel {
     Q_OBJECT
 public:
     explicit WellGeometryPanel(Analysis& analysis, QWidget* parent = nullptr);
     void ShowState() override;
+
+private:
+    QWidget* BuildVerticalGroup();
+    QWidget* BuildRadialGroup();
+    QWidget* BuildPorosityRow();
+    QWidget* BuildIllustration();
+    void AddBox(int index, QGridLayout& grid, int row);
+    QComboBox* AddUnitList(const QString& name, const QString& accessibleName,
+                           int ProjectState::*unit, QGridLayout& grid);
+    QPushButton* BuildRibbon(const QString& name, const QString& text, const QString& toolTip);
+    void ChoosePicture(bool firstIsPressed);
+    void CheckData();
+
+    std::array<QLineEdit*, 6> WellGeoText = {};
+    std::array<QLabel*, 7> WellGeoLbl = {};
+    QComboBox* WellGeoVertUnitsDDL = nullptr;
+    QComboBox* WellGeoRadUnitsDDL = nullptr;
+    QPushButton* SSRibbon1 = nullptr;
+    QPushButton* SSRibbon2 = nullptr;
+    std::array<WellSectionPicture*, 2> Image1 = {};
 };
 
 } // namespace quarnel

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "output/PlotDrawing.h"
+
+#include <QFrame>
+#include <optional>
+
+class QAction;
+
+namespace quarnel {
+
+/// The plot area `Plot1`: shows the plot of one computation, drawn again for every size of the
+/// area, or nothing. Its context menu copies the plot or saves it as a picture.
+class PlotWidget : public QFrame {
+    Q_OBJECT
+public:
+    explicit PlotWidget(QWidget* parent = nullptr);
+
+    /// Shows the plot of a computation. It stays until the next call, whatever is done to
+    /// `computed` meanwhile.
+    void ShowPlot(const ComputedValues& computed);
+    void Clear();
+
+    /// What is shown, in twips; empty after Clear.
+    const PlotDrawing& Drawing() const { return drawing_; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    double TwipsPerPixel() const;
+    QSize PixelsOf(int widthTwips, int heightTwips) const;
+    void DrawAgain();
+    void Copy();
+    void SaveAsPicture();
+
+    std::optional<ComputedValues> plotted_; ///< what the plot is drawn from
+    PlotDrawing drawing_;
+    QAction* copy_ = nullptr;
+    QAction* save_ = nullptr;
+};
+
+} // namespace quarnel
