@@ -143,6 +143,9 @@ void BRMainForm::BuildDialogs() {
     connect(compute_, &ComputePanel::PrintPlotRequested, this, [this] { ShowDialog(prtPlotFrm_); });
     connect(compute_, &ComputePanel::SummaryRequested, this, [this] { ShowDialog(prtResults_); });
     connect(compute_, &ComputePanel::DetailsChanged, computedYFrm_, &ComputedYFrm::ShowState);
+    connect(compute_, &ComputePanel::DetailsCleared, computedYFrm_, &ComputedYFrm::ClearGrid);
+    connect(recoveryData_, &RecoveryDataPanel::HeadingsChanged, computedYFrm_,
+            &ComputedYFrm::ShowHeadings);
 }
 
 void BRMainForm::BuildMenus() {

@@ -2,9 +2,7 @@
 
 #include "app/BRMainForm.h"
 #include "app/GeneralTools.h"
-#include "app/QtTexts.h"
-
-#include <QLocale>
+#include "project/SystemLocale.h"
 
 namespace quarnel {
 
@@ -18,7 +16,7 @@ constexpr int Top = 5;
 std::unique_ptr<BRMainForm> SetUpMainWindow() {
     auto window = std::make_unique<BRMainForm>();
     SizeWindowToScreen(window.get(), WidthMargin, HeightMargin, Top);
-    window->Current().state.DecimalSeparator = ToUtf8(QLocale::system().decimalPoint());
+    window->Current().state.DecimalSeparator = SystemDecimalSeparator();
     return window;
 }
 

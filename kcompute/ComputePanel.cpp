@@ -74,7 +74,7 @@ QWidget* ComputePanel::BuildMarkSide() {
                             "I (capital) for Ignore, or the space bar to turn them over.");
     RecDatWeightGrid->setToolTip(keys);
     layout->addWidget(RecDatWeightGrid, 1);
-    auto* hint = new QLabel(tr("Criteria: Shift+U = Use, Shift+I = Ignore, Space = other"), side);
+    auto* hint = new QLabel(tr("Shift+U: Use   Shift+I: Ignore   Space: the other"), side);
     hint->setToolTip(keys);
     hint->setWordWrap(true);
     layout->addWidget(hint);

@@ -9,6 +9,7 @@
 #include <QHeaderView>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QTableView>
 
@@ -56,6 +57,29 @@ ComputedYFrm::ComputedYFrm(Analysis& analysis, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(splitter, 1);
     layout->addLayout(buttons);
+    FitToTexts();
+}
+
+/// Columns and window as wide as their texts in the font at hand, within the screen.
+void ComputedYFrm::FitToTexts() {
+    const QFontMetrics gridMetrics(ComputeYGrid->font());
+    const int margin = gridMetrics.horizontalAdvance(QLatin1String("00"));
+    int gridWidth = 2 * ComputeYGrid->frameWidth() +
+                    ComputeYGrid->style()->pixelMetric(QStyle::PM_ScrollBarExtent) + margin;
+    for (int column = 0; column < FittedYModel::Columns; ++column) {
+        const int text = gridMetrics.horizontalAdvance(
+            QLatin1String(WidestTexts[static_cast<std::size_t>(column)]));
+        const int heading = ComputeYGrid->horizontalHeader()->sectionSizeHint(column);
+        ComputeYGrid->setColumnWidth(column, std::max(text, heading) + margin);
+        gridWidth += ComputeYGrid->columnWidth(column);
+    }
+    ComputeYGrid->verticalHeader()->setMinimumSectionSize(0);
+    ComputeYGrid->verticalHeader()->setDefaultSectionSize(gridMetrics.height() + 4);
+    const QFontMetrics textMetrics(SummaryText->font());
+    const int textWidth = textMetrics.horizontalAdvance(QLatin1Char('0')) * TextColumns;
+    const QSize wanted(textWidth + gridWidth + 4 * margin, textMetrics.lineSpacing() * TextLines);
+    preferredSize_ = wanted.boundedTo(screen()->availableSize() * 9 / 10);
+    qobject_cast<QSplitter*>(ComputeYGrid->parentWidget())->setSizes({textWidth, gridWidth});
 }
 
 void ComputedYFrm::BuildGrid() {

@@ -25,15 +25,18 @@ public:
     void ShowHeadings();
 
 protected:
+    QSize sizeHint() const override { return preferredSize_; }
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
 private:
     void BuildGrid();
+    void FitToTexts();
     void FillWhileShown();
 
     Analysis& analysis_;
     bool gridIsCleared_ = false;
+    QSize preferredSize_;
     QPlainTextEdit* SummaryText = nullptr;
     QTableView* ComputeYGrid = nullptr;
     FittedYModel* model_ = nullptr;

@@ -33,7 +33,8 @@ protected:
         option->state |= QStyle::State_Enabled;
         option->state &= ~(QStyle::State_Selected | QStyle::State_HasFocus);
         option->backgroundBrush = option->palette.button();
-        option->palette.setColor(QPalette::Text, option->palette.color(QPalette::ButtonText));
+        option->palette.setColor(QPalette::Text,
+                                 option->palette.color(QPalette::Active, QPalette::ButtonText));
     }
 };
 
@@ -192,7 +193,8 @@ void UseIgnoreGrid::changeEvent(QEvent* event) {
 void UseIgnoreGrid::Refill() {
     rowAnchor_ = -1;
     model_->Refill();
-    setCurrentIndex(model_->index(0, UseIgnoreModel::TimeColumn));
+    // In the column of the marks, so that its keys work as soon as the grid has the focus.
+    setCurrentIndex(model_->index(0, UseIgnoreModel::CriteriaColumn));
     scrollToTop();
 }
 
