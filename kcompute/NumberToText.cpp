@@ -109,9 +109,8 @@ std::string TwoDecimalText(float value) {
 std::string ThreeFiguresText(float value) {
     const std::string text = ExponentText(value);
     float rounded = 0;
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), rounded);
-    // The largest singles round up beyond single precision; they are far above the bound.
-    if (result.ec == std::errc::result_out_of_range || rounded > 100000.0F || rounded <= 0.001F)
+    std::from_chars(text.data(), text.data() + text.size(), rounded);
+    if (rounded > 100000.0F || rounded <= 0.001F)
         return text;
     return FixedText(rounded, 1, 5);
 }

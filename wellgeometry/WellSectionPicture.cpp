@@ -26,8 +26,10 @@ struct FillPair {
 };
 
 constexpr std::array FillPairs = {
-    FillPair{QLatin1StringView("#f1dfb5"), QLatin1StringView("#5a4826")}, // soil above the water table
-    FillPair{QLatin1StringView("#d4e1df"), QLatin1StringView("#2c3f47")}, // soil below the water table
+    FillPair{QLatin1StringView("#f1dfb5"),
+             QLatin1StringView("#5a4826")}, // soil above the water table
+    FillPair{QLatin1StringView("#d4e1df"),
+             QLatin1StringView("#2c3f47")}, // soil below the water table
     FillPair{QLatin1StringView("#86c1ee"), QLatin1StringView("#1f629c")}, // water in the well
     FillPair{QLatin1StringView("#1565a6"), QLatin1StringView("#7cc0f7")}, // water table
     FillPair{QLatin1StringView("#c6cdb8"), QLatin1StringView("#4c553f")}, // bentonite
@@ -57,6 +59,19 @@ QString ElementText(const QString& drawing, QLatin1StringView name) {
     return QString();
 }
 
+/// The size that the drawing gives itself; not valid where it gives none.
+QSize DrawingSize(const QString& drawing) {
+    QXmlStreamReader reader(drawing);
+    if (!reader.readNextStartElement())
+        return QSize();
+    const QXmlStreamAttributes attributes = reader.attributes();
+    bool widthGiven = false;
+    bool heightGiven = false;
+    const QSize size(attributes.value(QLatin1StringView("width")).toInt(&widthGiven),
+                     attributes.value(QLatin1StringView("height")).toInt(&heightGiven));
+    return widthGiven && heightGiven ? size : QSize();
+}
+
 } // namespace
 
 QString RecolouredWellSection(const QString& drawing, const QColor& ink, bool dark) {
@@ -80,19 +95,26 @@ WellSectionPicture::WellSectionPicture(const QString& resourcePath, QWidget* par
     setAccessibleName(ElementText(drawing, QLatin1StringView("title")));
     setAccessibleDescription(ElementText(drawing, QLatin1StringView("desc")));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    Recolour();
+    drawingSize = DrawingSize(drawing);
 }
 
 QSize WellSectionPicture::sizeHint() const {
-    return IsValid() ? renderer.defaultSize() : minimumSizeHint();
+    return drawingSize.isValid() ? drawingSize : minimumSizeHint();
 }
 
 QSize WellSectionPicture::minimumSizeHint() const {
     return SmallestReadable;
 }
 
+bool WellSectionPicture::IsValid() const {
+    LoadInPalette();
+    return renderer.isValid();
+}
+
 QRectF WellSectionPicture::PictureRect() const {
-    const QSizeF size = renderer.viewBoxF().size().scaled(QSizeF(this->size()), Qt::KeepAspectRatio);
+    LoadInPalette();
+    const QSizeF size =
+        renderer.viewBoxF().size().scaled(QSizeF(this->size()), Qt::KeepAspectRatio);
     return QRectF(QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), size);
 }
 
@@ -102,7 +124,7 @@ void WellSectionPicture::changeEvent(QEvent* event) {
     case QEvent::PaletteChange:
     case QEvent::EnabledChange:
     case QEvent::ActivationChange:
-        Recolour();
+        update();
         break;
     default:
         break;
@@ -114,7 +136,7 @@ void WellSectionPicture::paintEvent(QPaintEvent*) {
     renderer.render(&painter, PictureRect());
 }
 
-void WellSectionPicture::Recolour() {
+void WellSectionPicture::LoadInPalette() const {
     const QColor ink = palette().color(QPalette::WindowText);
     const bool dark = IsDarkPalette(palette());
     if (drawing.isEmpty() || (shownInk == ink && shownDark == dark))
@@ -122,7 +144,6 @@ void WellSectionPicture::Recolour() {
     shownInk = ink;
     shownDark = dark;
     renderer.load(RecolouredWellSection(drawing, ink, dark).toUtf8());
-    update();
 }
 
 } // namespace quarnel

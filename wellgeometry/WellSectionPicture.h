@@ -17,20 +17,21 @@ class WellSectionPicture : public QWidget {
     Q_OBJECT
 
 public:
-    /// `resourcePath` is an SVG drawing such as ":/wellgeometry/well-section-0.svg", whose title and
-    /// description become the accessible name and description. A path that cannot be read leaves the
-    /// picture empty.
+    /// `resourcePath` is an SVG drawing such as ":/wellgeometry/well-section-0.svg", whose title
+    /// and description become the accessible name and description. A path that cannot be read
+    /// leaves the picture empty.
     explicit WellSectionPicture(const QString& resourcePath, QWidget* parent = nullptr);
 
-    /// The size in which the drawing's labels read like the window's own, in device-independent pixels.
+    /// The size in which the drawing's labels read like the window's own, in device-independent
+    /// pixels.
     QSize sizeHint() const override;
     /// The smallest size in which the labels can still be read.
     QSize minimumSizeHint() const override;
 
     /// Whether the drawing was read and can be painted.
-    bool IsValid() const { return renderer.isValid(); }
-    /// Where the drawing lies in the widget: the largest rectangle of its shape, centred. Empty when
-    /// the drawing could not be read.
+    bool IsValid() const;
+    /// Where the drawing lies in the widget: the largest rectangle of its shape, centred. Empty
+    /// when the drawing could not be read.
     QRectF PictureRect() const;
 
 protected:
@@ -38,12 +39,15 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void Recolour();
+    /// Loads the drawing in the palette's colours unless it is. Only a picture that is looked at
+    /// costs the time, so that the program starts without it.
+    void LoadInPalette() const;
 
     QString drawing;
-    QSvgRenderer renderer;
-    QColor shownInk;
-    bool shownDark = false;
+    QSize drawingSize;
+    mutable QSvgRenderer renderer;
+    mutable QColor shownInk;
+    mutable bool shownDark = false;
 };
 
 /// `drawing` with the ink replaced by `ink` and, when `dark` is set, every light fill by its dark

@@ -89,6 +89,12 @@ TEST(BouwerRiceCoefficients, TheLargestRatioIsClampedToo) {
     EXPECT_EQ(At(std::nextafter(2000, 0)).result.status, ComputationStatus::Ok);
 }
 
+TEST(BouwerRiceCoefficients, ARatioThatIsNoNumberGivesNone) {
+    const BouwerRiceCoefficients none = At(std::nan("")).values;
+    for (const double coefficient : {none.A, none.B, none.C})
+        EXPECT_TRUE(std::isnan(coefficient));
+}
+
 TEST(BouwerRiceCoefficients, AHundredAndFifteenByHand) {
     const BouwerRiceCoefficients hundred = At(100).values;
     EXPECT_DOUBLE_EQ(hundred.A, 2.7 + (5.3 - 2.7) * 60 / 110); // 4.11818...

@@ -168,6 +168,14 @@ TEST(CheckFitSelection, FewerThanTwoUsedPointsAreAnError) {
     }
 }
 
+TEST(CheckFitSelection, WithoutALevelUnitNoPointHasAHeightInCentimetres) {
+    Analysis analysis = Prepared({{"0", "5"}, {"10", "4"}});
+    analysis.state.RecDatWaterLevelUnitsDDL = -1;
+    EXPECT_FALSE(PrepareComputation(analysis).result.IsError());
+    EXPECT_EQ(ComputeK(analysis.state, analysis.computed).message, TooFew);
+    EXPECT_EQ(analysis.computed.Criteria[0].View(), "Ignore");
+}
+
 TEST(ComputeK, OnePointPerLogarithmByHand) {
     // Y of 1 cm at 0 s and 1/e cm at 100 s: slope -0.01 per second, intercept 0.
     Analysis analysis = Prepared({{"0", "1"}, {"100", "0.367879441171442321596"}});
@@ -292,6 +300,15 @@ TEST(DisplayedK, HasAFactorForEveryUnit) {
             EXPECT_EQ(DisplayedK(state, 0.0123),
                       static_cast<float>(times[time] * 0.0123 * lengths[length]));
         }
+}
+
+TEST(DisplayedK, IsNothingWithoutAUnit) {
+    ProjectState state;
+    state.CmboKLengthUnits = -1;
+    EXPECT_EQ(DisplayedK(state, 1), 0);
+    state.CmboKLengthUnits = Metre;
+    state.CmboKTimeUnits = 4;
+    EXPECT_EQ(DisplayedK(state, 1), 0);
 }
 
 TEST(ComputedKText, FollowsTheUnitsWithoutANewFit) {

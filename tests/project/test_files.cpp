@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace quarnel {
 namespace {
@@ -114,6 +115,25 @@ TEST_F(Files, AFileWhoseSizeTheSystemDoesNotKnowIsReadToItsEnd) {
     EXPECT_EQ(bytes.failure, FileFailure::None);
     EXPECT_GT(bytes.size, 1000U);
     EXPECT_EQ(bytes.View().back(), '\n');
+}
+
+TEST_F(Files, AReadThatFailsIsADeviceError) {
+    // Nothing stands at the beginning of a process's memory.
+    EXPECT_EQ(ReadFileBytes("/proc/self/mem").failure, FileFailure::DeviceIOError);
+}
+
+TEST_F(Files, AFileThatMayNotBeReadIsPermissionDenied) {
+    const std::string path = Write("secret", "x");
+    fs::permissions(folder_,
+                    fs::perms::owner_all | fs::perms::others_read | fs::perms::others_exec);
+    fs::permissions(path, fs::perms::none);
+    // The administrator may read everything, so that another user has to try.
+    const uid_t user = geteuid();
+    constexpr uid_t Nobody = 65534;
+    ASSERT_TRUE(user != 0 || seteuid(Nobody) == 0);
+    const FileFailure failure = ReadFileBytes(path).failure;
+    ASSERT_TRUE(user != 0 || seteuid(user) == 0);
+    EXPECT_EQ(failure, FileFailure::PermissionDenied);
 }
 
 TEST_F(Files, WhatCannotBeReadSaysWhy) {

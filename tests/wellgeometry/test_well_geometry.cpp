@@ -89,6 +89,10 @@ TEST(CheckWellGeometry, TheEffectiveRadiusIsExactToTheLastBit) {
          {Case{"8.25", "2", "30", 0x1.3463ad6099b5cp+1, "2.409292"},       // 2.4092919084
           Case{"8.25", "2.067", "27.5", 0x1.2aeb86f9f371bp+1, "2.335313"}, // 2.3353127213
           Case{"6.6", "2.2", "33.3", 0x1.0d836f2d4f898p+1, "2.105574"},    // 2.1055735561
+          // Any other order of these operations ends in another last bit.
+          Case{"11.8", "4.4", "32.3", 0x1.e7c02ecb7db2bp+1, "3.810552"},
+          Case{"7.15", "3.57", "24.5", 0x1.2d30cd8ec2c58p+1, "2.353052"},
+          Case{"8.78", "0.7", "53.8", 0x1.9d487ba330d0ep+1, "3.228775"},
           Case{"0.25", "0.128", "0", 0.064, "0.064"},
           Case{"0.25", "0.128", "100", 0.125, "0.125"}}) {
         const Checked checked = Check({"12", "10", "9", c.dw, c.dc, c.dpor});
