@@ -112,6 +112,8 @@ bool WellSectionPicture::IsValid() const {
 }
 
 QRectF WellSectionPicture::PictureRect() const {
+    if (!IsValid())
+        return {};
     LoadInPalette();
     const QSizeF size =
         renderer.viewBoxF().size().scaled(QSizeF(this->size()), Qt::KeepAspectRatio);
