@@ -1,14 +1,66 @@
 #include "output/PrtPlotFrm.h"
 
+#include "app/QtTexts.h"
+#include "output/PrintThePlot.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
 namespace quarnel {
+
+namespace {
+constexpr int TitleCharacters = 60;
+}
 
 PrtPlotFrm::PrtPlotFrm(Analysis& analysis, QWidget* parent)
     : QDialog(parent)
     , analysis_(analysis) {
     setObjectName(QStringLiteral("PrtPlotFrm"));
     setWindowTitle(QStringLiteral("Print The Plot"));
+    auto* rows = new QVBoxLayout(this);
+    auto* label = new QLabel(QStringLiteral("Graph &Title:"));
+    rows->addWidget(label);
+    for (std::size_t i = 0; i < PlotText.size(); ++i) {
+        auto* box = new QLineEdit;
+        PlotText[i] = box;
+        box->setObjectName(QStringLiteral("PlotText_") + QString::number(i));
+        box->setAccessibleName(tr("Graph title, line %1").arg(i + 1));
+        box->setToolTip(tr("Line %1 of the title above the printed plot").arg(i + 1));
+        box->setMinimumWidth(fontMetrics().averageCharWidth() * TitleCharacters);
+        connect(box, &QLineEdit::textChanged, this,
+                [this, i](const QString& text) { analysis_.state.PlotText[i] = ToUtf8(text); });
+        rows->addWidget(box);
+    }
+    label->setBuddy(PlotText[0]);
+    auto* buttons = new QDialogButtonBox;
+    auto* print = buttons->addButton(QStringLiteral("&Print"), QDialogButtonBox::ActionRole);
+    print->setObjectName(QStringLiteral("CmdPrtPlot"));
+    print->setDefault(true);
+    auto* cancel = buttons->addButton(QStringLiteral("Cancel"), QDialogButtonBox::RejectRole);
+    cancel->setObjectName(QStringLiteral("CmdCancel"));
+    connect(print, &QPushButton::clicked, this, &PrtPlotFrm::Print);
+    connect(cancel, &QPushButton::clicked, this, &QDialog::hide);
+    rows->addSpacing(fontMetrics().height() / 2);
+    rows->addWidget(buttons);
+    ShowState();
 }
 
-void PrtPlotFrm::ShowState() {}
+void PrtPlotFrm::ShowState() {
+    for (std::size_t i = 0; i < PlotText.size(); ++i)
+        if (const QString text = ToQString(analysis_.state.PlotText[i]);
+            PlotText[i]->text() != text)
+            PlotText[i]->setText(text);
+}
+
+void PrtPlotFrm::Print() {
+    const bool done =
+        PrintDocument(this, QStringLiteral("Slug test plot"),
+                      [this](const Paper& paper) { return PlotPages(analysis_, paper); });
+    if (done)
+        hide();
+}
 
 } // namespace quarnel

@@ -3,19 +3,26 @@
 #include "kcompute/Analysis.h"
 
 #include <QDialog>
+#include <array>
+
+class QLineEdit;
 
 namespace quarnel {
 
-/// The window "Print The Plot".
+/// The window "Print The Plot": up to three title lines, and one printed page. It hides when it is
+/// closed, so the titles stay for the next time.
 class PrtPlotFrm : public QDialog {
     Q_OBJECT
 public:
     explicit PrtPlotFrm(Analysis& analysis, QWidget* parent = nullptr);
-    /// Shows the analysis again, after New, Open or a computation.
+    /// Shows the titles of the project again, after New or Open.
     void ShowState();
 
 private:
+    void Print();
+
     Analysis& analysis_;
+    std::array<QLineEdit*, 3> PlotText = {};
 };
 
 } // namespace quarnel

@@ -1,5 +1,18 @@
 #include "output/PrtResults.h"
 
+#include "app/MessageBoxes.h"
+#include "app/QtTexts.h"
+#include "output/PrintThePlot.h"
+#include "output/SummaryReport.h"
+#include "project/ProjectFileDialogs.h"
+#include "project/SaveFile.h"
+
+#include <QDialogButtonBox>
+#include <QGroupBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
 namespace quarnel {
 
 PrtResults::PrtResults(Analysis& analysis, QWidget* parent)
@@ -7,8 +20,66 @@ PrtResults::PrtResults(Analysis& analysis, QWidget* parent)
     , analysis_(analysis) {
     setObjectName(QStringLiteral("PrtResults"));
     setWindowTitle(QStringLiteral("Print/Save the Results"));
+    auto* group = new QGroupBox(tr("Summary Report"));
+    auto* choices = new QVBoxLayout(group);
+    const std::array<QString, 2> captions = {QStringLiteral("Save to &File"),
+                                             QStringLiteral("Send to &Printer")};
+    for (std::size_t i = 0; i < Option1.size(); ++i) {
+        Option1[i] = new QRadioButton(captions[i]);
+        Option1[i]->setObjectName(QStringLiteral("Option1_") + QString::number(i));
+        connect(Option1[i], &QRadioButton::toggled, this, &PrtResults::ShowChoice);
+        choices->addWidget(Option1[i]);
+    }
+    auto* buttons = new QDialogButtonBox;
+    CmdPrtResults = buttons->addButton(QString(), QDialogButtonBox::ActionRole);
+    CmdPrtResults->setObjectName(QStringLiteral("CmdPrtResults"));
+    CmdPrtResults->setDefault(true);
+    auto* close = buttons->addButton(QStringLiteral("Close"), QDialogButtonBox::RejectRole);
+    close->setObjectName(QStringLiteral("CmdClose"));
+    connect(CmdPrtResults, &QPushButton::clicked, this, &PrtResults::Carry);
+    connect(close, &QPushButton::clicked, this, &QDialog::hide);
+    auto* rows = new QVBoxLayout(this);
+    rows->addWidget(group);
+    rows->addWidget(buttons);
+    setMinimumWidth(fontMetrics().averageCharWidth() * 44);
+    ShowState();
 }
 
-void PrtResults::ShowState() {}
+void PrtResults::ShowState() {
+    Option1[0]->setChecked(true);
+    ShowChoice();
+}
+
+void PrtResults::ShowChoice() {
+    CmdPrtResults->setText(Option1[0]->isChecked() ? tr("&Save...") : tr("P&rint"));
+}
+
+void PrtResults::Carry() {
+    if (Option1[0]->isChecked())
+        SaveToFile();
+    else
+        SendToPrinter();
+}
+
+void PrtResults::SaveToFile() {
+    const QString path = ChooseNameToSave(this, QStringLiteral("Save the Results"),
+                                          {QStringLiteral("Quarnel 2 (*.res)(*.res)"),
+                                           QStringLiteral("out files (*.out)(*.out)"),
+                                           QStringLiteral("All Files (*.*)(*)")});
+    if (path.isEmpty())
+        return;
+    FileFailure failure = FileFailure::None;
+    {
+        const BusyPointer busy;
+        failure = SaveFileBytes(ToUtf8(path), ReportBytes(analysis_));
+    }
+    if (failure != FileFailure::None)
+        ShowMessage(this, ToQString(FileErrorMessage(failure)));
+}
+
+void PrtResults::SendToPrinter() {
+    PrintDocument(this, QStringLiteral("Slug test summary"),
+                  [this](const Paper& paper) { return SummaryReportPages(analysis_, paper); });
+}
 
 } // namespace quarnel

@@ -3,19 +3,30 @@
 #include "kcompute/Analysis.h"
 
 #include <QDialog>
+#include <array>
+
+class QPushButton;
+class QRadioButton;
 
 namespace quarnel {
 
-/// The window "Print/Save the Results".
+/// The window "Print/Save the Results": the summary report into a text file or onto paper.
 class PrtResults : public QDialog {
     Q_OBJECT
 public:
     explicit PrtResults(Analysis& analysis, QWidget* parent = nullptr);
-    /// Shows the analysis again, after New, Open or a computation.
+    /// Back to the first choice, after New or Open.
     void ShowState();
 
 private:
+    void ShowChoice();
+    void Carry();
+    void SaveToFile();
+    void SendToPrinter();
+
     Analysis& analysis_;
+    std::array<QRadioButton*, 2> Option1 = {};
+    QPushButton* CmdPrtResults = nullptr;
 };
 
 } // namespace quarnel

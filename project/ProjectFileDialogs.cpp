@@ -31,17 +31,21 @@ QString RecentFolder() {
     return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
 }
 
-/// The system's file dialog with the program's three file types. Each filter holds its caption,
-/// which names the pattern, and after it the pattern itself: a desktop's dialog shows the caption
-/// alone. "All Files" is every file, also one without a dot in its name.
+/// Each filter holds its caption, which names the pattern, and after it the pattern itself: a
+/// desktop's dialog shows the caption alone. "All Files" is every file, also one without a dot in
+/// its name.
+QStringList ProjectFilters() {
+    return {QStringLiteral("Quarnel 2 (*.qn2)(*.qn2)"), QStringLiteral("in files (*.in)(*.in)"),
+            QStringLiteral("All Files (*.*)(*)")};
+}
+
+/// The system's file dialog, which takes a name without the blanks around it.
 class ProjectFileDialog : public QFileDialog {
 public:
-    ProjectFileDialog(QWidget* parent, const QString& caption)
+    ProjectFileDialog(QWidget* parent, const QString& caption, const QStringList& filters)
         : QFileDialog(parent, caption, RecentFolder()) {
         setOption(QFileDialog::HideNameFilterDetails);
-        setNameFilters({QStringLiteral("Quarnel 2 (*.qn2)(*.qn2)"),
-                        QStringLiteral("in files (*.in)(*.in)"),
-                        QStringLiteral("All Files (*.*)(*)")});
+        setNameFilters(filters);
     }
 
     /// The chosen name, "" when there is none.
@@ -63,7 +67,7 @@ protected:
 } // namespace
 
 QString ChooseProjectToOpen(QWidget* parent) {
-    ProjectFileDialog dialog(parent, QStringLiteral("Open"));
+    ProjectFileDialog dialog(parent, QStringLiteral("Open"), ProjectFilters());
     dialog.setObjectName(QStringLiteral("OpenProjectDialog"));
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
@@ -71,7 +75,11 @@ QString ChooseProjectToOpen(QWidget* parent) {
 }
 
 QString ChooseNameToSave(QWidget* parent) {
-    ProjectFileDialog dialog(parent, QStringLiteral("Save As"));
+    return ChooseNameToSave(parent, QStringLiteral("Save As"), ProjectFilters());
+}
+
+QString ChooseNameToSave(QWidget* parent, const QString& caption, const QStringList& filters) {
+    ProjectFileDialog dialog(parent, caption, filters);
     dialog.setObjectName(QStringLiteral("SaveProjectDialog"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 class QWidget;
 
@@ -14,6 +15,10 @@ QString ChooseProjectToOpen(QWidget* parent);
 /// the overwriting of an existing file. Returns the full path without blanks around it, "" when the
 /// user cancelled.
 QString ChooseNameToSave(QWidget* parent);
+
+/// The same for another kind of file. A filter is what the dialog shows, followed by its patterns
+/// in parentheses: "Quarnel 2 (*.res)(*.res)".
+QString ChooseNameToSave(QWidget* parent, const QString& caption, const QStringList& filters);
 
 /// The next dialog starts in the folder of `path`, in this run of the program or a later one.
 void RememberFolderOf(const QString& path);

@@ -1,0 +1,87 @@
+#include "output/PagePainter.h"
+
+#include "output/PlotPainter.h"
+#include "output/PrintedPlot.h"
+
+#include <QBuffer>
+#include <QLocale>
+#include <QPainter>
+#include <QPdfWriter>
+#include <memory>
+
+namespace quarnel {
+
+namespace {
+
+constexpr double TwipsPerPoint = 20;
+constexpr double TwipsPerInch = 1440;
+constexpr double UsualMarginPoints = 18;
+
+/// Inks of paper: black on white, whatever the desktop's colours are.
+PlotInks PaperInks() {
+    PlotInks inks;
+    inks.fontFamily = QStringLiteral("Arial");
+    return inks;
+}
+
+} // namespace
+
+Pages PlotPages(const Analysis& analysis, const Paper& paper) {
+    return {1, [&analysis, paper](std::size_t) {
+                return DrawPlotPage(analysis, paper.printableWidth, paper.printableHeight);
+            }};
+}
+
+Pages SummaryReportPages(const Analysis& analysis, const Paper& paper) {
+    const auto report = std::make_shared<ReportPages>(analysis, paper);
+    return {report->Count(), [report](std::size_t page) { return report->Page(page); }};
+}
+
+Paper PaperOf(const QPageLayout& layout) {
+    const QRectF area = layout.paintRect(QPageLayout::Point);
+    const QMarginsF margins = layout.margins(QPageLayout::Point);
+    Paper paper;
+    paper.printableWidth = area.width() * TwipsPerPoint;
+    paper.printableHeight = area.height() * TwipsPerPoint;
+    paper.marginLeft = margins.left() * TwipsPerPoint;
+    paper.marginTop = margins.top() * TwipsPerPoint;
+    paper.marginRight = margins.right() * TwipsPerPoint;
+    paper.marginBottom = margins.bottom() * TwipsPerPoint;
+    return paper;
+}
+
+QPageLayout PdfPageLayout() {
+    const bool letter = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
+    return {QPageSize(letter ? QPageSize::Letter : QPageSize::A4), QPageLayout::Portrait,
+            QMarginsF(UsualMarginPoints, UsualMarginPoints, UsualMarginPoints, UsualMarginPoints),
+            QPageLayout::Point};
+}
+
+bool PaintPages(QPagedPaintDevice& device, const Pages& pages) {
+    QPainter painter;
+    if (!painter.begin(&device))
+        return false;
+    painter.scale(device.logicalDpiX() / TwipsPerInch, device.logicalDpiY() / TwipsPerInch);
+    const PlotInks inks = PaperInks();
+    for (std::size_t page = 0; page < pages.count; ++page) {
+        if (page > 0 && !device.newPage())
+            return false;
+        PaintPlot(painter, pages.page(page), inks);
+    }
+    return painter.end();
+}
+
+QByteArray PdfOfPages(const QPageLayout& layout, const QString& title, const PagesFor& pagesFor) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setTitle(title);
+    writer.setCreator(QStringLiteral("Quarnel"));
+    writer.setPageLayout(layout);
+    if (!PaintPages(writer, pagesFor(PaperOf(layout))))
+        return {};
+    return bytes;
+}
+
+} // namespace quarnel

@@ -1,0 +1,99 @@
+#include "kcompute/Analysis.h"
+#include "output/PagePainter.h"
+#include "output/PlotExport.h"
+#include "project/SaveFile.h"
+#include "project/SystemLocale.h"
+#include "project/Texts.h"
+
+#include <QCommandLineParser>
+#include <QFile>
+#include <QGuiApplication>
+#include <cstdio>
+
+// Paints for quarnel-cli, which runs without Qt Gui itself.
+
+namespace quarnel {
+
+namespace {
+
+enum ExitStatus { Done = 0, Failed = 1, WrongUse = 2 };
+
+/// A plot on screen is this large; a picture of it is too (twips).
+constexpr double PictureWidth = 11520;
+constexpr double PictureHeight = 8640;
+
+bool HasEnding(const std::string& path, std::string_view upperCaseEnding) {
+    return UpperCaseAscii(path).ends_with(upperCaseEnding);
+}
+
+void Say(const std::string& file, const std::string& message) {
+    std::fprintf(stderr, "%s: %s\n", file.c_str(), message.c_str());
+}
+
+FileFailure Write(const Analysis& analysis, const std::string& out) {
+    if (!HasEnding(out, ".PDF"))
+        return ExportPlot(
+            DrawPlot(analysis.computed, ScreenPlotLayout(PictureWidth, PictureHeight)), out);
+    const QByteArray bytes =
+        PdfOfPages(PdfPageLayout(), QStringLiteral("Slug test plot"),
+                   [&analysis](const Paper& paper) { return PlotPages(analysis, paper); });
+    if (bytes.isEmpty())
+        return FileFailure::OutOfMemory;
+    return SaveFileBytes(out, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+}
+
+int PlotFile(const std::string& file, const std::string& out) {
+    Analysis analysis;
+    analysis.state.DecimalSeparator = SystemDecimalSeparator();
+    const ReadReport report = OpenProjectFile(file, analysis);
+    for (const std::string& message : report.messages)
+        Say(file, message);
+    if (report.format == FileFormat::Unrecognised)
+        return Failed;
+    const Preparation preparation = PrepareComputation(analysis);
+    for (const std::string& warning : {preparation.coefficientWarning, preparation.yWarning})
+        if (!warning.empty())
+            Say(file, warning);
+    Result result = preparation.result;
+    if (!result.IsError())
+        result = ComputeAndKeep(analysis);
+    if (result.IsError()) {
+        Say(file, result.message);
+        return Failed;
+    }
+    if (!FittedLineFalls(analysis.computed))
+        Say(file, std::string(RisingSlopeMessage));
+    const FileFailure failure = Write(analysis, out);
+    if (failure != FileFailure::None)
+        Say(out, FileErrorMessage(failure));
+    return failure == FileFailure::None && report.messages.empty() ? Done : Failed;
+}
+
+} // namespace
+
+int RunPlot(const QStringList& arguments) {
+    QCommandLineParser parser;
+    const QCommandLineOption out(QStringLiteral("o"), QStringLiteral("The file to write."),
+                                 QStringLiteral("OUT"));
+    parser.addOption(out);
+    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The project."));
+    const bool parsed = parser.parse(arguments);
+    const std::string target = QFile::encodeName(parser.value(out)).toStdString();
+    const bool known =
+        HasEnding(target, ".PDF") || HasEnding(target, ".SVG") || HasEnding(target, ".PNG");
+    if (!parsed || parser.positionalArguments().size() != 1 || !known) {
+        std::fprintf(stderr, "Usage: quarnel-plot -o OUT.pdf|OUT.svg|OUT.png FILE\n");
+        return WrongUse;
+    }
+    return PlotFile(QFile::encodeName(parser.positionalArguments().constFirst()).toStdString(),
+                    target);
+}
+
+} // namespace quarnel
+
+int main(int argc, char** argv) {
+    // Painting on paper and pictures needs fonts but no screen.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    return quarnel::RunPlot(QGuiApplication::arguments());
+}
