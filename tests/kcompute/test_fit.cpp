@@ -253,6 +253,37 @@ TEST(ComputeK, TimesFarFromZeroForTheirSpreadAreAnError) {
     EXPECT_EQ(hour.computed.FitSlope, FitLnYAgainstTime(*hour.computed.RecoveryPoints).slope);
 }
 
+TEST(ComputeK, TheSlopeMayLoseATenThousandthPart) {
+    const auto rowsFrom = [](long start) {
+        std::vector<RecoveryRow> rows;
+        for (const char* y : {"5", "4", "3.2", "2.5"}) {
+            rows.push_back({std::to_string(start), y});
+            start += 10;
+        }
+        return rows;
+    };
+    // Relative differences of the two slopes: 3e-6 and 8e-4.
+    Analysis near = Prepared(rowsFrom(10'000'000));
+    EXPECT_EQ(ComputeK(near.state, near.computed).message, "");
+    Analysis far = Prepared(rowsFrom(50'000'000));
+    EXPECT_EQ(ComputeK(far.state, far.computed).message, TimesTooLarge);
+    const RecoveryPointList& points = *far.computed.RecoveryPoints;
+    const double lost = FitLnYAgainstTime(points).slope / SlopeAboutMeanTime(points) - 1;
+    EXPECT_GT(std::fabs(lost), 1e-4);
+    EXPECT_LT(std::fabs(lost), 1e-2);
+}
+
+TEST(ComputeK, NoiseOfALevelLineFarFromZeroIsNoFault) {
+    // The mean of nine equal logarithms misses them by a rounding, so neither slope is quite 0.
+    std::vector<RecoveryRow> rows;
+    for (long i = 0; i < 9; ++i)
+        rows.push_back({std::to_string(1712900000 + 10 * i + i * i % 7), "5"});
+    Analysis analysis = Prepared(rows);
+    EXPECT_EQ(ComputeK(analysis.state, analysis.computed).message, "");
+    EXPECT_NE(SlopeAboutMeanTime(*analysis.computed.RecoveryPoints), 0);
+    EXPECT_TRUE(analysis.computed.KIsComputed);
+}
+
 TEST(ComputeK, ALevelLineFarFromZeroIsNoFault) {
     // What is lost of a slope of zero is noise around zero.
     Analysis analysis = Prepared({{"1712900000", "5"}, {"1712900010", "5"}, {"1712900020", "5"}});

@@ -167,16 +167,6 @@ TEST_F(Files, WhatCannotBeReadSaysWhy) {
     }
 }
 
-TEST_F(Files, AFileTooLargeForMemoryIsOutOfMemory) {
-    const std::string path = Write("sparse", "");
-    std::error_code error;
-    fs::resize_file(path, std::uintmax_t{1} << 46U, error);
-    if (error) // a file system without such files cannot show it either
-        fs::resize_file(path, std::uintmax_t{1} << 43U, error);
-    ASSERT_FALSE(error) << error.message();
-    EXPECT_EQ(ReadFileBytes(path).failure, FileFailure::OutOfMemory);
-}
-
 TEST_F(Files, OpensAProjectFromDisk) {
     const std::string path =
         Write("p.qn2", "\"QUARNEL PROJECT FILE\"\r\n\"WELLGEO\",\"H\",\"5\"\r\n");

@@ -8,11 +8,13 @@
 #include <algorithm>
 #include <cstdlib>
 #include <ctime>
+#include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
 #include <malloc.h>
 #include <new>
 #include <set>
+#include <unistd.h>
 
 namespace {
 
@@ -27,6 +29,11 @@ Allocations allocations;
 } // namespace
 
 // NOLINTBEGIN(misc-definitions-in-headers, cppcoreguidelines-no-malloc)
+// The address sanitizer would end the program where memory runs out instead of saying so.
+extern "C" const char* __asan_default_options() { // NOLINT(bugprone-reserved-identifier)
+    return "allocator_may_return_null=1";
+}
+
 void* operator new(std::size_t size) {
     if (++allocations.count == allocations.failAt)
         throw std::bad_alloc();
@@ -340,6 +347,20 @@ TEST(OutOfMemory, IsToldWhereverItRunsOut) {
         }
         EXPECT_GT(failures, 4U);
     }
+}
+
+TEST(OutOfMemory, IsToldOfAFileLargerThanMemory) {
+    std::string path = (std::filesystem::temp_directory_path() / "quarnel-sparse-XXXXXX").string();
+    const int file = mkstemp(path.data());
+    ASSERT_GE(file, 0);
+    // It holds nothing: only its size is there. Not every file system goes as far as another.
+    off_t size = off_t{1} << 46;
+    while (ftruncate(file, size) != 0 && size > off_t{1} << 40)
+        size /= 2;
+    close(file);
+    const FileFailure failure = ReadFileBytes(path).failure;
+    std::filesystem::remove(path);
+    EXPECT_EQ(failure, FileFailure::OutOfMemory);
 }
 
 TEST(OutOfMemory, KeepsTheRowsReadBefore) {

@@ -4,13 +4,13 @@
 
 #include "tests/CoreTestSupport.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <limits>
-#include <regex>
 
 namespace quarnel {
 namespace {
@@ -171,14 +171,34 @@ TEST(ParseNumber, TheLocalesSeparatorCountsBesideThePoint) {
     EXPECT_FALSE(ParseNumber("1,5", "").has_value());
 }
 
-/// The same grammar written as a pattern, and the C library's conversion for the value.
+/// Takes characters of `allowed` off the front of `text`, at most `most`, and says how many.
+std::size_t Take(std::string_view& text, std::string_view allowed, std::size_t most) {
+    std::size_t taken = 0;
+    while (taken < most && taken < text.size() && allowed.find(text[taken]) != allowed.npos)
+        ++taken;
+    text.remove_prefix(taken);
+    return taken;
+}
+
+/// The grammar read letter by letter, and the C library's conversion for the value.
 std::optional<double> SlowParse(const std::string& text, bool comma) {
-    static const std::regex point(" *([+-]?([0-9]+[.]?[0-9]*|[.][0-9]+)([eE][+-]?[0-9]+)?) *");
-    static const std::regex either(" *([+-]?([0-9]+[.,]?[0-9]*|[.,][0-9]+)([eE][+-]?[0-9]+)?) *");
-    std::smatch match;
-    if (!std::regex_match(text, match, comma ? either : point))
+    constexpr std::string_view Digits = "0123456789";
+    std::string_view rest = text;
+    Take(rest, " ", rest.size());
+    std::string number(rest);
+    Take(rest, "+-", 1);
+    std::size_t digits = Take(rest, Digits, rest.size());
+    if (Take(rest, comma ? ".," : ".", 1) == 1)
+        digits += Take(rest, Digits, rest.size());
+    if (digits == 0)
         return std::nullopt;
-    std::string number = match[1];
+    if (Take(rest, "eE", 1) == 1) {
+        Take(rest, "+-", 1);
+        if (Take(rest, Digits, rest.size()) == 0)
+            return std::nullopt;
+    }
+    if (Take(rest, " ", rest.size()); !rest.empty())
+        return std::nullopt;
     std::replace(number.begin(), number.end(), ',', '.');
     const double value = std::strtod(number.c_str(), nullptr);
     return std::isinf(value) ? std::nullopt : std::optional<double>(value);
