@@ -101,4 +101,12 @@ TEST_F(CliConvertTest, ItemsPassedOverAreToldButNoFailure) {
     EXPECT_EQ(ReadBytes("out.qn2"), ReadBytes("a.qn2"));
 }
 
+TEST_F(CliConvertTest, OldInputFileConvertedOntoItselfIsKeptBesideIt) {
+    CopyExample("pratt-county-1998.in");
+    const std::string before = ReadBytes("pratt-county-1998.in");
+    EXPECT_EQ(Convert("pratt-county-1998.in", "pratt-county-1998.in").status, 0);
+    EXPECT_EQ(ReadBytes("pratt-county-1998.in").find("\"QUARNEL PROJECT FILE\"\r\n"), 0U);
+    EXPECT_EQ(ReadBytes("pratt-county-1998.in.bak"), before);
+}
+
 } // namespace quarnel::test
