@@ -5,8 +5,14 @@
 #include "project/Files.h"
 
 #include <QEvent>
+#include <QIcon>
 #include <exception>
 #include <new>
+
+// The icon lies in a static library, where a linker drops its registration unless it is asked for.
+static void RegisterIcon() {
+    Q_INIT_RESOURCE(quarnel);
+}
 
 namespace quarnel {
 
@@ -20,6 +26,9 @@ QuarnelApplication::QuarnelApplication(int& argc, char** argv)
     : QApplication(argc, argv) {
     NameApplication();
     setDesktopFileName(QStringLiteral("quarnel"));
+    // Pixels: a window's icon is needed at the start, and reading a drawing would slow that down.
+    RegisterIcon();
+    setWindowIcon(QIcon(QStringLiteral(":/app/quarnel.png")));
 }
 
 bool QuarnelApplication::notify(QObject* receiver, QEvent* event) {

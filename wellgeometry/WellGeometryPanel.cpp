@@ -18,6 +18,8 @@ namespace quarnel {
 
 namespace {
 
+constexpr int RibbonPadding = 24;
+
 /// What each box means and in which unit it is entered.
 constexpr std::array<const char*, 6> FieldToolTips = {
     "H: depth from the water table to the impervious bottom, in the vertical unit. Must be > 0.",
@@ -140,6 +142,15 @@ QPushButton* WellGeometryPanel::BuildRibbon(const QString& name, const QString& 
     ribbon->setObjectName(name);
     ribbon->setCheckable(true);
     ribbon->setToolTip(toolTip);
+    // Some styles hardly show which of two buttons is pressed; bold letters do in all of them.
+    QFont bold = ribbon->font();
+    bold.setBold(true);
+    ribbon->setMinimumWidth(QFontMetrics(bold).horizontalAdvance(text) + RibbonPadding);
+    connect(ribbon, &QPushButton::toggled, ribbon, [ribbon](bool pressed) {
+        QFont font = ribbon->font();
+        font.setBold(pressed);
+        ribbon->setFont(font);
+    });
     return ribbon;
 }
 
