@@ -25,7 +25,7 @@ double Parsed(std::string_view text) {
 /// The floor: the two million numbers alone.
 void ParseNumbers(benchmark::State& state) {
     const quarnel::Analysis& analysis = Opened();
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         double sum = 0;
         for (const quarnel::RecoveryRow& row : analysis.state.RecDatGrid) {
             sum += Parsed(row.time);
@@ -35,11 +35,10 @@ void ParseNumbers(benchmark::State& state) {
     }
     state.SetItemsProcessed(1'000'000 * state.iterations());
 }
-BENCHMARK(ParseNumbers)->Unit(benchmark::kMillisecond);
 
 void CheckComputeYAndFit(benchmark::State& state) {
     quarnel::Analysis& analysis = Opened();
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         if (quarnel::PrepareComputation(analysis).result.IsError() ||
             quarnel::ComputeK(analysis.state, analysis.computed).IsError() ||
             analysis.computed.usedCount != 1'000'000) {
@@ -50,8 +49,14 @@ void CheckComputeYAndFit(benchmark::State& state) {
     }
     state.SetItemsProcessed(1'000'000 * state.iterations());
 }
-BENCHMARK(CheckComputeYAndFit)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    benchmark::RegisterBenchmark("ParseNumbers", ParseNumbers)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("CheckComputeYAndFit", CheckComputeYAndFit)
+        ->Unit(benchmark::kMillisecond);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -72,7 +72,7 @@ void StartToFirstPaint(benchmark::State& state, const char* platform) {
     Environment environment(platform);
     std::vector<double> program;
     std::vector<double> label;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         program.push_back(MillisecondsToFirstPaint(FIRST_PAINT_PROGRAM, environment));
         label.push_back(MillisecondsToFirstPaint(FIRST_PAINT_LABEL, environment));
         if (program.back() < 0 || label.back() < 0) {

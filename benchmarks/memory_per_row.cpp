@@ -33,7 +33,7 @@ void SettleEvents() {
 }
 
 void MemoryPerRow(benchmark::State& state) {
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         const auto window = quarnel::SetUpMainWindow();
         quarnel::ResetProject(*window);
         window->StartUp();
@@ -59,13 +59,15 @@ void MemoryPerRow(benchmark::State& state) {
         state.counters["computed_bytes_per_row"] = (ResidentBytes() - before) / Rows;
     }
 }
-BENCHMARK(MemoryPerRow)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
 int main(int argc, char** argv) {
     const quarnel::QuarnelApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
+    benchmark::RegisterBenchmark("MemoryPerRow", MemoryPerRow)
+        ->Iterations(1)
+        ->Unit(benchmark::kMillisecond);
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

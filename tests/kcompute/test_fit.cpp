@@ -324,13 +324,14 @@ TEST(DisplayedK, HasAFactorForEveryUnit) {
     const double lengths[] = {1 / 2.54, 1 / 30.48, 1, 1.0 / 100};
     const double times[] = {1, 60, 3600, 86400};
     ProjectState state;
-    for (int length = 0; length < 4; ++length)
+    for (int length = 0; length < 4; ++length) {
         for (int time = 0; time < 4; ++time) {
             state.CmboKLengthUnits = length;
             state.CmboKTimeUnits = time;
             EXPECT_EQ(DisplayedK(state, 0.0123),
                       static_cast<float>(times[time] * 0.0123 * lengths[length]));
         }
+    }
 }
 
 TEST(DisplayedK, IsNothingWithoutAUnit) {

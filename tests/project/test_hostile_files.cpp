@@ -30,7 +30,7 @@ Allocations allocations;
 
 // NOLINTBEGIN(misc-definitions-in-headers, cppcoreguidelines-no-malloc)
 // The address sanitizer would end the program where memory runs out instead of saying so.
-extern "C" const char* __asan_default_options() { // NOLINT(bugprone-reserved-identifier)
+extern "C" const char* __asan_default_options() { // NOLINT
     return "allocator_may_return_null=1";
 }
 
@@ -108,7 +108,7 @@ std::string Nonsense(std::size_t bytes) {
 }
 
 const std::vector<Hostile>& HostileFiles() {
-    static const std::vector<Hostile> files = {
+    static const std::vector<Hostile> Files = {
         {"zero bytes", [](std::size_t n) { return std::string(n, '\0'); }},
         {"a header, then zero bytes", [](std::size_t n) { return Header + std::string(n, '\0'); }},
         {"commas", [](std::size_t n) { return Header + std::string(n, ','); }},
@@ -155,14 +155,14 @@ const std::vector<Hostile>& HostileFiles() {
              return LegacyHead + "1 1 1 1 1 1\n\n1e300\n\n" + std::string(n, '\n');
          }},
     };
-    return files;
+    return Files;
 }
 
 TEST(HostileFiles, AreToldWithTheKnownMessagesOnly) {
     const std::set<std::string> known = {
         "6 Overflow", "13 Type mismatch", "62 Input past end of file", "380 Invalid property value",
         "The file selected does not appear to be a QUARNEL input file."};
-    for (const Hostile& hostile : HostileFiles())
+    for (const Hostile& hostile : HostileFiles()) {
         for (const std::size_t size : {0U, 1U, 100U, 100'000U}) {
             ProjectState state = test::SmallProject();
             const ReadReport report = OpenProjectBytes(hostile.make(size), "p", state);
@@ -178,6 +178,7 @@ TEST(HostileFiles, AreToldWithTheKnownMessagesOnly) {
                 EXPECT_GE(state.RecDatGrid.size(), 50U);
             }
         }
+    }
 }
 
 TEST(HostileFiles, TakeMemoryWithinAFewTimesTheirSize) {
@@ -219,7 +220,7 @@ TEST(HostileFiles, TakeTimeThatGrowsAsTheirSizeDoes) {
 
 TEST(HostileFiles, AHundredMegabytesOfOneLineAreToldAndLeaveTheProject) {
     ProjectState state = test::SmallProject();
-    const ReadReport report = OpenProjectBytes(std::string(100'000'000, 'x'), "p", state);
+    const ReadReport report = OpenProjectBytes(Repeat("x", 100'000'000), "p", state);
     EXPECT_EQ(report.messages,
               Messages{"The file selected does not appear to be a QUARNEL input file."});
     EXPECT_EQ(test::Dump(state), test::Dump(test::SmallProject()));

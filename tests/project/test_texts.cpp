@@ -81,58 +81,16 @@ TEST(ParseNumber, TakesEveryFormOfATypedNumber) {
 }
 
 TEST(ParseNumber, RefusesEverythingElse) {
-    const std::string_view cases[] = {"",
-                                      " ",
-                                      "abc",
-                                      "-",
-                                      "+",
-                                      ".",
-                                      "-.",
-                                      "e5",
-                                      ".e5",
-                                      "1e",
-                                      "1e+",
-                                      "1e-",
-                                      "1 2",
-                                      "1,5",
-                                      "1.2.3",
-                                      "..5",
-                                      "--5",
-                                      "+-5",
-                                      "-+5",
-                                      "++5",
-                                      "- 5",
-                                      "0x10",
-                                      "1f",
-                                      "1d3",
-                                      "inf",
-                                      "-inf",
-                                      "INF",
-                                      "nan",
-                                      "NaN",
-                                      "infinity",
-                                      "1e5.0",
-                                      "1'000",
-                                      "1_000",
-                                      "\t5",
-                                      "5\t",
-                                      "5\n",
-                                      "\xC2\xA0"
-                                      "5",
-                                      "5\xC2\xA0",
-                                      "５",
-                                      "1e1e1",
-                                      "$5",
-                                      "5 ft",
-                                      "1e 5",
-                                      "−5"};
+    const std::string_view cases[] = {
+        "",        " ",         "abc",      "-",     "+",     ".",     "-.",   "e5",   ".e5",
+        "1e",      "1e+",       "1e-",      "1 2",   "1,5",   "1.2.3", "..5",  "--5",  "+-5",
+        "-+5",     "++5",       "- 5",      "0x10",  "1f",    "1d3",   "inf",  "-inf", "INF",
+        "nan",     "NaN",       "infinity", "1e5.0", "1'000", "1_000", "\t5",  "5\t",  "5\n",
+        "\u00A05", "5\xC2\xA0", "５",       "1e1e1", "$5",    "5 ft",  "1e 5", "−5"};
     for (const std::string_view text : cases)
         EXPECT_FALSE(ParseNumber(text).has_value()) << '[' << text << ']';
     EXPECT_FALSE(ParseNumber(std::string_view("5\0", 2)).has_value());
-    EXPECT_FALSE(ParseNumber(std::string_view("\0"
-                                              "5",
-                                              2))
-                     .has_value());
+    EXPECT_FALSE(ParseNumber(std::string_view("\0\x35", 2)).has_value());
 }
 
 TEST(ParseNumber, AMagnitudeBeyondADoubleIsNoNumber) {
