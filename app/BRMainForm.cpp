@@ -76,6 +76,7 @@ BRMainForm::BRMainForm(QWidget* parent)
     status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     status_->setTextFormat(Qt::PlainText);
     statusBar()->addWidget(status_, 1);
+    setAcceptDrops(true);
     qApp->installEventFilter(this);
 }
 

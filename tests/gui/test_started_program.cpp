@@ -1,0 +1,157 @@
+// The real program, started as a desktop starts it, on a virtual X server: what the person in front
+// of the screen sees in the title bar.
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace quarnel::windowtest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString Title = u"Quarnel: Bouwer-Rice Slug Test Analysis"_s;
+const QString Examples = QStringLiteral(QUARNEL_SOURCE_DIR "/examples");
+
+/// What a program that has ended left.
+struct Ended {
+    int status = -1;
+    QString out;
+    QString err;
+};
+
+} // namespace
+
+class TestStartedProgram : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    /// One screen for all tests; the server itself chooses a free number and prints it.
+    void initTestCase() {
+        server_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        server_.start(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, u"1024x768x24"_s,
+                                  u"-nolisten"_s, u"tcp"_s});
+        QVERIFY2(server_.waitForStarted(-1), "Xvfb is needed");
+        QVERIFY(server_.waitForReadyRead(-1));
+        display_ = u":"_s + QString::fromLatin1(server_.readAllStandardOutput().trimmed());
+        QVERIFY(display_.size() > 1);
+    }
+
+    void cleanupTestCase() { End(server_); }
+
+    void cleanup() {
+        if (program_.state() != QProcess::NotRunning)
+            End(program_);
+    }
+
+    void WithoutAProjectTheTitleIsTheProgramsAlone() {
+        Start({});
+        QCOMPARE(TitleOfWindow(u"^Quarnel: "_s), Title);
+    }
+
+    void AProjectGivenOnTheCommandLineIsOpened() {
+        const QString path = Examples + u"/pratt-county-1998.qn2"_s;
+        Start({path});
+        QCOMPARE(TitleOfWindow(u"^Quarnel: .*/ "_s), Title + u"/ "_s + path);
+    }
+
+    void ANameWithoutFolderBecomesAFullPath() {
+        Start({u"pratt-county-1998.in"_s});
+        QCOMPARE(TitleOfWindow(u"^Quarnel: .*/ "_s),
+                 Title + u"/ "_s + Examples + u"/pratt-county-1998.in"_s);
+    }
+
+    void AMissingProjectIsToldInABoxAndTheProgramGoesOn() {
+        Start({u"missing.qn2"_s});
+        QCOMPARE(TitleOfWindow(u"^Quarnel$"_s), u"Quarnel"_s);
+        QCOMPARE(TitleOfWindow(u"^Quarnel: "_s), Title);
+        QCOMPARE(program_.state(), QProcess::Running);
+    }
+
+    void TwoProjectsAreRefused() {
+        const Ended ended = Finish({u"a.qn2"_s, u"b.qn2"_s}, display_);
+        QCOMPARE(ended.status, 2);
+        QCOMPARE(ended.err, u"quarnel: one project at a time; see quarnel --help\n"_s);
+    }
+
+    void HelpAndVersionNeedNoScreen() {
+        const Ended version = Finish({u"--version"_s}, QString());
+        QCOMPARE(version.status, 0);
+        QCOMPARE(version.out, u"quarnel 3.0.0\n"_s);
+        const Ended help = Finish({u"--help"_s}, QString());
+        QCOMPARE(help.status, 0);
+        QVERIFY(help.out.contains(u"Bouwer-Rice"_s) && help.out.contains(u"[project]"_s));
+    }
+
+private:
+    QProcessEnvironment Environment(const QString& display) const {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
+        environment.remove(u"WAYLAND_DISPLAY"_s);
+        environment.insert(u"XDG_CONFIG_HOME"_s, home_.path());
+        environment.insert(u"XDG_RUNTIME_DIR"_s, home_.path());
+        environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
+        environment.remove(u"DISPLAY"_s);
+        if (!display.isEmpty())
+            environment.insert(u"DISPLAY"_s, display);
+        return environment;
+    }
+
+    void Start(const QStringList& arguments) {
+        program_.setProcessEnvironment(Environment(display_));
+        program_.setWorkingDirectory(Examples);
+        program_.setProcessChannelMode(QProcess::ForwardedChannels);
+        program_.start(QStringLiteral(QUARNEL_PROGRAM), arguments);
+        QVERIFY(program_.waitForStarted(-1));
+    }
+
+    Ended Finish(const QStringList& arguments, const QString& display) const {
+        QProcess program;
+        program.setProcessEnvironment(Environment(display));
+        program.start(QStringLiteral(QUARNEL_PROGRAM), arguments);
+        program.waitForFinished(-1);
+        return {program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1,
+                QString::fromUtf8(program.readAllStandardOutput()),
+                QString::fromUtf8(program.readAllStandardError())};
+    }
+
+    static void End(QProcess& process) {
+        process.terminate();
+        process.waitForFinished(-1);
+    }
+
+    QString Ask(const QStringList& arguments) const {
+        QProcess xdotool;
+        xdotool.setProcessEnvironment(Environment(display_));
+        xdotool.start(u"xdotool"_s, arguments);
+        xdotool.waitForFinished(-1);
+        return QString::fromUtf8(xdotool.readAllStandardOutput());
+    }
+
+    /// Waits for a visible window whose title the pattern fits; "" when the program ends first.
+    QString TitleOfWindow(const QString& pattern) {
+        while (!program_.waitForFinished(20)) {
+            const QStringList found =
+                Ask({u"search"_s, u"--onlyvisible"_s, u"--name"_s, pattern}).split(u'\n');
+            if (!found.constFirst().isEmpty()) {
+                QString title = Ask({u"getwindowname"_s, found.constFirst()});
+                title.chop(1); // the line's end
+                return title;
+            }
+        }
+        return QString();
+    }
+
+    QTemporaryDir home_;
+    QProcess server_;
+    QProcess program_;
+    QString display_;
+};
+
+} // namespace quarnel::windowtest
+
+QTEST_GUILESS_MAIN(quarnel::windowtest::TestStartedProgram)
+#include "test_started_program.moc"
