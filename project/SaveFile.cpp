@@ -55,8 +55,8 @@ FileFailure FollowLinks(std::string& path) {
             return FileFailure::None;
         if (static_cast<std::size_t>(size) == sizeof target)
             return FileFailure::BadFileName;
-        const std::string next(target, static_cast<std::size_t>(size));
-        path = next.front() == '/' ? next : FolderOf(path) + next;
+        path = target[0] == '/' ? std::string() : FolderOf(path);
+        path.append(target, static_cast<std::size_t>(size));
     }
     return FileFailure::PathFileAccess;
 }

@@ -59,12 +59,15 @@ public:
     void OpenFails(const QString& path, const QString& message) {
         const std::string before = ProjectFileText(State()).text;
         const QString title = Window().windowTitle();
+        ClickTab(2);
         Answers answers;
         answers.FileName(path).Box(u"Quarnel"_s, message);
         Choose(u"mnuOpenFile"_s);
         QVERIFY2(answers.AllGiven(), answers.Complaints());
         QCOMPARE(ProjectFileText(State()).text, before);
         QCOMPARE(Window().windowTitle(), title);
+        QCOMPARE(Status(), QString());
+        QCOMPARE(SelectedTab(), 2);
         QCOMPARE(Site(SiteName).text(), u"Untouched"_s);
     }
     QLineEdit& Site(int index) { return Find<QLineEdit>(u"SiteIDText"_s, index); }
@@ -531,17 +534,19 @@ private Q_SLOTS:
         program.OpenFails(program.Write(u"zeros.qn2"_s, QByteArray(5000, '\0')), NotAnInputFile);
     }
 
-    void AFolderAndAMissingFileChangeNothing() {
+    void AFolderAMissingFileAndOneThatCannotBeReadChangeNothing() {
         FilesProgram program;
         TypeInto(program.Site(SiteName), u"Untouched"_s);
         const std::string before = ProjectFileText(program.State()).text;
         Answers answers;
         answers.Box(u"Quarnel"_s, u"75 Path/File access error"_s)
             .Box(u"Quarnel"_s, u"53 File not found"_s)
-            .Box(u"Quarnel"_s, u"76 Path not found"_s);
+            .Box(u"Quarnel"_s, u"76 Path not found"_s)
+            .Box(u"Quarnel"_s, u"57 Device I/O error"_s);
         program.Window().OpenPath(program.Path(QString()));
         program.Window().OpenPath(program.Path(u"missing.qn2"_s));
         program.Window().OpenPath(program.Path(u"gone/missing.qn2"_s));
+        program.Window().OpenPath(u"/proc/self/mem"_s); // a plain file whose first byte is a fault
         QVERIFY2(answers.AllGiven(), answers.Complaints());
         QCOMPARE(ProjectFileText(program.State()).text, before);
         QCOMPARE(program.Window().windowTitle(), Title);

@@ -76,10 +76,8 @@ TEST_F(InterruptedSave, CallsOfASaveAreSeen) {
 TEST_F(InterruptedSave, KilledAtEveryCallLeavesOldOrNew) {
     for (const bool keep : {false, true}) {
         int n = 1;
-        for (;; ++n) {
-            const FailedRun run = SaveFailingAt(n, 0, keep);
-            if (run.status == 0)
-                break;
+        FailedRun run = SaveFailingAt(n, 0, keep);
+        for (; run.status != 0; run = SaveFailingAt(++n, 0, keep)) {
             ASSERT_EQ(run.status, -SIGKILL) << "call " << n;
             ASSERT_EQ(run.calls.size(), static_cast<std::size_t>(n));
             const bool renamed = Count(run, "rename") > 0 && run.calls.back() != "rename";
@@ -94,7 +92,7 @@ TEST_F(InterruptedSave, KilledAtEveryCallLeavesOldOrNew) {
 TEST_F(InterruptedSave, FailureAtEveryCallLeavesOldOrNewAndNoLitter) {
     for (const auto& [error, message] :
          {std::pair(ENOSPC, "61 Disk full\n"), std::pair(EIO, "57 Device I/O error\n"),
-          std::pair(EACCES, "70 Permission denied\n")})
+          std::pair(EACCES, "70 Permission denied\n")}) {
         for (const bool keep : {false, true}) {
             for (int n = 1;; ++n) {
                 const FailedRun run = SaveFailingAt(n, error, keep);
@@ -114,6 +112,7 @@ TEST_F(InterruptedSave, FailureAtEveryCallLeavesOldOrNewAndNoLitter) {
             }
             EXPECT_TRUE(IsNew());
         }
+    }
 }
 
 TEST_F(InterruptedSave, TwoSavesAtOnceLeaveOneOfThemWhole) {
