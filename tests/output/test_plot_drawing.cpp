@@ -1,0 +1,208 @@
+#include "output/PlotDrawing.h"
+
+#include "kcompute/Analysis.h"
+
+#include <algorithm>
+#include <cmath>
+#include <gtest/gtest.h>
+
+namespace quarnel {
+
+namespace {
+
+constexpr double Width = 10000;
+constexpr double Height = 8000;
+// The described margins: 1250 left, 750 right, 1000 above and below.
+constexpr double Left = 1250;
+constexpr double Right = Width - 750;
+constexpr double Top = 1000;
+constexpr double AxisY = Height - 1000;
+
+/// Changes in head of (time, Y), in seconds and centimetres, all used.
+Analysis Computed(const std::vector<std::pair<const char*, const char*>>& readings) {
+    Analysis analysis;
+    analysis.state.WellGeoText = {"10", "8", "5", "8", "2", "0"};
+    analysis.state.RecDatDataTypeDDL = ChangeInHead;
+    analysis.state.RecDatWaterLevelUnitsDDL = Centimetre;
+    for (std::size_t i = 0; i < readings.size(); ++i)
+        analysis.state.RecDatGrid[i] = {readings[i].first, readings[i].second};
+    PrepareComputation(analysis);
+    ComputeAndKeep(analysis);
+    return analysis;
+}
+
+PlotDrawing Draw(const Analysis& analysis) {
+    return DrawPlot(analysis.computed, ScreenPlotLayout(Width, Height));
+}
+
+bool HasLine(const PlotDrawing& drawing, double x1, double y1, double x2, double y2) {
+    return std::any_of(drawing.lines.begin(), drawing.lines.end(), [&](const PlotLine& line) {
+        return std::fabs(line.x1 - x1) < 1e-9 && std::fabs(line.y1 - y1) < 1e-9 &&
+               std::fabs(line.x2 - x2) < 1e-9 && std::fabs(line.y2 - y2) < 1e-9;
+    });
+}
+
+const PlotLabel& Label(const PlotDrawing& drawing, const std::string& text) {
+    static const PlotLabel none;
+    const auto found = std::find_if(drawing.labels.begin(), drawing.labels.end(),
+                                    [&](const PlotLabel& label) { return label.text == text; });
+    EXPECT_NE(found, drawing.labels.end()) << text;
+    return found == drawing.labels.end() ? none : *found;
+}
+
+const PlotLine* RedLine(const PlotDrawing& drawing) {
+    const auto found =
+        std::find_if(drawing.lines.begin(), drawing.lines.end(),
+                     [](const PlotLine& line) { return line.colour == PlotColour::Red; });
+    return found == drawing.lines.end() ? nullptr : &*found;
+}
+
+/// Where ticks of the Y axis stand, short or long, in their order.
+std::size_t TicksBetween(const PlotDrawing& drawing, double from, double to) {
+    return static_cast<std::size_t>(
+        std::count_if(drawing.lines.begin(), drawing.lines.end(), [&](const PlotLine& line) {
+            return line.x2 == Left && line.x1 < Left && line.y1 == line.y2 &&
+                   line.y1 <= from + 1e-9 && line.y1 >= to - 1e-9;
+        }));
+}
+
+} // namespace
+
+TEST(PlotDrawing, TimeAxisHasSixLinesWithTicksAndLabels) {
+    const PlotDrawing drawing = Draw(Computed({{"0", "50"}, {"10", "5"}}));
+    const double step = (Right - Left) / 5;
+    const std::vector<std::string> labels = {"0.00", "2.00", "4.00", "6.00", "8.00", "10.00"};
+    for (int i = 0; i <= 5; ++i) {
+        const double x = Left + i * step;
+        EXPECT_TRUE(HasLine(drawing, x, Top, x, AxisY)) << i;
+        EXPECT_TRUE(HasLine(drawing, x, AxisY, x, AxisY + 75)) << i;
+        const PlotLabel& label = Label(drawing, labels[static_cast<std::size_t>(i)]);
+        EXPECT_NEAR(label.x, x, 1e-9);
+        EXPECT_EQ(label.y, AxisY + 85);
+        EXPECT_EQ(label.across, Across::Centre);
+        EXPECT_EQ(label.along, Along::Top);
+    }
+}
+
+TEST(PlotDrawing, YAxisFrom1To100CarriesItsLabelsAndTenTicksInEachDecade) {
+    const Analysis analysis = Computed({{"0", "50"}, {"10", "5"}});
+    ASSERT_EQ(analysis.computed.bounds.PlotYAxisMin, 1);
+    ASSERT_EQ(analysis.computed.bounds.PlotYAxisMax, 100);
+    const PlotDrawing drawing = Draw(analysis);
+    const double middle = (Top + AxisY) / 2;
+    for (const auto& [text, y] :
+         {std::pair<std::string, double>{"1", AxisY}, {"10", middle}, {"100", Top}}) {
+        const PlotLabel& label = Label(drawing, text);
+        EXPECT_EQ(label.x, Left - 85);
+        EXPECT_NEAR(label.y, y, 1e-9);
+        EXPECT_EQ(label.across, Across::Right);
+        EXPECT_EQ(label.along, Along::Middle);
+        EXPECT_TRUE(HasLine(drawing, Left - 75, y, Left, y)) << text;
+    }
+    // j = 1 to 10 of each decade; the first of the lower one is the bottom tick once more.
+    EXPECT_EQ(TicksBetween(drawing, AxisY, middle + 1), 10U);
+    EXPECT_EQ(TicksBetween(drawing, middle + 1, middle - 1), 2U);
+    EXPECT_EQ(TicksBetween(drawing, middle - 1, Top), 9U);
+}
+
+TEST(PlotDrawing, TitlesNameTheUnitsAndDifferInTheirBlank) {
+    const PlotDrawing drawing = Draw(Computed({{"0", "50"}, {"10", "5"}}));
+    const PlotLabel& time = Label(drawing, "Time (sec)");
+    EXPECT_EQ(time.x, (Left + Right) / 2);
+    EXPECT_EQ(time.y, AxisY + 85);
+    EXPECT_EQ(time.heightsDown, 1.25);
+    EXPECT_EQ(time.across, Across::Centre);
+    const PlotLabel& y = Label(drawing, "Y(cm)");
+    EXPECT_LT(y.x, Left);
+    EXPECT_EQ(y.y, (Top + AxisY) / 2);
+}
+
+TEST(PlotDrawing, PointsStandWhereTimeAndLogYPutThem) {
+    const PlotDrawing drawing = Draw(Computed({{"0", "10"}, {"5", "10"}, {"10", "5"}}));
+    ASSERT_EQ(drawing.circles.size(), 3U);
+    EXPECT_EQ(drawing.circles[0].x, Left);
+    EXPECT_EQ(drawing.circles[1].x, (Left + Right) / 2);
+    EXPECT_EQ(drawing.circles[2].x, Right);
+    EXPECT_EQ(drawing.circles[0].y, Top);
+    EXPECT_NEAR(drawing.circles[2].y, AxisY - std::log10(5.0) * (AxisY - Top), 1e-9);
+    EXPECT_EQ(drawing.circles[0].radius, 50);
+}
+
+TEST(PlotDrawing, IgnoredPointsAreBlueUsedOnesRedAndThoseWithoutALogarithmMissing) {
+    Analysis analysis = Computed({{"0", "50"}, {"5", "20"}, {"10", "5"}, {"12", "-1"}});
+    analysis.computed.Criteria[1] = CellText("Ignore");
+    ASSERT_FALSE(ComputeAndKeep(analysis).IsError());
+    const PlotDrawing drawing = Draw(analysis);
+    ASSERT_EQ(drawing.circles.size(), 3U);
+    EXPECT_EQ(drawing.circles[0].colour, PlotColour::Red);
+    EXPECT_EQ(drawing.circles[1].colour, PlotColour::Blue);
+    EXPECT_EQ(drawing.circles[2].colour, PlotColour::Red);
+}
+
+TEST(PlotDrawing, FittedLineRunsThroughTwoPoints) {
+    const PlotDrawing drawing = Draw(Computed({{"0", "50"}, {"10", "5"}}));
+    const PlotLine* line = RedLine(drawing);
+    ASSERT_NE(line, nullptr);
+    EXPECT_NEAR(line->x1, drawing.circles[0].x, 1e-6);
+    EXPECT_NEAR(line->y1, drawing.circles[0].y, 1e-6);
+    EXPECT_NEAR(line->x2, drawing.circles[1].x, 1e-6);
+    EXPECT_NEAR(line->y2, drawing.circles[1].y, 1e-6);
+}
+
+TEST(PlotDrawing, FittedLineEndsWhereItMeetsTheBounds) {
+    // Steep between the used points, so it runs out of the plot above and below.
+    Analysis analysis = Computed({{"0", "9"}, {"4", "9"}, {"5", "1.1"}, {"10", "1.1"}});
+    analysis.computed.Criteria[0] = CellText("Ignore");
+    analysis.computed.Criteria[3] = CellText("Ignore");
+    ASSERT_FALSE(ComputeAndKeep(analysis).IsError());
+    const PlotDrawing drawing = Draw(analysis);
+    const PlotLine* line = RedLine(drawing);
+    ASSERT_NE(line, nullptr);
+    EXPECT_NEAR(line->y1, Top, 1e-6);
+    EXPECT_NEAR(line->y2, AxisY, 1e-6);
+    const double slope = std::log(1.1 / 9);
+    const double enters = 4 + (std::log(10) - std::log(9)) / slope;
+    EXPECT_NEAR(line->x1, Left + enters / 10 * (Right - Left), 1e-6);
+}
+
+TEST(PlotDrawing, RisingFitDrawsNoLine) {
+    const Analysis analysis = Computed({{"0", "50"}, {"10", "60"}});
+    EXPECT_FALSE(FittedLineFalls(analysis.computed));
+    EXPECT_EQ(RedLine(Draw(analysis)), nullptr);
+    EXPECT_EQ(Draw(analysis).circles.size(), 2U);
+}
+
+TEST(PlotDrawing, FlatFitDrawsNoLine) {
+    Analysis analysis = Computed({{"0", "50"}, {"10", "40"}});
+    analysis.computed.FitSlope = 0;
+    EXPECT_FALSE(FittedLineFalls(analysis.computed));
+    EXPECT_EQ(RedLine(Draw(analysis)), nullptr);
+}
+
+TEST(PlotDrawing, LineIsDrawnInTheEnteredUnits) {
+    Analysis analysis = Computed({{"0", "50"}, {"10", "5"}});
+    analysis.state.RecDatTimeUnitsDDL = Hour;
+    analysis.state.RecDatWaterLevelUnitsDDL = Foot;
+    PrepareComputation(analysis);
+    ASSERT_FALSE(ComputeAndKeep(analysis).IsError());
+    const PlotDrawing drawing = Draw(analysis);
+    const PlotLine* line = RedLine(drawing);
+    ASSERT_NE(line, nullptr);
+    EXPECT_NEAR(line->y1, drawing.circles[0].y, 1e-6);
+    EXPECT_NEAR(line->y2, drawing.circles[1].y, 1e-6);
+    Label(drawing, "Time (hr)");
+    Label(drawing, "Y(ft)");
+}
+
+TEST(PlotDrawing, NothingNotFiniteReachesAnAxis) {
+    const Analysis analysis = Computed({{"0", "50"}, {"0", "5"}});
+    const PlotDrawing drawing = Draw(analysis);
+    for (const PlotLine& line : drawing.lines)
+        EXPECT_TRUE(std::isfinite(line.x1 + line.x2 + line.y1 + line.y2));
+    for (const PlotCircle& circle : drawing.circles)
+        EXPECT_TRUE(std::isfinite(circle.x + circle.y));
+    for (const PlotLabel& label : drawing.labels)
+        EXPECT_TRUE(std::isfinite(label.x + label.y));
+}
+
+} // namespace quarnel
