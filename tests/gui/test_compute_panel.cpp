@@ -137,9 +137,10 @@ private Q_SLOTS:
         ComputeProgram program(Falling);
         program.ClickCell(1, CriteriaColumn);
         program.ClickCell(2, YColumn, Qt::ShiftModifier);
-        for (const char key : {'I', ' ', 'U'})
+        for (const char key : {'I', ' ', 'U'}) {
             program.Type(key);
-        QCOMPARE(program.Marks(), QStringList(4, u"Use"_s));
+            QCOMPARE(program.Marks(), QStringList(4, u"Use"_s));
+        }
         program.ClickCell(2, YColumn);
         program.Type('I');
         QCOMPARE(program.Marks(), QStringList(4, u"Use"_s));
