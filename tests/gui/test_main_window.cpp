@@ -112,6 +112,17 @@ private Q_SLOTS:
         QCOMPARE(program.Find<QLineEdit>(u"SiteIDText"_s, 1).text(), u"Corner Fuel Stop"_s);
     }
 
+    void AHastyEnterDoesNotThrowAProjectAway() {
+        Program program;
+        TypeInto(program.Find<QLineEdit>(u"SiteIDText"_s, 1), u"Corner Fuel Stop"_s);
+        Answers answers;
+        answers.Dialog<QMessageBox>(
+            [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+        program.Choose(u"mnuNew"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.State().SiteIDText[SiteName], "Corner Fuel Stop");
+    }
+
     void ComputeTabWithIncompleteGeometryLandsOnWellGeometry() {
         Program program;
         Answers answers;
