@@ -6,8 +6,8 @@
 #include "project/Texts.h"
 
 #include <QCommandLineParser>
-#include <QFile>
 #include <QGuiApplication>
+#include <QLoggingCategory>
 #include <cstdio>
 
 // Paints for quarnel-cli, which runs without Qt Gui itself.
@@ -71,6 +71,14 @@ int PlotFile(const std::string& file, const std::string& out) {
 
 } // namespace
 
+/// Command lines are bytes in no particular encoding: one character for each keeps every file name.
+QStringList Arguments(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(QString::fromLatin1(argv[i]));
+    return arguments;
+}
+
 int RunPlot(const QStringList& arguments) {
     QCommandLineParser parser;
     const QCommandLineOption out(QStringLiteral("o"), QStringLiteral("The file to write."),
@@ -78,15 +86,14 @@ int RunPlot(const QStringList& arguments) {
     parser.addOption(out);
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The project."));
     const bool parsed = parser.parse(arguments);
-    const std::string target = QFile::encodeName(parser.value(out)).toStdString();
+    const std::string target = parser.value(out).toLatin1().toStdString();
     const bool known =
         HasEnding(target, ".PDF") || HasEnding(target, ".SVG") || HasEnding(target, ".PNG");
     if (!parsed || parser.positionalArguments().size() != 1 || !known) {
         std::fprintf(stderr, "Usage: quarnel-plot -o OUT.pdf|OUT.svg|OUT.png FILE\n");
         return WrongUse;
     }
-    return PlotFile(QFile::encodeName(parser.positionalArguments().constFirst()).toStdString(),
-                    target);
+    return PlotFile(parser.positionalArguments().constFirst().toLatin1().toStdString(), target);
 }
 
 } // namespace quarnel
@@ -94,6 +101,10 @@ int RunPlot(const QStringList& arguments) {
 int main(int argc, char** argv) {
     // Painting on paper and pictures needs fonts but no screen.
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Qt remarks on surroundings that a painting program has no use for, such as the missing
+    // runtime folder of a scheduled job; standard error holds only what is to be said of the files.
+    QLoggingCategory::setFilterRules(QStringLiteral("*.warning=false"));
+    const QStringList arguments = quarnel::Arguments(argc, argv);
     const QGuiApplication application(argc, argv);
-    return quarnel::RunPlot(QGuiApplication::arguments());
+    return quarnel::RunPlot(arguments);
 }

@@ -1,5 +1,7 @@
 #include "tests/cli/CliTestSupport.h"
 
+#include <QFile>
+
 namespace quarnel::test {
 
 namespace {
@@ -16,6 +18,24 @@ protected:
         ASSERT_EQ(RunShell("chmod +x bin/quarnel-plot").status, 0);
     }
 };
+
+/// The programs as they are installed, beside each other, without a screen.
+class CliPictureTest : public CliTest {
+protected:
+    /// Plots the example to `name`, which must succeed, and gives the picture's bytes.
+    std::string Picture(std::string_view name) {
+        const Outcome outcome =
+            Run({Q("plot"), Q("-o"), Q(name), Example("pratt-county-1998.qn2")});
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_EQ(outcome.err, "");
+        return ReadBytes(name);
+    }
+};
+
+bool Holds(std::string_view text, std::string_view part) {
+    return text.find(part) != std::string_view::npos;
+}
 
 } // namespace
 
@@ -39,6 +59,102 @@ TEST_F(CliPlotTest, MissingPaintingProgramIsTold) {
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, "quarnel-cli: The plot needs " + Path("bin/quarnel-plot").toStdString() +
                                ", which cannot be started: No such file or directory\n");
+}
+
+TEST_F(CliPictureTest, PdfIsThePrintedPage) {
+    EXPECT_EQ(Picture("page.pdf").substr(0, 5), "%PDF-");
+    const std::string text = RunShell("pdftotext -layout page.pdf -").out;
+    for (const std::string_view line :
+         {"LUST No.:", "Site Name:", "Well:", "Slug Test Date:", "CGWP:", "Time (sec)", "Y(m)",
+          "Hydraulic Conductivity: 3.6 m/day"})
+        EXPECT_TRUE(Holds(text, line)) << line << " in\n" << text;
+    EXPECT_TRUE(Holds(RunShell("pdfinfo page.pdf").out, "Pages:           1\n"));
+}
+
+TEST_F(CliPictureTest, SvgIsThePlotWithItsTextAsText) {
+    const std::string svg = Picture("plot.SVG");
+    for (const std::string_view part : {">Time (sec)</text>", ">Y(m)</text>", "#ff0000", "#0000ff"})
+        EXPECT_TRUE(Holds(svg, part)) << part;
+    EXPECT_FALSE(Holds(svg, "CGWP"));
+    EXPECT_FALSE(Holds(svg, "<image"));
+}
+
+TEST_F(CliPictureTest, PngIsThePlotInPixels) {
+    EXPECT_EQ(Picture("plot.png").substr(0, 8), "\x89PNG\r\n\x1a\n");
+}
+
+TEST_F(CliPictureTest, PicturesNeedNeitherScreenNorHome) {
+    const QStringList arguments{Q("plot"), Q("-o"), Q("plot.png"),
+                                Example("pratt-county-1998.qn2")};
+    const Outcome outcome =
+        Run(arguments, {{"DISPLAY", ":987"}, {"QT_QPA_PLATFORM", "xcb"}, {"HOME", "/nowhere"}});
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(outcome.err, "");
+}
+
+TEST_F(CliPictureTest, FileThatIsNoneIsToldAndNothingWritten) {
+    WriteBytes("letter.txt", "Dear reader,\n");
+    const Outcome outcome = Run({Q("plot"), Q("-o"), Q("a.pdf"), Q("letter.txt")});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, "letter.txt: " + std::string(NotAnInputFile) + "\n");
+    EXPECT_FALSE(QFile::exists(Path("a.pdf")));
+}
+
+TEST_F(CliPictureTest, ProjectWithoutAKIsToldAndNothingWritten) {
+    ProjectState state = SampleProject();
+    SetReadings(state, {{"0", "4"}});
+    WriteProject("one.qn2", state);
+    const Outcome outcome = Run({Q("plot"), Q("-o"), Q("a.svg"), Q("one.qn2")});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, "one.qn2: " + std::string(TooFewPoints) + "\n");
+    EXPECT_FALSE(QFile::exists(Path("a.svg")));
+}
+
+TEST_F(CliPictureTest, RisingLineIsToldAndThePointsPlotted) {
+    ProjectState state = SampleProject();
+    SetReadings(state, {{"0", "1"}, {"10", "2"}, {"20", "3"}});
+    WriteProject("rising.qn2", state);
+    const Outcome outcome = Run({Q("plot"), Q("-o"), Q("a.svg"), Q("rising.qn2")});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "rising.qn2: " + std::string(RisingSlope) + "\n");
+    EXPECT_TRUE(Holds(ReadBytes("a.svg"), "#ff0000"));
+}
+
+TEST_F(CliPictureTest, UnwritableTargetIsTold) {
+    const QStringList arguments{Q("plot"), Q("-o"), Q("no/a.png"),
+                                Example("pratt-county-1998.qn2")};
+    const Outcome outcome = Run(arguments);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, "no/a.png: 76 Path not found\n");
+}
+
+TEST_F(CliPictureTest, OtherEndingsAndMissingWordsAreWrongUse) {
+    const QString project = Example("pratt-county-1998.qn2");
+    for (const QStringList& words :
+         {QStringList{Q("-o"), Q("a.jpg"), project}, QStringList{Q("-o"), Q("a.pdf")},
+          QStringList{project}, QStringList{Q("-o"), Q("a.pdf"), project, project}}) {
+        const Outcome outcome = Run(QStringList{Q("plot")} + words);
+        EXPECT_EQ(outcome.status, 2) << words.join(Q(" ")).toStdString();
+        EXPECT_TRUE(Holds(outcome.err, "Usage: ")) << outcome.err;
+        EXPECT_FALSE(QFile::exists(Path("a.pdf")));
+    }
+}
+
+TEST_F(CliPictureTest, NamesOfAnyBytesWork) {
+    const Outcome outcome =
+        RunShell("cp \"$project\" \"$(printf 'w\\351ll.qn2')\" && "
+                 "\"$cli\" plot -o \"$(printf 'w\\351ll.png')\" \"$(printf 'w\\351ll.qn2')\" && "
+                 "test -s \"$(printf 'w\\351ll.png')\" && rm w*",
+                 {{"project", Example("pratt-county-1998.qn2").toStdString()}});
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+}
+
+TEST_F(CliPictureTest, APlainLocaleSaysNothingMore) {
+    const QStringList arguments{Q("plot"), Q("-o"), Q("plot.png"),
+                                Example("pratt-county-1998.qn2")};
+    const Outcome outcome = Run(arguments, {{"LC_ALL", "C"}});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "");
 }
 
 } // namespace quarnel::test
