@@ -1,0 +1,240 @@
+#include "tests/gui/WindowTestSupport.h"
+
+#include "output/PlotWidget.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QMimeData>
+#include <QProcess>
+
+namespace quarnel::windowtest {
+
+namespace {
+
+/// The Pratt County test on the compute tab, its K not yet computed.
+class PlotProgram : public Program {
+public:
+    PlotProgram() {
+        Window().OpenPath(QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2"));
+        ClickTab(5);
+        QGuiApplication::clipboard()->clear();
+    }
+    void Compute() { QTest::mouseClick(&Find(u"CmdComputeK"_s), Qt::LeftButton); }
+    PlotWidget& Plot() { return Find<PlotWidget>(u"Plot1"_s); }
+
+    /// Opens the plot's menu as a right click does and lets `act` work on it.
+    void WithMenu(const std::function<void(QMenu&)>& act) {
+        bool seen = false;
+        QTimer look;
+        QObject::connect(&look, &QTimer::timeout, &look, [&] {
+            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            if (menu == nullptr || seen)
+                return;
+            seen = true;
+            act(*menu);
+            menu->close();
+        });
+        look.start(5);
+        const QPoint centre = Plot().rect().center();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, centre, Plot().mapToGlobal(centre));
+        QApplication::sendEvent(&Plot(), &event);
+        if (!seen)
+            qFatal("The plot has no menu");
+    }
+    void ChooseInMenu(const char* name) {
+        WithMenu([this, name](QMenu& menu) {
+            auto& action = windowtest::Find<QAction>(Plot(), QString::fromLatin1(name));
+            QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(&action).center());
+        });
+    }
+};
+
+QByteArray FileBytes(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// What pdftotext reads in a file; nothing where that is no PDF.
+QString PdfText(const QString& path) {
+    QProcess process;
+    process.start(u"pdftotext"_s, {path, u"-"_s});
+    process.waitForFinished(-1);
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+int Count(const QImage& image, const QColor& colour) {
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            count += image.pixelColor(x, y) == colour ? 1 : 0;
+    return count;
+}
+
+bool CopiedAnImage() {
+    const QMimeData* copied = QGuiApplication::clipboard()->mimeData();
+    return copied != nullptr && copied->hasImage();
+}
+
+} // namespace
+
+class TestPlotWidget : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { folder_ = std::make_unique<QTemporaryDir>(); }
+
+    void WithoutAPlotNothingCanBeCopiedOrSaved() {
+        PlotProgram program;
+        QStringList captions;
+        program.WithMenu([&captions](QMenu& menu) {
+            for (const QAction* action : menu.actions()) {
+                captions << action->text();
+                QVERIFY(!action->isEnabled());
+            }
+        });
+        QCOMPARE(captions, QStringList({u"&Copy"_s, u"&Save as Picture..."_s}));
+        QTest::keyClick(&program.Plot(), Qt::Key_C, Qt::ControlModifier);
+        QVERIFY(!CopiedAnImage());
+    }
+
+    void TheMenuCopiesThePlotAsPixelsAndLines() {
+        PlotProgram program;
+        program.Compute();
+        program.ChooseInMenu("CopyPlot");
+        QVERIFY(CopiedAnImage());
+        const QMimeData* copied = QGuiApplication::clipboard()->mimeData();
+        const QImage image = qvariant_cast<QImage>(copied->imageData());
+        QVERIFY(Count(image, QColor(255, 0, 0)) > 100);
+        QVERIFY(Count(image, QColor(0, 0, 255)) > 100);
+        QVERIFY(copied->data(u"image/svg+xml"_s).contains("Time (sec)</text>"));
+    }
+
+    void CtrlCCopiesThePlotThatHasTheFocus() {
+        PlotProgram program;
+        program.Compute();
+        program.Plot().setFocus();
+        QTest::keyClick(&program.Plot(), Qt::Key_C, Qt::ControlModifier);
+        QVERIFY(CopiedAnImage());
+    }
+
+    void ASavedSvgHoldsTextAsTextAndCirclesAsCircles() {
+        const QByteArray svg = FileBytes(Saved(u"plot.svg"_s));
+        QVERIFY(svg.contains("<text"));
+        for (const char* text : {"Time (sec)", "Y(m)", "0.00"})
+            QVERIFY2(svg.contains(QByteArray(">") + text + "</text>"), text);
+        QVERIFY(svg.contains("<circle") || svg.contains("<ellipse"));
+        QVERIFY(svg.contains("#ff0000"));
+        QVERIFY(svg.contains("#0000ff"));
+        QVERIFY(!svg.contains("<image"));
+    }
+
+    void ASavedPdfHoldsTextThatCanBeFound() {
+        const QString text = PdfText(Saved(u"plot.pdf"_s));
+        for (const QString& wanted : {u"Time (sec)"_s, u"Y(m)"_s, u"0.00"_s})
+            QVERIFY2(text.contains(wanted), qPrintable(text));
+    }
+
+    void ASavedPngShowsBothKindsOfPoints() {
+        const QImage image(Saved(u"plot.png"_s));
+        QVERIFY(image.width() > 500 && image.height() > 500);
+        QCOMPARE(image.pixelColor(0, 0), QColor(Qt::white));
+        QVERIFY(Count(image, QColor(255, 0, 0)) > 100);
+        QVERIFY(Count(image, QColor(0, 0, 255)) > 100);
+    }
+
+    void TheChosenKindGivesANameItsEnding() {
+        PlotProgram program;
+        program.Compute();
+        const QString path = folder_->filePath(u"named"_s);
+        Answers answers;
+        answers.Dialog<QFileDialog>([path](QFileDialog& dialog) {
+            dialog.selectNameFilter(u"PNG (*.png)"_s);
+            Q_EMIT dialog.filterSelected(u"PNG (*.png)"_s);
+            auto* edit = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s);
+            edit->setText(path);
+            QTest::keyClick(edit, Qt::Key_Return);
+        });
+        program.ChooseInMenu("SavePlot");
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QVERIFY(FileBytes(path + u".png"_s).startsWith("\x89PNG"));
+    }
+
+    void AnotherEndingIsRefusedWithAMessage() {
+        PlotProgram program;
+        program.Compute();
+        const QString path = folder_->filePath(u"plot.txt"_s);
+        Answers answers;
+        answers.FileName(path).Box(u"Quarnel"_s, u"52 Bad file name or number"_s);
+        program.ChooseInMenu("SavePlot");
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QVERIFY(!QFile::exists(path));
+        QVERIFY(QApplication::overrideCursor() == nullptr);
+    }
+
+    void APictureThatCannotBeWrittenSaysWhy() {
+        PlotProgram program;
+        program.Compute();
+        const QString gone = folder_->filePath(u"gone"_s);
+        QVERIFY(QDir().mkpath(gone));
+        Answers answers;
+        answers.Dialog<QFileDialog>([gone](QFileDialog& dialog) {
+            dialog.setDirectory(gone);
+            auto* edit = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s);
+            edit->setText(gone + u"/plot.png"_s);
+            connect(&dialog, &QDialog::accepted, &dialog,
+                    [gone] { QDir(gone).removeRecursively(); });
+            QTest::keyClick(edit, Qt::Key_Return);
+        });
+        answers.Box(u"Quarnel"_s, u"76 Path not found"_s);
+        program.ChooseInMenu("SavePlot");
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+    }
+
+    void ACancelledSaveWritesNothing() {
+        PlotProgram program;
+        program.Compute();
+        const QString path = folder_->filePath(u"cancelled.png"_s);
+        Answers answers;
+        answers.Dialog<QFileDialog>([path](QFileDialog& dialog) {
+            dialog.findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(path);
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        });
+        program.ChooseInMenu("SavePlot");
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QVERIFY(QDir(folder_->path()).isEmpty());
+    }
+
+    void PicturesAreInkOnWhiteInADarkPalette() {
+        const QPalette before = QApplication::palette();
+        QPalette dark(QColor(40, 40, 40), QColor(30, 30, 30));
+        dark.setColor(QPalette::Base, Qt::black);
+        dark.setColor(QPalette::Text, Qt::white);
+        QApplication::setPalette(dark);
+        const QImage image(Saved(u"dark.png"_s));
+        QApplication::setPalette(before);
+        QCOMPARE(image.pixelColor(0, 0), QColor(Qt::white));
+        QVERIFY(Count(image, Qt::black) > 100);
+    }
+
+private:
+    /// Saves the plot of the example under `name` by the menu; the path it has then.
+    QString Saved(const QString& name) {
+        PlotProgram program;
+        program.Compute();
+        const QString path = folder_->filePath(name);
+        Answers answers;
+        answers.FileName(path);
+        program.ChooseInMenu("SavePlot");
+        if (!answers.AllGiven())
+            qFatal("%s", answers.Complaints().constData());
+        return path;
+    }
+
+    std::unique_ptr<QTemporaryDir> folder_;
+};
+
+} // namespace quarnel::windowtest
+
+QUARNEL_WINDOW_TEST_MAIN(quarnel::windowtest::TestPlotWidget)
+
+#include "test_plot_widget.moc"
