@@ -2,9 +2,11 @@
 
 #include "app/MessageBoxes.h"
 #include "app/QtTexts.h"
+#include "output/PrintSystem.h"
 #include "project/ProjectFileDialogs.h"
 #include "project/SaveFile.h"
 
+#include <QDir>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <optional>
@@ -17,8 +19,12 @@ const QString NoPrinterQuestion =
     QStringLiteral("The system has no default printer. Do you want to save the page as a PDF file "
                    "instead?");
 const QString PrintingFailed =
-    QStringLiteral("The printer \"%1\" did not take the document \"%2\". Nothing is lost: please "
+    QStringLiteral("The printer \"%1\" did not take the document \"%2\"%3. Nothing is lost: please "
                    "check the printer and print again.");
+const QString PrinterStopped =
+    QStringLiteral("The printer \"%1\" is stopped. It has taken the document \"%2\" and prints it "
+                   "when it is started again.");
+const QString NoRoom = QStringLiteral("there is no room for its pages in the folder %1");
 
 bool SaveAsPdf(QWidget* parent, const QString& title, const PagesFor& pagesFor) {
     if (!AskYesNo(parent, NoPrinterQuestion))
@@ -42,26 +48,58 @@ bool SaveAsPdf(QWidget* parent, const QString& title, const PagesFor& pagesFor) 
     return false;
 }
 
+/// The printer's own sheet and all of it that the printer can reach: by itself Qt takes the country's
+/// sheet and margins of its own.
+void UseWholePrintableArea(QPrinter& printer, const QPageSize& sheet) {
+    if (sheet.isValid())
+        printer.setPageSize(sheet);
+    const QPageLayout layout = printer.pageLayout();
+    printer.setPageMargins(layout.minimumMargins(), layout.units());
+}
+
+/// Hands the pages to a printer. What went wrong, in words; empty when all is well.
+std::optional<QString> FailureOfPrinting(const QPrinterInfo& info, const QString& title,
+                                         const PagesFor& pagesFor) {
+    const BusyPointer busy;
+    QPrinter printer(info, QPrinter::HighResolution);
+    printer.setDocName(title);
+    printer.setCreator(ApplicationTitle());
+    if (!printer.isValid())
+        return QString();
+    UseWholePrintableArea(printer, info.defaultPageSize());
+    const Pages pages = pagesFor(PaperOf(printer.pageLayout()));
+    if (!HasRoomForPages(pages.count))
+        return NoRoom.arg(QDir::toNativeSeparators(QDir::tempPath()));
+    if (!PaintPages(printer, pages) || printer.printerState() == QPrinter::Error ||
+        printer.printerState() == QPrinter::Aborted)
+        return QString();
+    if (const QString refusal = RefusalOfLastDocument(); !refusal.isEmpty())
+        return refusal;
+    return std::nullopt;
+}
+
+/// Whether a printer stands still; asked anew, since the default printer's data may be old.
+bool IsStopped(const QString& printerName) {
+    const QPrinter::PrinterState state = QPrinterInfo::printerInfo(printerName).state();
+    return state == QPrinter::Error || state == QPrinter::Aborted;
+}
+
 } // namespace
 
 bool PrintDocument(QWidget* parent, const QString& title, const PagesFor& pagesFor) {
     const QPrinterInfo info = QPrinterInfo::defaultPrinter();
     if (info.isNull())
         return SaveAsPdf(parent, title, pagesFor);
-    bool printed = false;
-    {
-        const BusyPointer busy;
-        QPrinter printer(info, QPrinter::HighResolution);
-        printer.setDocName(title);
-        printer.setCreator(ApplicationTitle());
-        printed = printer.isValid() &&
-                  PaintPages(printer, pagesFor(PaperOf(printer.pageLayout()))) &&
-                  printer.printerState() != QPrinter::Error &&
-                  printer.printerState() != QPrinter::Aborted;
+    const QString name = info.printerName();
+    if (const auto failure = FailureOfPrinting(info, title, pagesFor)) {
+        const QString reason =
+            failure->isEmpty() ? QString() : QStringLiteral(" (%1)").arg(*failure);
+        ShowMessage(parent, PrintingFailed.arg(name, title, reason));
+        return false;
     }
-    if (!printed)
-        ShowMessage(parent, PrintingFailed.arg(info.printerName(), title));
-    return printed;
+    if (IsStopped(name))
+        ShowMessage(parent, PrinterStopped.arg(name, title));
+    return true;
 }
 
 } // namespace quarnel
