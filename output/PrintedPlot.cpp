@@ -108,7 +108,7 @@ void Scale(PlotDrawing& drawing, double factor) {
         for (double* value : {&circle.x, &circle.y, &circle.radius})
             *value *= factor;
     for (PlotLabel& label : drawing.labels)
-        for (double* value : {&label.x, &label.y, &label.points, &label.maxWidth})
+        for (double* value : {&label.x, &label.y, &label.points, &label.maxWidth, &label.maxHeight})
             *value *= factor;
 }
 

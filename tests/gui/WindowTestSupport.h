@@ -62,13 +62,16 @@ public:
         timer_.start(5);
     }
 
-    /// Expects a message box with exactly this title and text and clicks `button`.
+    /// Expects a message box with exactly this title and text, shown with the normal pointer, and
+    /// clicks `button`.
     Answers& Box(const QString& title, const QString& text,
                  QMessageBox::StandardButton button = QMessageBox::Ok) {
         return Dialog<QMessageBox>([this, title, text, button](QMessageBox& box) {
             if (box.windowTitle() != title || box.text() != text)
                 Complain(QStringLiteral("Expected box \"%1\": \"%2\", seen \"%3\": \"%4\"")
                              .arg(title, text, box.windowTitle(), box.text()));
+            if (QApplication::overrideCursor() != nullptr)
+                Complain(QStringLiteral("The pointer is busy at \"%1\"").arg(box.text()));
             QAbstractButton* wanted = box.button(button);
             if (wanted == nullptr) {
                 Complain(QStringLiteral("The box \"%1\" lacks the button").arg(box.text()));

@@ -1,6 +1,8 @@
 #include "tests/gui/WindowTestSupport.h"
 
 #include <QComboBox>
+#include <QHeaderView>
+#include <QScreen>
 #include <QTableView>
 #include <stdexcept>
 
@@ -29,6 +31,29 @@ public:
         return QObject::event(event);
     }
 };
+
+/// Every text of a control that is on the screen has the room that it asks for.
+void ExpectNothingCut(const QWidget& window) {
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+        const auto* label = qobject_cast<const QLabel*>(widget);
+        const bool holdsText = qobject_cast<const QAbstractButton*>(widget) != nullptr ||
+                               qobject_cast<const QComboBox*>(widget) != nullptr ||
+                               (label != nullptr && !label->wordWrap());
+        if (!widget->isVisible() || !holdsText || widget->objectName() == u"StatusText"_s ||
+            widget->parentWidget()->inherits("QTabBar"))
+            continue;
+        const QSize needed = label != nullptr ? widget->sizeHint() : widget->minimumSizeHint();
+        if (widget->width() < needed.width() || widget->height() < needed.height())
+            QFAIL(qPrintable(u"%1 is cut"_s.arg(widget->objectName())));
+    }
+    for (const QTableView* grid : window.findChildren<QTableView*>()) {
+        const QHeaderView& heading = *grid->horizontalHeader();
+        for (int column = 0; grid->isVisible() && column < heading.count(); ++column)
+            QVERIFY2(heading.sectionSize(column) >= heading.sectionSizeHint(column),
+                     qPrintable(grid->objectName()));
+        QVERIFY(!grid->isVisible() || heading.height() >= heading.sizeHint().height());
+    }
+}
 
 } // namespace
 
@@ -198,6 +223,76 @@ private Q_SLOTS:
         QVERIFY2(answers.AllGiven(), answers.Complaints());
     }
 
+    void ExitAsksOnceAndOkEnds() {
+        Program program;
+        Answers answers;
+        answers.Box(ExitTitle, ExitQuestion, QMessageBox::Ok);
+        program.Choose(u"mnuExit"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QVERIFY(!program.Window().isVisible());
+    }
+
+    void TheWindowIsFittedToTheScreenAndTheDialogsStandInItsMiddle() {
+        Program program;
+        const QScreen* screen = program.Window().screen();
+        const QRect area = screen->availableGeometry();
+        const auto pixels = [screen](int twips) {
+            return qRound(twips * screen->logicalDotsPerInch() / 1440.0);
+        };
+        // Panels that need more than a small screen has make the window larger.
+        const QSize least = program.Window().minimumSizeHint();
+        QCOMPARE(program.Window().width(), std::max(area.width() - pixels(200), least.width()));
+        QCOMPARE(program.Window().height(), std::max(area.height() - pixels(500), least.height()));
+        QCOMPARE(program.Window().pos(), QPoint(area.left() + pixels(200) / 2, pixels(5)));
+        program.Window().OpenPath(
+            QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2"));
+        program.ClickTab(5);
+        const std::pair<const char*, const char*> dialogs[] = {{"CmdPrtSummary", "PrtResults"},
+                                                               {"CmdPrintPlot", "PrtPlotFrm"}};
+        for (const auto& [button, name] : dialogs) {
+            QTest::mouseClick(&program.Find(QString::fromLatin1(button)), Qt::LeftButton);
+            const QWidget& dialog = program.Find(QString::fromLatin1(name));
+            QVERIFY(dialog.isVisible());
+            QCOMPARE(dialog.pos(), QPoint(area.left() + (area.width() - dialog.width()) / 2,
+                                          area.top() + (area.height() - dialog.height()) / 2));
+        }
+    }
+
+    void NewBringsBackEveryFieldOfANewProject() {
+        Program program;
+        program.Window().OpenPath(QStringLiteral(QUARNEL_SOURCE_DIR "/examples/every-field.qn2"));
+        QVERIFY(!program.Find<QLineEdit>(u"PlotText"_s, 0).text().isEmpty());
+        Answers answers;
+        answers.Box(u"Quarnel"_s, NewQuestion, QMessageBox::Yes);
+        program.Choose(u"mnuNew"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Window().windowTitle(), u"Quarnel: Bouwer-Rice Slug Test Analysis"_s);
+        for (int i = 0; i < 6; ++i)
+            QCOMPARE(program.Find<QLineEdit>(u"WellGeoText"_s, i).text(),
+                     i == 5 ? u"0"_s : QString());
+        QVERIFY(program.Find<QAbstractButton>(u"SSRibbon1"_s).isChecked());
+        QCOMPARE(program.Find<QLineEdit>(u"RecDatPreSlugHeadText"_s).text(), QString());
+        for (int i = 0; i < 3; ++i)
+            QCOMPARE(program.Find<QLineEdit>(u"PlotText"_s, i).text(), QString());
+        const QAbstractItemModel& grid = *program.Find<QTableView>(u"RecDatGrid"_s).model();
+        QCOMPARE(grid.rowCount(), 50);
+        for (int row = 0; row < 50; ++row)
+            QCOMPARE(grid.index(row, 1).data().toString() + grid.index(row, 2).data().toString(),
+                     QString());
+        QVERIFY(program.State().IgnoreKeyList.empty());
+        const auto shown = [&program](const char* name) {
+            return program.Find<QComboBox>(QString::fromLatin1(name)).currentIndex();
+        };
+        QCOMPARE(shown("RecDatTimeUnitsDDL"), 0);
+        QCOMPARE(shown("RecDatWaterLevelUnitsDDL"), 1);
+        QCOMPARE(shown("RecDatDataTypeDDL"), 0);
+        QCOMPARE(shown("RecDatSlugTestTypeDDL"), 0);
+        QCOMPARE(shown("WellGeoVertUnitsDDL"), 1);
+        QCOMPARE(shown("WellGeoRadUnitsDDL"), 0);
+        QCOMPARE(shown("CmboKLengthUnits"), 3);
+        QCOMPARE(shown("CmboKTimeUnits"), 3);
+    }
+
     void ExitAsksOnceAndCancelDoesNothing() {
         Program program;
         Answers answers;
@@ -237,6 +332,24 @@ private Q_SLOTS:
         program.Window().OpenPath(path);
         QCOMPARE(program.Window().windowTitle().replace(u"[*][*]"_s, u"[*]"_s),
                  u"Quarnel: Bouwer-Rice Slug Test Analysis/ "_s + path);
+    }
+
+    void AtALargeFontNoTextIsCut() {
+        const QFont before = QApplication::font();
+        QFont large = before;
+        large.setPointSize(24);
+        QApplication::setFont(large);
+        {
+            Program program;
+            program.Window().OpenPath(
+                QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2"));
+            for (int tab = 1; tab <= 5; ++tab) {
+                program.ClickTab(tab);
+                QTest::qWait(1);
+                ExpectNothingCut(program.Window());
+            }
+        }
+        QApplication::setFont(before);
     }
 
     void EveryLabelOfABoxHasItsBuddy() {

@@ -3,6 +3,8 @@
 #include <QAbstractItemModelTester>
 #include <QClipboard>
 #include <QComboBox>
+#include <QContextMenuEvent>
+#include <QGroupBox>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableView>
@@ -17,6 +19,9 @@ const QString NotCompatible =
     u"Block selected for paste is not compatible with block to be pasted. Try selecting a single "
     u"cell or a block size with rows and columns that are integer multiples of the rows and "
     u"columns to be pasted."_s;
+const QString DeleteQuestion =
+    u"The rows contain data. Are you sure you want to delete the selected "
+    u"rows (data in deleted rows is lost)?"_s;
 
 /// The program on its recovery tab, the grid watched by a tester that ends the program at the first
 /// signal a model must not send.
@@ -73,6 +78,21 @@ public:
         QTest::keyClick(&box, Qt::Key_Home);
         for (int i = 0; i < position; ++i)
             QTest::keyClick(&box, Qt::Key_Down);
+    }
+    /// Chooses an entry of the menu that a right click on a cell opens, with the mouse.
+    void ChooseInMenu(int row, int column, const QString& caption) {
+        const QPoint at = Grid().visualRect(Grid().model()->index(row - 1, column)).center();
+        QTest::mouseClick(Grid().viewport(), Qt::RightButton, {}, at);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, at, Grid().viewport()->mapToGlobal(at));
+        QApplication::sendEvent(Grid().viewport(), &event);
+        auto& menu = Find<QMenu>(u"RecDatGridMenu"_s);
+        for (QAction* action : menu.actions())
+            if (action->text().remove(u'&').section(u'\t', 0, 0) == caption) {
+                QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(action).center());
+                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+                return;
+            }
+        qFatal("The menu lacks %s", qPrintable(caption));
     }
     static QString Clip() { return QGuiApplication::clipboard()->text(); }
     static void SetClip(const QString& text) { QGuiApplication::clipboard()->setText(text); }
@@ -142,6 +162,22 @@ private Q_SLOTS:
         QVERIFY(program.Grid().hasFocus());
         program.Find(u"RecDatTimeUnitsDDL"_s).setFocus();
         QVERIFY((program.Find(u"CmdSortByTime"_s).focusPolicy() & Qt::TabFocus) != 0);
+    }
+
+    void EveryTabStopAroundTheGridIsTakenOutAndPutBack() {
+        RecoveryProgram program;
+        const char* const stops[] = {"TabStrip2",     "CmdInsertRows",      "CmdRecDatDeleteRows",
+                                     "CmdRecDatCut",  "CmdRecDataCopy",     "CmdRecDatPaste",
+                                     "CmdSortByTime", "CmdRecDatCheckData", "RecDatCheckGrid"};
+        const auto isStop = [&program](const char* name) {
+            return (program.Find(QString::fromLatin1(name)).focusPolicy() & Qt::TabFocus) != 0;
+        };
+        program.ClickCell(1, TimeColumn);
+        for (const char* name : stops)
+            QVERIFY2(!isStop(name), name);
+        program.Find(u"RecDatTimeUnitsDDL"_s).setFocus();
+        for (const char* name : stops)
+            QVERIFY2(isStop(name), name);
     }
 
     // ---- Blocks --------------------------------------------------------------------------------
@@ -228,6 +264,69 @@ private Q_SLOTS:
         QCOMPARE(program.Cell(1, LevelColumn), QString());
     }
 
+    void CutEmptiesTheBlockAndGoesToItsFirstCell() {
+        for (const bool byKey : {true, false}) {
+            RecoveryProgram program;
+            program.TypeRows({{u"1"_s, u"2"_s}, {u"3"_s, u"4"_s}});
+            program.Select(2, LevelColumn, 1, TimeColumn);
+            if (byKey)
+                program.Key(Qt::Key_X, Qt::ControlModifier);
+            else
+                program.Press("CmdRecDatCut");
+            QCOMPARE(program.Clip(), u"1\t2\r3\t4\r\r"_s);
+            for (int row : {1, 2})
+                QCOMPARE(program.Cell(row, TimeColumn) + program.Cell(row, LevelColumn), QString());
+            QCOMPARE(program.Grid().currentIndex(), program.Grid().model()->index(0, TimeColumn));
+        }
+    }
+
+    void ClipboardKeysActWithCtrlAlone() {
+        RecoveryProgram program;
+        program.TypeRows({{u"1"_s, u"2"_s}});
+        program.Select(1, TimeColumn, 1, LevelColumn);
+        program.SetClip(u"8\t9\r"_s);
+        for (const Qt::Key key : {Qt::Key_C, Qt::Key_X, Qt::Key_V})
+            program.Key(key, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(program.Clip(), u"8\t9\r"_s);
+        QCOMPARE(program.Cell(1, TimeColumn), u"1"_s);
+        QCOMPARE(program.Cell(1, LevelColumn), u"2"_s);
+    }
+
+    void TheMenuHoldsTheSameCommands() {
+        RecoveryProgram program;
+        program.TypeRows({{u"1"_s, u"2"_s}, {u"3"_s, u"4"_s}});
+        program.Select(1, TimeColumn, 2, LevelColumn);
+        program.ChooseInMenu(2, TimeColumn, u"Copy"_s);
+        QCOMPARE(program.Clip(), u"1\t2\r3\t4\r\r"_s);
+        program.ChooseInMenu(1, LevelColumn, u"Cut"_s);
+        QCOMPARE(program.Cell(2, LevelColumn), QString());
+        program.ChooseInMenu(1, TimeColumn, u"Undo"_s);
+        QCOMPARE(program.Cell(2, LevelColumn), u"4"_s);
+        program.ChooseInMenu(1, TimeColumn, u"Redo"_s);
+        QCOMPARE(program.Cell(2, LevelColumn), QString());
+        program.ChooseInMenu(5, TimeColumn, u"Paste"_s);
+        QCOMPARE(program.Cell(6, LevelColumn), u"4"_s);
+        program.ChooseInMenu(8, TimeColumn, u"Select All"_s);
+        QCOMPARE(program.Grid().selectionModel()->selectedIndexes().size(), 100);
+    }
+
+    void TheMenuChangesRowsAsTheButtonsDo() {
+        RecoveryProgram program;
+        program.TypeRows({{u"3"_s, u"7"_s}, {u"1"_s, u"7"_s}});
+        program.ChooseEntry("RecDatDataTypeDDL", 2);
+        Answers answers;
+        program.ChooseInMenu(1, TimeColumn, u"Insert Rows"_s);
+        QVERIFY(program.Find(u"InsertRowsPanel"_s).isVisible());
+        program.Press("CmdInsertRowsCancel");
+        answers.Box(u"Confirm Sort"_s, u"Sort the Recovery Data by time?"_s, QMessageBox::Ok);
+        program.ChooseInMenu(1, TimeColumn, u"Sort"_s);
+        QCOMPARE(program.Cell(1, TimeColumn), u"1"_s);
+        answers.Box(u"Quarnel"_s, DeleteQuestion, QMessageBox::Yes);
+        program.ChooseInMenu(1, TimeColumn, u"Delete Rows"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Cell(1, TimeColumn), u"3"_s);
+    }
+
     // ---- Rows ----------------------------------------------------------------------------------
 
     void DeletingAllRowsLeavesFiftyEmptyNumberedOnes() {
@@ -235,15 +334,56 @@ private Q_SLOTS:
         program.TypeRows({{u"1"_s, u"2"_s}});
         program.Key(Qt::Key_A, Qt::ControlModifier);
         Answers answers;
-        answers.Box(u"Quarnel"_s,
-                    u"The rows contain data. Are you sure you want to delete the selected rows "
-                    u"(data in deleted rows is lost)?"_s,
-                    QMessageBox::Yes);
+        answers.Box(u"Quarnel"_s, DeleteQuestion, QMessageBox::Yes);
         program.Press("CmdRecDatDeleteRows");
         QVERIFY2(answers.AllGiven(), answers.Complaints());
         QCOMPARE(program.Rows(), 50);
         QCOMPARE(program.Cell(1, TimeColumn), QString());
         QCOMPARE(program.Cell(50, 0), u"50"_s);
+    }
+
+    void DeletingRowsWithDataAnsweredWithNoLeavesThem() {
+        RecoveryProgram program;
+        program.TypeRows({{u"1"_s, u"2"_s}, {u"3"_s, u"4"_s}});
+        program.Select(1, LevelColumn, 2, LevelColumn);
+        Answers answers;
+        answers.Box(u"Quarnel"_s, DeleteQuestion, QMessageBox::No);
+        program.Press("CmdRecDatDeleteRows");
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Cell(2, LevelColumn), u"4"_s);
+    }
+
+    void RowsWithoutDataAreDeletedWithoutAQuestion() {
+        RecoveryProgram program;
+        program.TypeRows({{u"1"_s, u"2"_s}, {u""_s, u""_s}, {u""_s, u""_s}, {u"3"_s, u"4"_s}});
+        program.Select(2, TimeColumn, 3, TimeColumn);
+        Answers answers;
+        program.Press("CmdRecDatDeleteRows");
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Cell(2, LevelColumn), u"4"_s);
+        QCOMPARE(program.Cell(50, 0), u"50"_s);
+        QCOMPARE(program.Grid().currentIndex(), program.Grid().model()->index(1, TimeColumn));
+    }
+
+    void TheInsertPanelOpensAlikeEachTime() {
+        RecoveryProgram program;
+        program.TypeRows({{u"1"_s, u"a"_s}, {u"2"_s, u"b"_s}});
+        program.ClickCell(1, TimeColumn);
+        program.Press("CmdInsertRows");
+        QCOMPARE(program.Find<QGroupBox>(u"InsertRowsPanel"_s).title(), u" Insert Rows"_s);
+        auto& box = program.Find<QLineEdit>(u"RecDatInsertRowsText"_s);
+        QTest::mouseClick(&program.Find(u"InsertRowsOption_0"_s), Qt::LeftButton, {},
+                          QPoint(10, 10));
+        box.setFocus();
+        QTest::keyClicks(&box, u" 1 "_s);
+        program.Press("CmdInsertRowsOK");
+        QCOMPARE(program.Cell(1, TimeColumn), u"1"_s);
+        QCOMPARE(program.Cell(2, TimeColumn), QString());
+        QCOMPARE(program.Cell(3, TimeColumn), u"2"_s);
+        QVERIFY(!box.isVisible());
+        program.Press("CmdInsertRows");
+        QCOMPARE(box.text(), QString());
+        QVERIFY(program.Find<QRadioButton>(u"InsertRowsOption_1"_s).isChecked());
     }
 
     void InsertRowsOfNoneClosesThePanel() {
@@ -328,6 +468,21 @@ private Q_SLOTS:
         program.Press("CmdSortByTime");
         QVERIFY2(answers.AllGiven(), answers.Complaints());
         QCOMPARE(program.Cell(1, TimeColumn), u"3"_s);
+    }
+
+    void ASortThatMeetsAFaultSaysItAndLeavesTheRows() {
+        RecoveryProgram program;
+        program.TypeRows({{u"3"_s, u" 1 "_s}, {u"1"_s, u"x"_s}});
+        program.ChooseEntry("RecDatDataTypeDDL", 2);
+        Answers answers;
+        answers.Box(u"Confirm Sort"_s, u"Sort the Recovery Data by time?"_s, QMessageBox::Ok);
+        answers.Box(u"Quarnel"_s, u"Recovery data in row 2 cannot be evaluated as a number. Please "
+                                  u"re-enter."_s);
+        program.Press("CmdSortByTime");
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Cell(1, TimeColumn), u"3"_s);
+        QCOMPARE(program.Cell(1, LevelColumn), u"1"_s);
+        QCOMPARE(program.Cell(2, LevelColumn), u"x"_s);
     }
 
     // ---- Check ---------------------------------------------------------------------------------
@@ -448,6 +603,28 @@ private Q_SLOTS:
         program.ClickCell(1, TimeColumn);
         program.Key(Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(program.Cell(1, TimeColumn), u"0.1"_s);
+    }
+
+    void NewStartsAFreshHistory() {
+        RecoveryProgram program;
+        program.TypeRows({{u"1"_s, u"2"_s}});
+        ResetProject(program.Window());
+        program.ClickTab(4);
+        program.ClickCell(1, TimeColumn);
+        program.Key(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(program.Cell(1, TimeColumn), QString());
+    }
+
+    void ShiftAndArrowsMoveTheEndArrowsTheCurrentCell() {
+        RecoveryProgram program;
+        program.ClickCell(2, TimeColumn);
+        program.Key(Qt::Key_Down, Qt::ShiftModifier);
+        program.Key(Qt::Key_Right, Qt::ShiftModifier);
+        QCOMPARE(program.Grid().currentIndex(), program.Grid().model()->index(1, TimeColumn));
+        QCOMPARE(program.Grid().selectionModel()->selectedIndexes().size(), 4);
+        program.Key(Qt::Key_Down);
+        QCOMPARE(program.Grid().currentIndex(), program.Grid().model()->index(2, TimeColumn));
+        QCOMPARE(program.Grid().selectionModel()->selectedIndexes().size(), 1);
     }
 
     void MouseDragSelectsFromWhereItBegan() {

@@ -160,6 +160,22 @@ TEST(PrintedPlot, NothingIsCutOffOnLetterOrA4) {
     ExpectInside(DrawPlotPage(analysis, 8000, 9000));
 }
 
+TEST(PrintedPlot, ASmallPageIsTheWholePageScaled) {
+    const Analysis analysis = Pratt();
+    const PlotDrawing full = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    const PlotDrawing small = DrawPlotPage(analysis, 5400, LetterHeight);
+    const PlotLabel* first = Label(full, "0.1");
+    const PlotLabel* second = Label(small, "0.1");
+    ASSERT_TRUE(first != nullptr && second != nullptr);
+    const double factor = second->points / first->points;
+    EXPECT_LT(factor, 0.5);
+    EXPECT_NEAR(second->x, factor * first->x, 1e-6);
+    EXPECT_NEAR(second->maxWidth, factor * first->maxWidth, 1e-6);
+    EXPECT_GT(first->maxHeight, 0);
+    EXPECT_NEAR(second->maxHeight, factor * first->maxHeight, 1e-6);
+    EXPECT_NEAR(small.circles.front().radius, factor * 65, 1e-6);
+}
+
 TEST(PrintedPlot, LongNamesDoNotRunIntoEachOther) {
     Analysis analysis = Pratt();
     analysis.state.SiteIDText[LustNo] = "A very long registration of a site with many words in it";

@@ -68,6 +68,35 @@ TEST(SummaryReport, EmptyBoxesGiveNoLinesButHeadingsAndSeparatorsStay) {
               "SITE\r\n    \r\nCLIENT\r\n    \r\nCONSULTANT\r\n    \r\n");
 }
 
+TEST(SummaryReport, BeforeAnyComputationItsLinesAreEmptyWithoutLabels) {
+    const std::string report = Report(Analysis());
+    EXPECT_EQ(report.substr(report.find("SLUG TEST\r\n")),
+              "SLUG TEST\r\n\r\n    \r\n"
+              "WELL GEOMETRY\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\nSlug Volume(L): \r\n    \r\n"
+              "BOUWER-RICE COEFFICIENTS\r\n\r\n\r\n\r\n\r\n\r\n    \r\n"
+              "LEAST SQUARES BEST FIT\r\nLn(Y)-cm versus Time-sec\r\n\r\n\r\n    \r\n"
+              "\r\n\r\n\r\n    \r\n"
+              "Time (sec)    D(ft)               Fit Criteria   Y(ft)          Fit Y(ft)\r\n");
+}
+
+TEST(SummaryReport, EveryTextOfTheIdentificationStandsInItsPlace) {
+    Analysis analysis;
+    for (std::size_t i = 0; i < analysis.state.SiteIDText.size(); ++i)
+        analysis.state.SiteIDText[i] = " s" + std::to_string(i) + " ";
+    for (std::size_t i = 0; i < analysis.state.WellTestIDTxt.size(); ++i)
+        analysis.state.WellTestIDTxt[i] = "w" + std::to_string(i);
+    const std::string report = Report(analysis);
+    EXPECT_EQ(report.substr(0, report.find("WELL GEOMETRY")),
+              "BOUWER-RICE SLUG TEST ANALYSIS\r\n    \r\n"
+              "SITE\r\ns1\r\ns2\r\ns3, s4, s5\r\n"
+              "LUST No. s0    UST Registration No. s18\r\n    \r\n"
+              "CLIENT\r\ns6\r\ns7\r\ns8, s9, s10\r\nJob/Account: s19\r\n    \r\n"
+              "CONSULTANT\r\ns15\r\ns14\r\ns13, s12, s11\r\n"
+              "Certified Groundwater Professional: s16, s17\r\n    \r\n"
+              "SLUG TEST\r\n\r\nMonitoring Well: w0\r\nTest Date: w1\r\n"
+              "Field Testing by: w3, w4, w5\r\nTest Analysis by: w2\r\n    \r\n");
+}
+
 TEST(SummaryReport, BlankLinesAreFourBlanksButForTheThreeUnusedOnes) {
     const std::string report = Report(Computed("pratt-county-1998.qn2"));
     EXPECT_NE(report.find("Intercept: 4.15\r\n    \r\n\r\n\r\n\r\n    \r\nTime (sec)"),
