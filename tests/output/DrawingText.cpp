@@ -1,0 +1,65 @@
+#include "tests/output/DrawingText.h"
+
+#include "kcompute/Analysis.h"
+#include "output/PrintedPlot.h"
+
+#include <array>
+#include <cmath>
+#include <cstdio>
+
+namespace quarnel {
+
+namespace {
+
+constexpr std::array<const char*, 4> ColourNames = {"ink", "grid", "red", "blue"};
+constexpr std::array<const char*, 3> AcrossNames = {"left", "centre", "right"};
+constexpr std::array<const char*, 3> AlongNames = {"top", "middle", "bottom"};
+
+std::string Numbers(std::initializer_list<double> values) {
+    std::string text;
+    for (const double value : values) {
+        std::array<char, 64> buffer{};
+        // Adding zero turns a minus zero into zero.
+        std::snprintf(buffer.data(), buffer.size(), " %.3f", std::round(value * 1000) / 1000 + 0.0);
+        text += buffer.data();
+    }
+    return text;
+}
+
+template <class Enum, std::size_t N>
+std::string Name(const std::array<const char*, N>& names, Enum value) {
+    return std::string(" ") + names[static_cast<std::size_t>(value)];
+}
+
+} // namespace
+
+std::string DrawingText(const PlotDrawing& drawing) {
+    std::string text = "surface" + Numbers({drawing.width, drawing.height}) + "\n";
+    for (const PlotLine& line : drawing.lines)
+        text += "line" + Numbers({line.x1, line.y1, line.x2, line.y2, line.width}) +
+                Name(ColourNames, line.colour) + "\n";
+    for (const PlotCircle& circle : drawing.circles)
+        text += "circle" + Numbers({circle.x, circle.y, circle.radius}) +
+                Name(ColourNames, circle.colour) + "\n";
+    for (const PlotLabel& label : drawing.labels)
+        text += "label" + Numbers({label.x, label.y, label.heightsDown, label.points}) +
+                Name(AcrossNames, label.across) + Name(AlongNames, label.along) +
+                (label.turned ? " turned " : " ") + label.text + "\n";
+    return text;
+}
+
+std::string ExampleDrawings(const std::string& projectPath) {
+    constexpr double AreaWidth = 9000;
+    constexpr double AreaHeight = 7000;
+    constexpr double LetterWidth = 11520;
+    constexpr double LetterHeight = 15120;
+    Analysis analysis;
+    OpenProjectFile(projectPath, analysis);
+    PrepareComputation(analysis);
+    ComputeAndKeep(analysis);
+    return "on screen\n" +
+           DrawingText(DrawPlot(analysis.computed, ScreenPlotLayout(AreaWidth, AreaHeight))) +
+           "on Letter\n" + DrawingText(DrawPlotPage(analysis, LetterWidth, LetterHeight));
+}
+
+} // namespace quarnel
