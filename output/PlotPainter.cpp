@@ -3,6 +3,7 @@
 #include <QFontMetricsF>
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <optional>
 #include <vector>
@@ -102,12 +103,18 @@ void PaintLines(QPainter& painter, const PlotDrawing& drawing, const PlotInks& i
     painter.setRenderHint(QPainter::Antialiasing);
 }
 
+/// The centre to the nearest twip, which no eye tells from the exact one: the repeating fractions
+/// let a page of a hundred thousand points compress to a fraction of its size.
+QPointF CentreOf(const PlotCircle& circle) {
+    return {std::round(circle.x), std::round(circle.y)};
+}
+
 void PaintCircles(QPainter& painter, const PlotDrawing& drawing, const PlotInks& inks) {
     painter.setBrush(Qt::NoBrush);
     if (inks.halo.isValid()) {
         painter.setPen(QPen(inks.halo, HaloWidth));
         for (const PlotCircle& circle : drawing.circles)
-            painter.drawEllipse(QPointF(circle.x, circle.y), circle.radius, circle.radius);
+            painter.drawEllipse(CentreOf(circle), circle.radius, circle.radius);
     }
     std::optional<PlotColour> current;
     for (const PlotCircle& circle : drawing.circles) {
@@ -115,7 +122,7 @@ void PaintCircles(QPainter& painter, const PlotDrawing& drawing, const PlotInks&
         if (current != circle.colour)
             painter.setPen(QPen(ColourOf(circle.colour, inks), CircleWidth));
         current = circle.colour;
-        painter.drawEllipse(QPointF(circle.x, circle.y), circle.radius, circle.radius);
+        painter.drawEllipse(CentreOf(circle), circle.radius, circle.radius);
     }
 }
 

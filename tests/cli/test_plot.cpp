@@ -1,6 +1,9 @@
 #include "tests/cli/CliTestSupport.h"
 
+#include "project/Files.h"
+
 #include <QFile>
+#include <cmath>
 
 namespace quarnel::test {
 
@@ -90,6 +93,23 @@ TEST_F(CliPictureTest, PicturesNeedNeitherScreenNorHome) {
         Run(arguments, {{"DISPLAY", ":987"}, {"QT_QPA_PLATFORM", "xcb"}, {"HOME", "/nowhere"}});
     EXPECT_EQ(outcome.status, 0) << outcome.err;
     EXPECT_EQ(outcome.err, "");
+}
+
+TEST_F(CliPictureTest, HundredThousandScatteredPointsStayAFewMegabytes) {
+    std::string rows;
+    unsigned noise = 1;
+    for (int i = 0; i < 100'000; ++i) {
+        noise = noise * 1664525U + 1013904223U;
+        const double scatter = 0.8 + 0.4 * (noise >> 8) / double(1 << 24);
+        rows += "\"RECDATA\",\"DATAPOINT\",\"" + std::to_string(i / 100.0) + "\",\"" +
+                std::to_string(3 * std::exp(-i / 20000.0) * scatter) + "\"\r\n";
+    }
+    const std::string project = ProjectFileText(SampleProject()).text;
+    WriteBytes("long.qn2", project + rows);
+    for (const std::string_view name : {"long.pdf", "long.svg", "long.png"}) {
+        EXPECT_EQ(Run({Q("plot"), Q("-o"), Q(name), Q("long.qn2")}).status, 0);
+        EXPECT_LT(ReadBytes(name).size(), 4'000'000U) << name;
+    }
 }
 
 TEST_F(CliPictureTest, FileThatIsNoneIsToldAndNothingWritten) {

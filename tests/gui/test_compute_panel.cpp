@@ -4,6 +4,7 @@
 #include "output/PlotWidget.h"
 
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTableView>
@@ -62,6 +63,26 @@ public:
     }
     /// Types a character into the grid as a keyboard does.
     void Type(char key) { QTest::keyClick(&Grid(), key); }
+    /// Chooses an entry of the menu of a right click on the grid.
+    void ChooseMark(const char* name) {
+        QTimer look;
+        QObject::connect(&look, &QTimer::timeout, &look, [name, &look] {
+            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            if (menu == nullptr)
+                return;
+            look.stop();
+            auto& action = windowtest::Find<QAction>(*menu, QString::fromLatin1(name));
+            QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(&action).center());
+            menu->close();
+        });
+        look.start(5);
+        QWidget* surface = Grid().viewport();
+        const QPoint centre = surface->rect().center();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, centre, surface->mapToGlobal(centre));
+        QApplication::sendEvent(surface, &event);
+        if (look.isActive())
+            qFatal("The grid has no menu");
+    }
     void Compute() { QTest::mouseClick(&Find(u"CmdComputeK"_s), Qt::LeftButton); }
     QString K() { return Find<QLabel>(u"ComputedKLabel"_s).text(); }
     PlotWidget& Plot() { return Find<PlotWidget>(u"Plot1"_s); }
@@ -261,6 +282,47 @@ private Q_SLOTS:
         QCOMPARE(program.K(), QString());
         QCOMPARE(program.Grid().model()->rowCount(), 1);
         QVERIFY(!program.Window().Current().details.isFilled);
+    }
+
+    void OpeningAnotherProjectLeavesNothingOfTheLastOne() {
+        ComputeProgram program(Falling);
+        program.Compute();
+        QTest::mouseClick(&program.Find(u"CmdDetails"_s), Qt::LeftButton);
+        program.Window().OpenPath(QStringLiteral(QUARNEL_SOURCE_DIR "/examples/every-field.qn2"));
+        QVERIFY(program.Plot().Drawing().IsEmpty());
+        QCOMPARE(program.K(), QString());
+        QVERIFY(!program.Window().Current().details.isFilled);
+        QCOMPARE(program.Find<QPlainTextEdit>(u"SummaryText"_s).toPlainText(), QString());
+        QCOMPARE(program.Find<QTableView>(u"ComputeYGrid"_s).model()->rowCount(), 0);
+    }
+
+    void TheDetailsGridHoldsNumberTimeYTextAndFittedY() {
+        ComputeProgram program(Falling);
+        program.Compute();
+        QTest::mouseClick(&program.Find(u"CmdDetails"_s), Qt::LeftButton);
+        const QAbstractItemModel& grid = *program.Find<QTableView>(u"ComputeYGrid"_s).model();
+        QCOMPARE(grid.columnCount(), 4);
+        QCOMPARE(grid.headerData(1, Qt::Horizontal).toString(), u"Time (sec)"_s);
+        QCOMPARE(grid.headerData(2, Qt::Horizontal).toString(), u"Y (ft)"_s);
+        QCOMPARE(grid.headerData(3, Qt::Horizontal).toString(), u"Fit Y (ft)"_s);
+        QCOMPARE(grid.index(1, 0).data().toString(), u"2"_s);
+        QCOMPARE(grid.index(1, 1).data().toString(), u"10"_s);
+        QCOMPARE(grid.index(1, 2).data().toString(), u" 0.8"_s);
+        const double fitted = FittedY(program.Window().Current().details, 1);
+        QCOMPARE(grid.index(1, 3).data().toString(), ToQString(NumberText(fitted)));
+    }
+
+    void ARightClickOffersTheMarks() {
+        ComputeProgram program(Falling);
+        program.ClickCell(1, CriteriaColumn);
+        program.ClickCell(2, CriteriaColumn, Qt::ShiftModifier);
+        program.ChooseMark("MarkIgnore");
+        QCOMPARE(program.Marks(), QStringList({u"Ignore"_s, u"Ignore"_s, u"Use"_s, u"Use"_s}));
+        program.ChooseMark("MarkTurnOver");
+        QCOMPARE(program.Marks(), QStringList(4, u"Use"_s));
+        program.ClickCell(2, YColumn);
+        program.ChooseMark("MarkIgnore"); // not enabled outside the column of the marks
+        QCOMPARE(program.Marks(), QStringList(4, u"Use"_s));
     }
 
     void ARisingFitIsCalledWeirdAndDrawsPointsOnly() {

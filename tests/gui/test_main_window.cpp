@@ -102,6 +102,42 @@ private Q_SLOTS:
                                         u"Recovery Data"_s, u"Compute K"_s}));
     }
 
+    void EveryPanelHasItsTitle() {
+        Program program;
+        const QStringList titles = {QString(),
+                                    u"Site Identification"_s,
+                                    u"Well and Slug Test Identification"_s,
+                                    u"Test Identification"_s,
+                                    u"Well Geometry"_s,
+                                    u"Recovery Data"_s,
+                                    u"Compute Hydraulic Conductivity"_s};
+        for (int panel = 0; panel <= 6; ++panel)
+            QCOMPARE(program.Find<QLabel>(u"PanelTitle"_s, panel).text(), titles[panel]);
+    }
+
+    void TheListsHoldTheirEntriesInOrder() {
+        Program program;
+        const QStringList lengths = {u"in"_s, u"ft"_s, u"cm"_s, u"m"_s};
+        const QStringList times = {u"sec"_s, u"min"_s, u"hr"_s, u"day"_s};
+        const std::pair<const char*, QStringList> lists[] = {
+            {"CmboKLengthUnits", lengths},
+            {"CmboKTimeUnits", times},
+            {"WellGeoVertUnitsDDL", lengths},
+            {"WellGeoRadUnitsDDL", lengths},
+            {"RecDatWaterLevelUnitsDDL", lengths},
+            {"RecDatTimeUnitsDDL", times},
+            {"RecDatDataTypeDDL",
+             {u"D: Depth to Groundwater "_s, u"H: Groundwater Head "_s, u"Y: Change in Head "_s}},
+            {"RecDatSlugTestTypeDDL", {u"Rising head "_s, u"Falling head "_s}}};
+        for (const auto& [name, entries] : lists) {
+            const auto& list = program.Find<QComboBox>(QString::fromLatin1(name));
+            QStringList held;
+            for (int i = 0; i < list.count(); ++i)
+                held << list.itemText(i);
+            QCOMPARE(held, entries);
+        }
+    }
+
     void NewKeepsTheConsultantAndEmptiesEverythingElse() {
         Program program;
         for (int i = 0; i < 20; ++i)
@@ -276,6 +312,8 @@ private Q_SLOTS:
             QCOMPARE(program.Find<QLineEdit>(u"PlotText"_s, i).text(), QString());
         const QAbstractItemModel& grid = *program.Find<QTableView>(u"RecDatGrid"_s).model();
         QCOMPARE(grid.rowCount(), 50);
+        QCOMPARE(grid.headerData(1, Qt::Horizontal).toString(), u"Time\n(sec)"_s);
+        QCOMPARE(grid.headerData(2, Qt::Horizontal).toString(), u"Recovery\nD   (ft)"_s);
         for (int row = 0; row < 50; ++row)
             QCOMPARE(grid.index(row, 1).data().toString() + grid.index(row, 2).data().toString(),
                      QString());
@@ -347,6 +385,13 @@ private Q_SLOTS:
                 program.ClickTab(tab);
                 QTest::qWait(1);
                 ExpectNothingCut(program.Window());
+            }
+            for (const char* button :
+                 {"CmdComputeK", "CmdDetails", "CmdPrintPlot", "CmdPrtSummary"})
+                QTest::mouseClick(&program.Find(QString::fromLatin1(button)), Qt::LeftButton);
+            for (const char* dialog : {"ComputedYFrm", "PrtPlotFrm", "PrtResults"}) {
+                QVERIFY(program.Find(QString::fromLatin1(dialog)).isVisible());
+                ExpectNothingCut(program.Find(QString::fromLatin1(dialog)));
             }
         }
         QApplication::setFont(before);
