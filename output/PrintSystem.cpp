@@ -13,8 +13,8 @@ constexpr int LastSuccess = 0xFF;
 
 /// The ends of what pages were measured to take, with a wide margin: a plot of 100,000 points takes
 /// less than the first, a page of the report less than the second.
-constexpr qint64 BytesOfDocument = 4 * 1024 * 1024;
-constexpr qint64 BytesOfPage = 32 * 1024;
+constexpr qint64 BytesOfDocument = qint64{4} * 1024 * 1024;
+constexpr qint64 BytesOfPage = qint64{32} * 1024;
 
 } // namespace
 

@@ -48,8 +48,8 @@ bool SaveAsPdf(QWidget* parent, const QString& title, const PagesFor& pagesFor) 
     return false;
 }
 
-/// The printer's own sheet and all of it that the printer can reach: by itself Qt takes the country's
-/// sheet and margins of its own.
+/// The printer's own sheet and all of it that the printer can reach: by itself Qt takes the
+/// country's sheet and margins of its own.
 void UseWholePrintableArea(QPrinter& printer, const QPageSize& sheet) {
     if (sheet.isValid())
         printer.setPageSize(sheet);

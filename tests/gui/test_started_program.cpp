@@ -32,8 +32,9 @@ private Q_SLOTS:
     /// One screen for all tests; the server itself chooses a free number and prints it.
     void initTestCase() {
         server_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        // A server that resets itself after its last client turns away one that comes meanwhile.
         server_.start(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, u"1024x768x24"_s,
-                                  u"-nolisten"_s, u"tcp"_s});
+                                  u"-nolisten"_s, u"tcp"_s, u"-noreset"_s});
         QVERIFY2(server_.waitForStarted(-1), "Xvfb is needed");
         QVERIFY(server_.waitForReadyRead(-1));
         display_ = u":"_s + QString::fromLatin1(server_.readAllStandardOutput().trimmed());
