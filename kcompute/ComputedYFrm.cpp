@@ -22,6 +22,8 @@ constexpr std::array<const char*, FittedYModel::Columns> WidestTexts = {
     "1000000", "100000.00", "-1.234567E-05", "-1.23e-10"};
 constexpr int TextColumns = 76;
 constexpr int TextLines = 34;
+/// What the grid leaves of the text on a small screen.
+constexpr int LeastColumns = 24;
 
 } // namespace
 
@@ -39,7 +41,10 @@ ComputedYFrm::ComputedYFrm(Analysis& analysis, QWidget* parent)
     SummaryText->setUndoRedoEnabled(false);
     SummaryText->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     SummaryText->setLineWrapMode(QPlainTextEdit::WidgetWidth);
-    SummaryText->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    // Who reads the window in a large font reads this text in it too.
+    fixed.setPointSizeF(std::max(fixed.pointSizeF(), font().pointSizeF()));
+    SummaryText->setFont(fixed);
     BuildGrid();
 
     auto* close = new QPushButton(tr("Close"), this);
@@ -77,6 +82,7 @@ void ComputedYFrm::FitToTexts() {
     ComputeYGrid->verticalHeader()->setDefaultSectionSize(gridMetrics.height() + 4);
     const QFontMetrics textMetrics(SummaryText->font());
     const int textWidth = textMetrics.horizontalAdvance(QLatin1Char('0')) * TextColumns;
+    SummaryText->setMinimumWidth(textMetrics.horizontalAdvance(QLatin1Char('0')) * LeastColumns);
     const QSize wanted(textWidth + gridWidth + 4 * margin, textMetrics.lineSpacing() * TextLines);
     preferredSize_ = wanted.boundedTo(screen()->availableSize() * 9 / 10);
     qobject_cast<QSplitter*>(ComputeYGrid->parentWidget())->setSizes({textWidth, gridWidth});

@@ -183,6 +183,11 @@ QSize UseIgnoreGrid::sizeHint() const {
             QTableView::sizeHint().height()};
 }
 
+/// Never narrower than its columns: going to the marks would scroll the row numbers out of sight.
+QSize UseIgnoreGrid::minimumSizeHint() const {
+    return {sizeHint().width(), QTableView::minimumSizeHint().height()};
+}
+
 void UseIgnoreGrid::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
     if (model_ != nullptr &&

@@ -51,6 +51,7 @@ public:
     /// Shows the points anew with row 1 in view.
     void Refill();
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -177,6 +177,20 @@ private Q_SLOTS:
         QCOMPARE(program.Mark(1), u"Ignore"_s);
     }
 
+    void MarksSurviveASort() {
+        ComputeProgram program({{"30", "0.5"}, {"0", "1.0"}, {"10", "0.8"}});
+        program.ClickCell(1, CriteriaColumn);
+        program.Type('I');
+        program.ClickTab(4);
+        Answers answers;
+        answers.Box(u"Confirm Sort"_s, u"Sort the Recovery Data by time?"_s, QMessageBox::Ok);
+        QTest::mouseClick(&program.Find(u"CmdSortByTime"_s), Qt::LeftButton);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        program.ClickTab(5);
+        QCOMPARE(program.Text(3, 1), u"30"_s);
+        QCOMPARE(program.Marks(), QStringList({u"Use"_s, u"Use"_s, u"Ignore"_s}));
+    }
+
     void EditingAReadingDropsItsMark() {
         ComputeProgram program(Falling);
         program.ClickCell(2, CriteriaColumn);

@@ -2,7 +2,9 @@
 
 #include <QComboBox>
 #include <QHeaderView>
+#include <QPlainTextEdit>
 #include <QScreen>
+#include <QScrollBar>
 #include <QTableView>
 #include <stdexcept>
 
@@ -51,6 +53,9 @@ void ExpectNothingCut(const QWidget& window) {
         for (int column = 0; grid->isVisible() && column < heading.count(); ++column)
             QVERIFY2(heading.sectionSize(column) >= heading.sectionSizeHint(column),
                      qPrintable(grid->objectName()));
+        // The details' window has its own scroll bar; the panels scroll as a whole.
+        if (grid->isVisible() && grid->objectName() != u"ComputeYGrid"_s)
+            QCOMPARE(grid->horizontalScrollBar()->maximum(), 0);
         QVERIFY(!grid->isVisible() || heading.height() >= heading.sizeHint().height());
     }
 }
@@ -393,6 +398,9 @@ private Q_SLOTS:
                 QVERIFY(program.Find(QString::fromLatin1(dialog)).isVisible());
                 ExpectNothingCut(program.Find(QString::fromLatin1(dialog)));
             }
+            const auto& text = program.Find<QPlainTextEdit>(u"SummaryText"_s);
+            QVERIFY(text.font().pointSize() >= 24);
+            QVERIFY(text.width() >= 20 * text.fontMetrics().horizontalAdvance(u'0'));
         }
         QApplication::setFont(before);
     }

@@ -627,6 +627,30 @@ private Q_SLOTS:
         QCOMPARE(program.Grid().selectionModel()->selectedIndexes().size(), 1);
     }
 
+    void HomeEndAndPageKeysMoveTheCurrentCellAndKeepItInView() {
+        RecoveryProgram program;
+        const auto current = [&program] {
+            const QModelIndex index = program.Grid().currentIndex();
+            return std::pair(index.row() + 1, index.column());
+        };
+        program.ClickCell(1, TimeColumn);
+        program.Key(Qt::Key_End);
+        QCOMPARE(current(), std::pair(1, LevelColumn));
+        program.Key(Qt::Key_PageDown);
+        const int page = current().first - 1;
+        QVERIFY(page > 1);
+        program.Key(Qt::Key_PageUp);
+        QCOMPARE(current(), std::pair(1, LevelColumn));
+        program.Key(Qt::Key_Home);
+        QCOMPARE(current(), std::pair(1, TimeColumn));
+        program.Key(Qt::Key_End, Qt::ControlModifier);
+        QCOMPARE(current(), std::pair(50, LevelColumn));
+        QVERIFY(program.Grid().viewport()->rect().contains(
+            program.Grid().visualRect(program.Grid().currentIndex()).center()));
+        program.Key(Qt::Key_Home, Qt::ControlModifier);
+        QCOMPARE(current(), std::pair(1, TimeColumn));
+    }
+
     void MouseDragSelectsFromWhereItBegan() {
         RecoveryProgram program;
         auto* viewport = program.Grid().viewport();
