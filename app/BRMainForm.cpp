@@ -1,21 +1,21 @@
 #include "app/BRMainForm.h"
 
+#include "app/ComputePanel.h"
 #include "app/DroppedProject.h"
 #include "app/GeneralTools.h"
 #include "app/MainGlobal.h"
-#include "app/MessageBoxes.h"
-#include "app/QtTexts.h"
 #include "app/SiteIdentificationPanel.h"
 #include "app/WellTestIdentificationPanel.h"
-#include "kcompute/ComputePanel.h"
 #include "kcompute/ComputedYFrm.h"
 #include "output/PrtPlotFrm.h"
 #include "output/PrtResults.h"
 #include "project/FieldTables.h"
 #include "project/ProjectFileDialogs.h"
-#include "project/SaveFile.h"
 #include "recovery/RecoveryDataPanel.h"
+#include "system/ReplaceFile.h"
 #include "wellgeometry/WellGeometryPanel.h"
+#include "widgets/MessageBoxes.h"
+#include "widgets/QtTexts.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

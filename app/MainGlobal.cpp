@@ -2,7 +2,7 @@
 
 #include "app/BRMainForm.h"
 #include "app/GeneralTools.h"
-#include "project/SystemLocale.h"
+#include "system/Locale.h"
 
 namespace quarnel {
 

@@ -1,8 +1,8 @@
 #include "app/QuarnelApplication.h"
 
-#include "app/MessageBoxes.h"
-#include "app/QtTexts.h"
 #include "project/Files.h"
+#include "widgets/MessageBoxes.h"
+#include "widgets/QtTexts.h"
 
 #include <QEvent>
 #include <QIcon>

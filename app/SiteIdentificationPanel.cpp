@@ -1,9 +1,9 @@
 #include "app/SiteIdentificationPanel.h"
 
-#include "app/LabelledBoxes.h"
-#include "app/QtTexts.h"
-#include "app/TextBox.h"
 #include "project/FieldTables.h"
+#include "widgets/LabelledBoxes.h"
+#include "widgets/QtTexts.h"
+#include "widgets/TextBox.h"
 
 #include <QFormLayout>
 #include <QGroupBox>

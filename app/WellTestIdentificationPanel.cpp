@@ -1,8 +1,8 @@
 #include "app/WellTestIdentificationPanel.h"
 
-#include "app/LabelledBoxes.h"
-#include "app/TextBox.h"
 #include "project/FieldTables.h"
+#include "widgets/LabelledBoxes.h"
+#include "widgets/TextBox.h"
 
 #include <QFormLayout>
 #include <QGroupBox>

@@ -2,7 +2,7 @@
 
 #include "cli/Output.h"
 #include "kcompute/KComputations.h"
-#include "project/SystemLocale.h"
+#include "system/Locale.h"
 
 #include <new>
 

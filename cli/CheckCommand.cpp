@@ -3,7 +3,7 @@
 #include "cli/PlainText.h"
 #include "project/FieldTables.h"
 #include "project/Files.h"
-#include "project/SystemLocale.h"
+#include "system/Locale.h"
 
 #include <unistd.h>
 

@@ -2,8 +2,8 @@
 #include "cli/Output.h"
 #include "project/FieldTables.h"
 #include "project/Files.h"
-#include "project/SaveFile.h"
-#include "project/SystemLocale.h"
+#include "system/Locale.h"
+#include "system/ReplaceFile.h"
 
 namespace quarnel {
 

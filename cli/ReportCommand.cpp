@@ -2,7 +2,7 @@
 #include "cli/Commands.h"
 #include "cli/Output.h"
 #include "output/SummaryReport.h"
-#include "project/SaveFile.h"
+#include "system/ReplaceFile.h"
 
 #include <filesystem>
 

@@ -1,7 +1,7 @@
 #include "kcompute/Analysis.h"
 
+#include "kcompute/UseIgnore.h"
 #include "recovery/RecoveryDa.h"
-#include "recovery/UseIgnore.h"
 #include "wellgeometry/WellGeometry.h"
 
 namespace quarnel {

@@ -1,9 +1,9 @@
 #include "kcompute/ComputationDetails.h"
 
 #include "kcompute/NumberToText.h"
+#include "kcompute/UseIgnore.h"
 #include "project/Texts.h"
 #include "recovery/RecoveryDa.h"
-#include "recovery/UseIgnore.h"
 
 #include <array>
 #include <initializer_list>

@@ -1,8 +1,8 @@
 #include "kcompute/ComputedYFrm.h"
 
-#include "app/MessageBoxes.h"
-#include "app/QtTexts.h"
 #include "kcompute/FittedYModel.h"
+#include "widgets/MessageBoxes.h"
+#include "widgets/QtTexts.h"
 
 #include <QFontDatabase>
 #include <QHBoxLayout>

@@ -1,7 +1,7 @@
 #include "kcompute/FittedYModel.h"
 
-#include "app/QtTexts.h"
 #include "recovery/RecoveryDa.h"
+#include "widgets/QtTexts.h"
 
 namespace quarnel {
 

@@ -1,7 +1,7 @@
 #include "kcompute/KComputations.h"
 
 #include "kcompute/NumberToText.h"
-#include "recovery/UseIgnore.h"
+#include "kcompute/UseIgnore.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
 #include "output/PlotExport.h"
 
 #include "output/PlotPainter.h"
-#include "project/SaveFile.h"
 #include "project/Texts.h"
+#include "system/ReplaceFile.h"
 
 #include <QBuffer>
 #include <QMarginsF>

@@ -1,9 +1,9 @@
 #include "output/PlotWidget.h"
 
-#include "app/MessageBoxes.h"
-#include "app/QtTexts.h"
 #include "output/PlotExport.h"
 #include "output/PlotPainter.h"
+#include "widgets/MessageBoxes.h"
+#include "widgets/QtTexts.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,7 +1,7 @@
 #include "output/PrtPlotFrm.h"
 
-#include "app/QtTexts.h"
-#include "output/PrintThePlot.h"
+#include "output/PrintDocument.h"
+#include "widgets/QtTexts.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>

@@ -1,11 +1,11 @@
 #include "output/PrtResults.h"
 
-#include "app/MessageBoxes.h"
-#include "app/QtTexts.h"
-#include "output/PrintThePlot.h"
+#include "output/PrintDocument.h"
 #include "output/SummaryReport.h"
 #include "project/ProjectFileDialogs.h"
-#include "project/SaveFile.h"
+#include "system/ReplaceFile.h"
+#include "widgets/MessageBoxes.h"
+#include "widgets/QtTexts.h"
 
 #include <QDialogButtonBox>
 #include <QGroupBox>

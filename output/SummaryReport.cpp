@@ -1,9 +1,9 @@
 #include "output/SummaryReport.h"
 
+#include "kcompute/UseIgnore.h"
 #include "project/TextEncoding.h"
 #include "project/Texts.h"
 #include "recovery/RecoveryDa.h"
-#include "recovery/UseIgnore.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #include "recovery/GridEditing.h"
 
-#include "app/SortOrder.h"
 #include "project/Files.h"
 #include "project/Texts.h"
+#include "recovery/SortOrder.h"
 
 #include <algorithm>
 #include <cmath>

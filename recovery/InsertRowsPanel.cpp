@@ -1,8 +1,8 @@
 #include "recovery/InsertRowsPanel.h"
 
-#include "app/MessageBoxes.h"
-#include "app/QtTexts.h"
 #include "project/Texts.h"
+#include "widgets/MessageBoxes.h"
+#include "widgets/QtTexts.h"
 
 #include <QGridLayout>
 #include <QKeyEvent>

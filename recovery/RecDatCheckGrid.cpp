@@ -1,7 +1,7 @@
 #include "recovery/RecDatCheckGrid.h"
 
-#include "app/QtTexts.h"
 #include "recovery/RecoveryDa.h"
+#include "widgets/QtTexts.h"
 
 #include <algorithm>
 #include <utility>

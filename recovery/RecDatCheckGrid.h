@@ -1,7 +1,7 @@
 #pragma once
 
 #include "project/GlobalDeclar.h"
-#include "recovery/GridView.h"
+#include "widgets/GridView.h"
 
 #include <QAbstractTableModel>
 #include <memory>

@@ -1,8 +1,8 @@
 #include "recovery/RecDatGrid.h"
 
-#include "app/MessageBoxes.h"
-#include "app/QtTexts.h"
 #include "recovery/GridCellDelegate.h"
+#include "widgets/MessageBoxes.h"
+#include "widgets/QtTexts.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "recovery/GridView.h"
 #include "recovery/RecoveryGridModel.h"
+#include "widgets/GridView.h"
 
 #include <QBasicTimer>
 #include <optional>

@@ -1,6 +1,6 @@
 #include "recovery/RecDatGrid.h"
 
-#include "app/QtTexts.h"
+#include "widgets/QtTexts.h"
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>

@@ -1,11 +1,11 @@
 #include "recovery/RecoveryDataPanel.h"
 
-#include "app/MessageBoxes.h"
-#include "app/QtTexts.h"
 #include "recovery/InsertRowsPanel.h"
 #include "recovery/RecDatCheckGrid.h"
 #include "recovery/RecDatGrid.h"
 #include "recovery/RecoveryDa.h"
+#include "widgets/MessageBoxes.h"
+#include "widgets/QtTexts.h"
 
 #include <QMenu>
 

@@ -1,9 +1,9 @@
 #include "recovery/RecoveryDataPanel.h"
 
-#include "app/QtTexts.h"
 #include "recovery/InsertRowsPanel.h"
 #include "recovery/RecDatCheckGrid.h"
 #include "recovery/RecDatGrid.h"
+#include "widgets/QtTexts.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>

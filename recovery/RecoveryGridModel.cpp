@@ -1,7 +1,7 @@
 #include "recovery/RecoveryGridModel.h"
 
-#include "app/QtTexts.h"
 #include "recovery/RecoveryDa.h"
+#include "widgets/QtTexts.h"
 
 #include <algorithm>
 

@@ -1,10 +1,10 @@
 #include "wellgeometry/WellGeometryPanel.h"
 
-#include "app/MessageBoxes.h"
-#include "app/QtTexts.h"
 #include "project/FieldTables.h"
 #include "wellgeometry/WellGeometry.h"
 #include "wellgeometry/WellSectionPicture.h"
+#include "widgets/MessageBoxes.h"
+#include "widgets/QtTexts.h"
 
 #include <QButtonGroup>
 #include <QComboBox>

@@ -2,8 +2,8 @@
 
 #include "app/BRMainForm.h"
 #include "app/MainGlobal.h"
-#include "app/QtTexts.h"
 #include "app/QuarnelApplication.h"
+#include "widgets/QtTexts.h"
 
 #include <QAbstractButton>
 #include <QAction>

@@ -4,7 +4,7 @@
 #include "tests/gui/WindowTestSupport.h"
 
 #include "project/FieldTables.h"
-#include "project/SaveFile.h"
+#include "system/ReplaceFile.h"
 
 #include <QGroupBox>
 

@@ -3,7 +3,7 @@
 #include "kcompute/KComputations.h"
 
 #include "kcompute/Analysis.h"
-#include "recovery/UseIgnore.h"
+#include "kcompute/UseIgnore.h"
 #include "tests/CoreTestSupport.h"
 
 #include <cmath>

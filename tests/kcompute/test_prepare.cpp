@@ -2,7 +2,7 @@
 
 #include "kcompute/Analysis.h"
 
-#include "recovery/UseIgnore.h"
+#include "kcompute/UseIgnore.h"
 #include "tests/CoreTestSupport.h"
 
 #include <cmath>

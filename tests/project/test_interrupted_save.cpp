@@ -1,7 +1,7 @@
 // A save that is killed, that meets a full disk, or that meets another save: whatever happens, the
 // file is the whole old project or the whole new one.
 
-#include "project/SaveFile.h"
+#include "system/ReplaceFile.h"
 
 #include "tests/project/SaveTestSupport.h"
 

@@ -1,6 +1,6 @@
 // Saving a file: what a target may be, what is kept of it, what a failure says.
 
-#include "project/SaveFile.h"
+#include "system/ReplaceFile.h"
 
 #include "tests/project/SaveTestSupport.h"
 

@@ -1,6 +1,6 @@
 // The order of readings by time, against the selection it is described by.
 
-#include "app/SortOrder.h"
+#include "recovery/SortOrder.h"
 
 #include <gtest/gtest.h>
 

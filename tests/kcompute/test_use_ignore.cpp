@@ -1,6 +1,6 @@
 // The Use/Ignore marks: keys, what a key press does, and how marks come back.
 
-#include "recovery/UseIgnore.h"
+#include "kcompute/UseIgnore.h"
 
 #include "recovery/RecoveryDa.h"
 #include "tests/CoreTestSupport.h"

@@ -1,9 +1,9 @@
 #include "kcompute/Analysis.h"
 #include "output/PagePainter.h"
 #include "output/PlotExport.h"
-#include "project/SaveFile.h"
-#include "project/SystemLocale.h"
 #include "project/Texts.h"
+#include "system/Locale.h"
+#include "system/ReplaceFile.h"
 
 #include <QCommandLineParser>
 #include <QGuiApplication>

@@ -1,6 +1,6 @@
-#include "app/TextBox.h"
+#include "widgets/TextBox.h"
 
-#include "app/QtTexts.h"
+#include "widgets/QtTexts.h"
 
 #include <QSignalBlocker>
 

@@ -1,4 +1,4 @@
-#include "recovery/GridView.h"
+#include "widgets/GridView.h"
 
 #include <QEvent>
 #include <QHeaderView>

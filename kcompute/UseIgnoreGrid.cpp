@@ -1,7 +1,7 @@
-#include "recovery/UseIgnoreGrid.h"
+#include "kcompute/UseIgnoreGrid.h"
 
-#include "app/QtTexts.h"
 #include "recovery/RecoveryDa.h"
+#include "widgets/QtTexts.h"
 
 #include <QContextMenuEvent>
 #include <QHeaderView>

@@ -1,9 +1,9 @@
-#include "kcompute/ComputePanel.h"
+#include "app/ComputePanel.h"
 
-#include "app/MessageBoxes.h"
-#include "app/QtTexts.h"
+#include "kcompute/UseIgnoreGrid.h"
 #include "output/PlotWidget.h"
-#include "recovery/UseIgnoreGrid.h"
+#include "widgets/MessageBoxes.h"
+#include "widgets/QtTexts.h"
 
 #include <QComboBox>
 #include <QGroupBox>

@@ -1,6 +1,6 @@
-#include "app/LabelledBoxes.h"
+#include "widgets/LabelledBoxes.h"
 
-#include "app/QtTexts.h"
+#include "widgets/QtTexts.h"
 
 namespace quarnel {
 

@@ -1,4 +1,4 @@
-#include "output/PrintSystem.h"
+#include "system/PrintQueue.h"
 
 #include <QDir>
 #include <QLibrary>

@@ -1,4 +1,4 @@
-#include "recovery/UseIgnore.h"
+#include "kcompute/UseIgnore.h"
 
 #include "project/Texts.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "kcompute/Analysis.h"
-#include "recovery/UseIgnore.h"
+#include "kcompute/UseIgnore.h"
 
 #include <QAbstractTableModel>
 #include <QTableView>

@@ -1,4 +1,4 @@
-#include "project/SystemLocale.h"
+#include "system/Locale.h"
 
 #include <QLocale>
 

@@ -1,4 +1,4 @@
-#include "app/SortOrder.h"
+#include "recovery/SortOrder.h"
 
 #include <algorithm>
 

@@ -1,10 +1,10 @@
-#include "output/PrintThePlot.h"
+#include "output/PrintDocument.h"
 
-#include "app/MessageBoxes.h"
-#include "app/QtTexts.h"
-#include "output/PrintSystem.h"
 #include "project/ProjectFileDialogs.h"
-#include "project/SaveFile.h"
+#include "system/PrintQueue.h"
+#include "system/ReplaceFile.h"
+#include "widgets/MessageBoxes.h"
+#include "widgets/QtTexts.h"
 
 #include <QDir>
 #include <QPrinter>

@@ -1,4 +1,4 @@
-#include "project/SaveFile.h"
+#include "system/ReplaceFile.h"
 
 #include "project/TextEncoding.h"
 
