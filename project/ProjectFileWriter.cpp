@@ -18,7 +18,7 @@ public:
     }
     RecordWriter& Number(int number) {
         Separate();
-        text_ += WholeToText(number);
+        text_ += std::to_string(number);
         return *this;
     }
     void End() {
