@@ -45,7 +45,8 @@ QLabel* BuildLegend(QWidget* parent) {
 
 ComputePanel::ComputePanel(Analysis& analysis, QWidget* parent)
     : Panel(parent)
-    , analysis_(analysis) {
+    , analysis_(analysis)
+    , marks_(analysis.state, analysis.working) {
     auto* splitter = new QSplitter(Qt::Horizontal, this);
     splitter->setChildrenCollapsible(false);
     splitter->addWidget(BuildPlotSide());
@@ -75,7 +76,7 @@ QWidget* ComputePanel::BuildMarkSide() {
     auto* side = new QWidget(this);
     auto* layout = new QVBoxLayout(side);
     layout->setContentsMargins(0, 0, 0, 0);
-    RecDatWeightGrid = new UseIgnoreGrid(analysis_.state, analysis_.working, side);
+    RecDatWeightGrid = new UseIgnoreGrid(analysis_.state, analysis_.working, marks_, side);
     connect(RecDatWeightGrid, &UseIgnoreGrid::MarksChanged, this, &ComputePanel::Edited);
     const QString keys = tr("Select cells of the Criteria column, then press U (capital) for Use, "
                             "I (capital) for Ignore, or the space bar to turn them over.");
@@ -170,6 +171,7 @@ void ComputePanel::ShowState() {
 }
 
 void ComputePanel::ShowPreparedData() {
+    marks_.PointsWereMade();
     RecDatWeightGrid->Refill();
     ShowHeadings();
 }
@@ -182,6 +184,12 @@ void ComputePanel::ShowStale(bool stale) {
     StaleText->ShowStale(stale);
     // Greyed as text that does not hold now, yet readable and to be copied.
     ComputedKLabel->setForegroundRole(stale ? QPalette::PlaceholderText : QPalette::WindowText);
+}
+
+void ComputePanel::UseOnly(const std::vector<std::size_t>& points) {
+    marks_.UseOnly(points);
+    RecDatWeightGrid->ShowMarks();
+    Q_EMIT Edited();
 }
 
 void ComputePanel::ShowComputation() {

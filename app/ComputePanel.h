@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kcompute/Analysis.h"
+#include "kcompute/MarkEditor.h"
 #include "widgets/Panel.h"
 
 class QBoxLayout;
@@ -26,6 +27,8 @@ public:
     void ShowPreparedData();
     /// Headings follow the unit lists of the recovery data.
     void ShowHeadings();
+    /// Marks these points (counted from 0) Use and all others Ignore, as one step.
+    void UseOnly(const std::vector<std::size_t>& points);
     /// Says that the data have changed since the computation, or nothing.
     void ShowStale(bool stale);
 
@@ -50,6 +53,7 @@ private:
     void ShowK();
 
     Analysis& analysis_;
+    MarkEditor marks_;
     PlotWidget* Plot1 = nullptr;
     UseIgnoreGrid* RecDatWeightGrid = nullptr;
     QPushButton* CmdComputeK = nullptr;

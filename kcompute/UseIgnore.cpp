@@ -3,10 +3,8 @@
 #include "project/Texts.h"
 
 #include <algorithm>
-#include <iterator>
 #include <unordered_map>
 #include <unordered_set>
-#include <utility>
 
 namespace quarnel {
 
@@ -39,12 +37,6 @@ void KeepCounted(std::vector<std::string>& ignoreKeys, KeyCounts& counts) {
     });
 }
 
-Mark MarkAfter(MarkKey key, Mark before) {
-    if (key == MarkKey::TurnOver)
-        return before == Mark::Use ? Mark::Ignore : Mark::Use;
-    return key == MarkKey::Use ? Mark::Use : Mark::Ignore;
-}
-
 } // namespace
 
 std::string_view MarkText(Mark mark) {
@@ -69,21 +61,25 @@ std::vector<Mark> RestoredMarks(const std::vector<std::string>& ignoreKeys,
     return marks;
 }
 
-void ChangeMarks(std::vector<std::string>& ignoreKeys, const RecoveryPointList& points,
-                 std::vector<Mark>& marks, std::size_t first, std::size_t last, MarkKey key) {
+Mark MarkAfter(MarkKey key, Mark before) {
+    if (key == MarkKey::TurnOver)
+        return before == Mark::Use ? Mark::Ignore : Mark::Use;
+    return key == MarkKey::Use ? Mark::Use : Mark::Ignore;
+}
+
+void SetMarks(std::vector<std::string>& ignoreKeys, const RecoveryPointList& points,
+              std::vector<Mark>& marks, std::size_t first, std::span<const Mark> newMarks) {
     KeyCounts usedAgain;
-    std::vector<std::string> additions;
-    for (std::size_t k = first; k <= last && k < marks.size(); ++k) {
-        const Mark before = std::exchange(marks[k], MarkAfter(key, marks[k]));
-        if (marks[k] == before)
+    for (std::size_t i = 0; i < newMarks.size(); ++i) {
+        Mark& mark = marks[first + i];
+        if (mark == newMarks[i])
             continue;
-        if (marks[k] == Mark::Ignore)
-            additions.push_back(IgnoreKey(points[k]));
+        mark = newMarks[i];
+        if (mark == Mark::Ignore)
+            ignoreKeys.push_back(IgnoreKey(points[first + i]));
         else
-            usedAgain.emplace(IgnoreKey(points[k]), 0);
+            usedAgain.emplace(IgnoreKey(points[first + i]), 0);
     }
-    ignoreKeys.insert(ignoreKeys.end(), std::make_move_iterator(additions.begin()),
-                      std::make_move_iterator(additions.end()));
     if (usedAgain.empty())
         return;
     CountIgnored(points, marks, usedAgain);

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,12 +29,14 @@ std::vector<Mark> RestoredMarks(const std::vector<std::string>& ignoreKeys,
 /// What a key does to marks: turn over (space), Use ("U"), Ignore ("I").
 enum class MarkKey { TurnOver, Use, Ignore };
 
-/// Applies a key to the marks of points first..last (counted from 0, both included, cut to the
-/// points there are) and carries each change into the list of ignore keys at once: "Ignore" appends
-/// the point's key, "Use" leaves the key in the list once for each other point with that key that
-/// still says "Ignore". So marks survive a look at another tab and a save before the next
-/// computation.
-void ChangeMarks(std::vector<std::string>& ignoreKeys, const RecoveryPointList& points,
-                 std::vector<Mark>& marks, std::size_t first, std::size_t last, MarkKey key);
+/// The mark that a key gives to a point with the mark `before`.
+Mark MarkAfter(MarkKey key, Mark before);
+
+/// Gives the points from `first` on (counted from 0) new marks and carries each change into the
+/// list of ignore keys at once: "Ignore" appends the point's key, "Use" leaves the key in the list
+/// once for each other point with that key that still says "Ignore". So marks survive a look at
+/// another tab and a save before the next computation.
+void SetMarks(std::vector<std::string>& ignoreKeys, const RecoveryPointList& points,
+              std::vector<Mark>& marks, std::size_t first, std::span<const Mark> newMarks);
 
 } // namespace quarnel

@@ -78,10 +78,11 @@ std::vector<TableColumn> UseIgnoreColumns(const ProjectState& state, const Worki
 
 } // namespace
 
-UseIgnoreGrid::UseIgnoreGrid(ProjectState& state, WorkingValues& working, QWidget* parent)
+UseIgnoreGrid::UseIgnoreGrid(const ProjectState& state, const WorkingValues& working,
+                             MarkEditor& editor, QWidget* parent)
     : QTableView(parent)
-    , state_(state)
     , working_(working)
+    , editor_(editor)
     , model_(UseIgnoreColumns(state, working)) {
     setObjectName(QStringLiteral("RecDatWeightGrid"));
     setAccessibleName(tr("Points to use or ignore in the fit"));
@@ -161,9 +162,20 @@ void UseIgnoreGrid::MarkSelected(MarkKey key) {
     const std::optional<RowRange> rows = RowsToMark();
     if (!rows)
         return;
-    ChangeMarks(state_.IgnoreKeyList, *working_.recovery.RecoveryPoints, working_.marks,
-                static_cast<std::size_t>(rows->first), static_cast<std::size_t>(rows->last), key);
-    model_.ShowTexts(rows->first, rows->last, CriteriaColumn);
+    editor_.Press(key, static_cast<std::size_t>(rows->first), static_cast<std::size_t>(rows->last));
+    ShowMarks();
+    Q_EMIT MarksChanged();
+}
+
+void UseIgnoreGrid::Undo() {
+    editor_.Undo();
+    ShowMarks();
+    Q_EMIT MarksChanged();
+}
+
+void UseIgnoreGrid::Redo() {
+    editor_.Redo();
+    ShowMarks();
     Q_EMIT MarksChanged();
 }
 
@@ -175,6 +187,14 @@ void UseIgnoreGrid::keyPressEvent(QKeyEvent* event) {
     if (const std::optional<MarkKey> key = MarkKeyOf(*event)) {
         MarkSelected(*key);
         event->accept();
+        return;
+    }
+    if (event->matches(QKeySequence::Undo)) {
+        Undo();
+        return;
+    }
+    if (event->matches(QKeySequence::Redo)) {
+        Redo();
         return;
     }
     // A view would search its cells for a typed character, or turn the selection over at a space.
@@ -227,6 +247,11 @@ void UseIgnoreGrid::contextMenuEvent(QContextMenuEvent* event) {
     add(tr("&Use\tU"), QStringLiteral("MarkUse"), MarkKey::Use);
     add(tr("&Ignore\tI"), QStringLiteral("MarkIgnore"), MarkKey::Ignore);
     add(tr("&Turn Over\tSpace"), QStringLiteral("MarkTurnOver"), MarkKey::TurnOver);
+    menu.addSeparator();
+    menu.addAction(QStringLiteral("U&ndo\tCtrl+Z"), this, &UseIgnoreGrid::Undo)
+        ->setEnabled(editor_.CanUndo());
+    menu.addAction(QStringLiteral("&Redo\tCtrl+Shift+Z"), this, &UseIgnoreGrid::Redo)
+        ->setEnabled(editor_.CanRedo());
     menu.exec(event->globalPos());
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kcompute/MarkEditor.h"
 #include "kcompute/WorkingValues.h"
 #include "project/ProjectState.h"
 #include "widgets/ColumnTableModel.h"
@@ -16,11 +17,14 @@ class UseIgnoreGrid : public QTableView {
 public:
     enum Column { SampleColumn = 0, TimeColumn = 1, YColumn = 2, CriteriaColumn = 3 };
 
-    UseIgnoreGrid(ProjectState& state, WorkingValues& working, QWidget* parent = nullptr);
+    UseIgnoreGrid(const ProjectState& state, const WorkingValues& working, MarkEditor& editor,
+                  QWidget* parent = nullptr);
     /// Shows the points anew with row 1 in view; with no points there is one empty row.
     void Refill();
-    /// The marks were rewritten by a gathering.
+    /// The marks were changed by something other than this grid.
     void ShowMarks();
+    void Undo();
+    void Redo();
     /// The unit lists changed.
     void ShowHeadings() { model_.ShowHeadings(); }
     QSize sizeHint() const override;
@@ -48,8 +52,8 @@ private:
     void SelectRowsTo(int row, bool extend);
     void FitColumns();
 
-    ProjectState& state_;
-    WorkingValues& working_;
+    const WorkingValues& working_;
+    MarkEditor& editor_;
     ColumnTableModel model_;
     int rowAnchor_ = -1; ///< where a selection by row numbers began; -1 for none
 };

@@ -327,6 +327,19 @@ private Q_SLOTS:
         QCOMPARE(grid.index(1, 3).data().toString(), ToQString(NumberText(fitted)));
     }
 
+    void MarksAreUndoneAndDoneAgainByKeys() {
+        ComputeProgram program(Falling);
+        program.ClickCell(1, CriteriaColumn);
+        program.ClickCell(2, CriteriaColumn, Qt::ShiftModifier);
+        QTest::keyClick(&program.Grid(), 'I', Qt::ShiftModifier);
+        QCOMPARE(program.Marks(), QStringList({u"Ignore"_s, u"Ignore"_s, u"Use"_s, u"Use"_s}));
+        QTest::keyClick(&program.Grid(), Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(program.Marks(), QStringList(4, u"Use"_s));
+        QVERIFY(program.Window().Current().state.IgnoreKeyList.empty());
+        QTest::keyClick(&program.Grid(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(program.Marks(), QStringList({u"Ignore"_s, u"Ignore"_s, u"Use"_s, u"Use"_s}));
+    }
+
     void ARightClickOffersTheMarks() {
         ComputeProgram program(Falling);
         program.ClickCell(1, CriteriaColumn);

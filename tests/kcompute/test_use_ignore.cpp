@@ -29,7 +29,11 @@ struct Marked {
         marks = RestoredMarks(state.IgnoreKeyList, *data.RecoveryPoints);
     }
     void Press(std::size_t first, std::size_t last, MarkKey key) {
-        ChangeMarks(state.IgnoreKeyList, *data.RecoveryPoints, marks, first, last, key);
+        std::vector<Mark> pressed(marks.begin() + static_cast<std::ptrdiff_t>(first),
+                                  marks.begin() + static_cast<std::ptrdiff_t>(last) + 1);
+        for (Mark& mark : pressed)
+            mark = MarkAfter(key, mark);
+        SetMarks(state.IgnoreKeyList, *data.RecoveryPoints, marks, first, pressed);
     }
 };
 
@@ -100,7 +104,7 @@ TEST(RestoredMarks, MarksSurviveAChangeOfDataTypeAndPreSlugCondition) {
 
 const std::vector<RecoveryRow> FourRows = {{"1", "5"}, {"2", "6"}, {"3", "7"}, {"4", "8"}};
 
-TEST(ChangeMarks, SpaceTurnsEachRowOver) {
+TEST(SetMarks, SpaceTurnsEachRowOver) {
     Marked marked = Restore(FourRows, {"26"});
     marked.Press(0, 2, MarkKey::TurnOver);
     EXPECT_EQ(marked.Marks(), "IUIU");
@@ -110,7 +114,7 @@ TEST(ChangeMarks, SpaceTurnsEachRowOver) {
     EXPECT_EQ(marked.state.IgnoreKeyList, (Keys{"26", "48"}));
 }
 
-TEST(ChangeMarks, LettersSetTheMark) {
+TEST(SetMarks, LettersSetTheMark) {
     Marked marked = Restore(FourRows, {});
     marked.Press(1, 2, MarkKey::Ignore);
     EXPECT_EQ(marked.Marks(), "UIIU");
@@ -123,7 +127,7 @@ TEST(ChangeMarks, LettersSetTheMark) {
     EXPECT_EQ(marked.state.IgnoreKeyList, (Keys{"37", "48"}));
 }
 
-TEST(ChangeMarks, UseRemovesOneKeyOfPointsThatShareIt) {
+TEST(SetMarks, UseRemovesOneKeyOfPointsThatShareIt) {
     Marked marked = Restore({{"1", "5"}, {"1", "5"}, {"2", "6"}}, {});
     marked.Press(0, 2, MarkKey::Ignore);
     EXPECT_EQ(marked.state.IgnoreKeyList, (Keys{"15", "15", "26"}));
@@ -132,7 +136,7 @@ TEST(ChangeMarks, UseRemovesOneKeyOfPointsThatShareIt) {
     EXPECT_EQ(marked.state.IgnoreKeyList, (Keys{"15", "26"}));
 }
 
-TEST(ChangeMarks, UseOfTheFirstOfTwoWithOneKeyStaysUse) {
+TEST(SetMarks, UseOfTheFirstOfTwoWithOneKeyStaysUse) {
     // Both were ignored when they were gathered; only the first comes back as ignored.
     Marked marked = Restore({{"1", "5"}, {"1", "5"}, {"2", "6"}}, {"15", "15"});
     EXPECT_EQ(marked.Marks(), "IUU");
@@ -142,7 +146,7 @@ TEST(ChangeMarks, UseOfTheFirstOfTwoWithOneKeyStaysUse) {
     EXPECT_EQ(marked.Marks(), "UUU");
 }
 
-TEST(ChangeMarks, UseKeepsAKeyForEachPointThatStillSaysIgnore) {
+TEST(SetMarks, UseKeepsAKeyForEachPointThatStillSaysIgnore) {
     Marked marked = Restore({{"1", "5"}, {"1", "5"}, {"1", "5"}}, {});
     marked.Press(0, 2, MarkKey::Ignore);
     EXPECT_EQ(marked.state.IgnoreKeyList, (Keys{"15", "15", "15"}));
@@ -152,37 +156,26 @@ TEST(ChangeMarks, UseKeepsAKeyForEachPointThatStillSaysIgnore) {
     EXPECT_TRUE(marked.state.IgnoreKeyList.empty());
 }
 
-TEST(ChangeMarks, TurningOverPointsThatShareAKeyKeepsOneForTheIgnored) {
+TEST(SetMarks, TurningOverPointsThatShareAKeyKeepsOneForTheIgnored) {
     Marked marked = Restore({{"1", "5"}, {"1", "5"}}, {"15"});
     marked.Press(0, 1, MarkKey::TurnOver);
     EXPECT_EQ(marked.Marks(), "UI");
     EXPECT_EQ(marked.state.IgnoreKeyList, (Keys{"15"}));
 }
 
-TEST(ChangeMarks, UseFindsAKeyWithBlanksAroundIt) {
+TEST(SetMarks, UseFindsAKeyWithBlanksAroundIt) {
     Marked marked = Restore({{"1", "5"}, {"2", "6"}}, {" 15 "});
     marked.Press(0, 0, MarkKey::Use);
     EXPECT_TRUE(marked.state.IgnoreKeyList.empty());
 }
 
-TEST(ChangeMarks, OtherKeysOfTheListStay) {
+TEST(SetMarks, OtherKeysOfTheListStay) {
     Marked marked = Restore(FourRows, {"99", "15", "88"});
     marked.Press(0, 0, MarkKey::Use);
     EXPECT_EQ(marked.state.IgnoreKeyList, (Keys{"99", "88"}));
 }
 
-TEST(ChangeMarks, IsCutToThePointsThereAre) {
-    Marked marked = Restore(FourRows, {});
-    marked.Press(3, 100, MarkKey::Ignore);
-    EXPECT_EQ(marked.Marks(), "UUUI");
-    marked.Press(4, 4, MarkKey::Ignore);
-    EXPECT_EQ(marked.Marks(), "UUUI");
-    Marked empty = Restore({}, {"15"});
-    empty.Press(0, 0, MarkKey::Ignore);
-    EXPECT_EQ(empty.state.IgnoreKeyList, (Keys{"15"}));
-}
-
-TEST(ChangeMarks, MarksChangedByKeysComeBackAfterARefill) {
+TEST(SetMarks, MarksChangedByKeysComeBackAfterARefill) {
     Marked marked = Restore(FourRows, {});
     marked.Press(2, 3, MarkKey::Ignore);
     marked.LookAwayAndBack();
