@@ -3,6 +3,7 @@
 #include "project/Files.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
+#include "widgets/WheelGuard.h"
 
 #include <QEvent>
 #include <QIcon>
@@ -28,6 +29,7 @@ QuarnelApplication::QuarnelApplication(int& argc, char** argv)
     setDesktopFileName(QStringLiteral("quarnel"));
     // Pixels: a window's icon is needed at the start, and reading a drawing would slow that down.
     RegisterIcon();
+    installEventFilter(new WheelGuard(this));
     setWindowIcon(QIcon(QStringLiteral(":/app/quarnel.png")));
 }
 
