@@ -73,6 +73,7 @@ SiteIdentificationPanel::SiteIdentificationPanel(ProjectState& state, QWidget* p
     rows->addLayout(sides);
     rows->addWidget(MakeFrame(QStringLiteral("Consultant"), consultant));
     rows->addStretch();
+    setFocusProxy(SiteIDText[LustNo]);
 }
 
 void SiteIdentificationPanel::AddGroup(std::string_view group, QFormLayout* form) {
@@ -95,7 +96,7 @@ void SiteIdentificationPanel::AddGroup(std::string_view group, QFormLayout* form
 
 void SiteIdentificationPanel::ShowState() {
     for (TextBox* box : SiteIDText)
-        box->ShowText();
+        box->ShowNewText();
 }
 
 } // namespace quarnel

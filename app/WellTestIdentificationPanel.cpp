@@ -35,6 +35,7 @@ WellTestIdentificationPanel::WellTestIdentificationPanel(ProjectState& state, QW
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(frame);
     rows->addStretch();
+    setFocusProxy(WellTestIDTxt[WellLabel]);
 }
 
 void WellTestIdentificationPanel::AddFields(QFormLayout* form) {
@@ -62,8 +63,8 @@ void WellTestIdentificationPanel::AddSlugVolume(QFormLayout* form) {
 
 void WellTestIdentificationPanel::ShowState() {
     for (TextBox* box : WellTestIDTxt)
-        box->ShowText();
-    VolumeOfSlugText->ShowText();
+        box->ShowNewText();
+    VolumeOfSlugText->ShowNewText();
 }
 
 } // namespace quarnel

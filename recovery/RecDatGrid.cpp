@@ -32,6 +32,12 @@ void RecDatGrid::ShowSelection() {
     BringIntoView(Editor().Selection().current);
 }
 
+void RecDatGrid::GoTo(GridCell cell) {
+    setFocus();
+    Editor().Select(GridSelection(cell));
+    ShowSelection();
+}
+
 void RecDatGrid::ShowExtendedSelection() {
     MirrorSelection();
     BringIntoView(Editor().Selection().end);
@@ -140,9 +146,9 @@ void RecDatGrid::focusOutEvent(QFocusEvent* event) {
     Q_EMIT FocusChanged(false);
 }
 
-/// Tab is a key of the grid: it never leaves it.
-bool RecDatGrid::focusNextPrevChild(bool) {
-    return false;
+/// Tab is a key of the grid: it never leaves it. What cannot be seen keeps no keyboard, though.
+bool RecDatGrid::focusNextPrevChild(bool next) {
+    return !isVisible() && GridView::focusNextPrevChild(next);
 }
 
 void RecDatGrid::showEvent(QShowEvent* event) {

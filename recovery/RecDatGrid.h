@@ -18,6 +18,8 @@ public:
     GridEditor& Editor() { return model_.Editor(); }
     /// Shows the editor's selection after a change, with the current cell in view.
     void ShowSelection();
+    /// Makes `cell` the current one, in view, with the keyboard on it.
+    void GoTo(GridCell cell);
 
     void Copy();
     void Cut();
@@ -56,6 +58,7 @@ private:
     std::optional<GridCell> MovingTarget(const QKeyEvent& event, GridCell from) const;
     GridCell NearestCell(QPoint position) const;
     void DragTo(QPoint position);
+    void EndDrag();
     void PutOnClipboard(const std::string& text);
     void MirrorSelection();
     /// The same where only the selection's end moved: then that is kept in view.

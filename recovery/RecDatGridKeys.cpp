@@ -2,6 +2,7 @@
 
 #include "widgets/QtTexts.h"
 
+#include <QApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -162,7 +163,7 @@ bool RecDatGrid::PressTypingKey(const QKeyEvent& event) {
 
 void RecDatGrid::inputMethodEvent(QInputMethodEvent* event) {
     if (!event->commitString().isEmpty()) {
-        Editor().Type(ToUtf8(event->commitString()));
+        Editor().Type(ToUtf8(OneLine(event->commitString())));
         ShowSelection();
     }
     event->accept();
@@ -227,13 +228,21 @@ void RecDatGrid::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void RecDatGrid::timerEvent(QTimerEvent* event) {
-    if (event->timerId() == dragTimer_.timerId())
+    if (event->timerId() != dragTimer_.timerId())
+        GridView::timerEvent(event);
+    else if (QGuiApplication::mouseButtons().testFlag(Qt::LeftButton) &&
+             QApplication::activeModalWidget() == nullptr)
         DragTo(dragPosition_);
     else
-        GridView::timerEvent(event);
+        EndDrag();
 }
 
 void RecDatGrid::mouseReleaseEvent(QMouseEvent*) {
+    EndDrag();
+}
+
+/// A box that comes up takes the release of the button, so the drag also ends without one.
+void RecDatGrid::EndDrag() {
     dragging_ = false;
     dragTimer_.stop();
 }

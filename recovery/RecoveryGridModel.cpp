@@ -84,7 +84,7 @@ QVariant RecoveryGridModel::data(const QModelIndex& index, int role) const {
 bool RecoveryGridModel::setData(const QModelIndex& index, const QVariant& value, int role) {
     if (!index.isValid() || role != Qt::EditRole || index.column() == NumberColumn)
         return false;
-    editor_.Write({RowIndex(index) + 1, index.column()}, ToUtf8(value.toString()));
+    editor_.Write({RowIndex(index) + 1, index.column()}, ToUtf8(OneLine(value.toString())));
     return true;
 }
 
