@@ -24,11 +24,13 @@
 #include <QInputMethod>
 #include <QLabel>
 #include <QMenuBar>
+#include <QScopedValueRollback>
 #include <QScrollArea>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace quarnel {
 
@@ -145,6 +147,7 @@ QWidget* BRMainForm::MakePanel(int panel, Panel* content) {
         return frame;
     auto* scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setWidgetResizable(true);
     scroll->setWidget(content);
     rows->addWidget(scroll, 1);
@@ -204,8 +207,22 @@ void BRMainForm::DisplaySelectedPanel(int panel) {
 }
 
 void BRMainForm::HidePanels() {
-    for (QWidget* panel : SSPanel1)
+    // What is hidden must not go on taking keys; the page that is shown gets them.
+    QWidget* focus = focusWidget();
+    for (QWidget* panel : SSPanel1) {
+        if (focus != nullptr && panel->isAncestorOf(focus))
+            focus->clearFocus();
         panel->hide();
+    }
+}
+
+void BRMainForm::FocusPage() {
+    contents_[static_cast<std::size_t>(TabStrip2->currentIndex())]->setFocus();
+}
+
+void BRMainForm::GoTo(const FaultPlace& place) {
+    wellGeometry_->GoTo(place);
+    recoveryData_->GoTo(place);
 }
 
 void BRMainForm::SelectTab(int tab) {
@@ -217,6 +234,7 @@ void BRMainForm::SelectTab(int tab) {
 
 void BRMainForm::ClickTab() {
     CommitEdits();
+    const bool onStrip = TabStrip2->hasFocus();
     const int panel = TabPanels[static_cast<std::size_t>(TabStrip2->currentIndex())];
     Preparation preparation;
     {
@@ -233,12 +251,16 @@ void BRMainForm::ClickTab() {
         ShowMessage(this, ToQString(preparation.yWarning));
     if (panel == ComputePanelNumber && !preparation.result.IsError())
         DisplaySelectedPanel(panel);
+    if (preparation.result.IsError())
+        GoTo(preparation.result.place);
+    else if (!onStrip)
+        FocusPage();
     ShowWhetherCurrent();
 }
 
 Preparation BRMainForm::PrepareAndShow() {
     Preparation preparation = PrepareComputation(analysis_);
-    wellGeometry_->ShowState();
+    wellGeometry_->ShowCheckedData();
     recoveryData_->ShowPreparedData();
     compute_->ShowPreparedData();
     if (preparation.result.IsError())
@@ -256,6 +278,7 @@ void BRMainForm::ShowState() {
     prtResults_->ShowState();
     prtPlotFrm_->ShowState();
     ShowComputation();
+    FocusPage();
 }
 
 void BRMainForm::ShowComputation() {
@@ -317,6 +340,8 @@ void BRMainForm::OpenPath(const QString& path) {
             RememberFolderOf(path);
             ShowState();
             ShowStatus(QStringLiteral("Opened ") + path);
+        } else {
+            ShowStatus(QStringLiteral("Not opened: ") + path);
         }
     }
     for (const std::string& message : report.messages)
@@ -373,7 +398,7 @@ void BRMainForm::Write(const QString& path) {
 }
 
 void BRMainForm::Exit() {
-    if (!ConfirmExit())
+    if (exitAsked_ || !ConfirmExit())
         return;
     exitConfirmed_ = true;
     close();
@@ -385,6 +410,7 @@ void BRMainForm::About() {
 }
 
 bool BRMainForm::ConfirmExit() {
+    const QScopedValueRollback<bool> asking(exitAsked_, true);
     return AskOkCancel(this, QStringLiteral("Exit QUARNEL? (Unsaved data will be lost.)"),
                        QStringLiteral("Confirm Exit"));
 }
@@ -402,6 +428,11 @@ void BRMainForm::closeEvent(QCloseEvent* event) {
 }
 
 bool BRMainForm::eventFilter(QObject* receiver, QEvent* event) {
+    // The toolkit takes a second request to close for granted while the first is being answered.
+    if (exitAsked_ && event->type() == QEvent::Close && receiver == windowHandle()) {
+        event->ignore();
+        return true;
+    }
     const auto* widget = qobject_cast<QWidget*>(receiver);
     if (widget != nullptr && widget->window() == this) {
         const QString path = DroppedProject(event);

@@ -19,6 +19,7 @@ class Panel;
 class PrtPlotFrm;
 class PrtResults;
 class RecoveryDataPanel;
+class WellGeometryPanel;
 
 /// The main window: tab strip, six panels, menus. It holds the one analysis of the program.
 class BRMainForm : public QMainWindow {
@@ -41,7 +42,8 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
-    /// A project dropped on the window, whichever control it falls on, opens.
+    /// A project dropped on the window, whichever control it falls on, opens; the window cannot be
+    /// closed while "Confirm Exit" stands.
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
 private:
@@ -55,6 +57,10 @@ private:
     void BuildMenus();
 
     void HidePanels();
+    /// Gives the keyboard to the page that is shown.
+    void FocusPage();
+    /// Leads to the text that a message names.
+    void GoTo(const FaultPlace& place);
     void ClickTab();
     /// Lets every window that shows the computation show it again.
     void ShowComputation();
@@ -79,6 +85,7 @@ private:
 
     Analysis analysis_;
     bool exitConfirmed_ = false;
+    bool exitAsked_ = false; ///< "Confirm Exit" stands
     QTimer* currencyCheck_ = nullptr;
 
     QTabBar* TabStrip2 = nullptr;
@@ -88,7 +95,7 @@ private:
     std::array<Panel*, 5> contents_{};
     RecoveryDataPanel* recoveryData_ = nullptr;
     ComputePanel* compute_ = nullptr;
-    Panel* wellGeometry_ = nullptr;
+    WellGeometryPanel* wellGeometry_ = nullptr;
     QLabel* status_ = nullptr;
 
     PrtResults* prtResults_ = nullptr;

@@ -59,6 +59,7 @@ ComputePanel::ComputePanel(Analysis& analysis, QWidget* parent)
     StaleText = new StaleLabel(QStringLiteral("StaleText"), ToQString(NotCurrentMessage), this);
     layout->addWidget(StaleText);
     layout->addLayout(BuildCommands());
+    setFocusProxy(RecDatWeightGrid);
     ShowState();
 }
 

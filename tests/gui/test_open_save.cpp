@@ -66,7 +66,7 @@ public:
         QVERIFY2(answers.AllGiven(), answers.Complaints());
         QCOMPARE(ProjectFileText(State()).text, before);
         QCOMPARE(Window().windowTitle(), title);
-        QCOMPARE(Status(), QString());
+        QCOMPARE(Status(), u"Not opened: "_s + path);
         QCOMPARE(SelectedTab(), 2);
         QCOMPARE(Site(SiteName).text(), u"Untouched"_s);
     }
