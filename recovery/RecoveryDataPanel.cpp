@@ -153,7 +153,7 @@ void RecoveryDataPanel::ShowContextMenu(QPoint position) {
     add(QStringLiteral("Cu&t\tCtrl+X"), true, grid_, &RecDatGrid::Cut);
     add(QStringLiteral("&Copy\tCtrl+C"), true, grid_, &RecDatGrid::Copy);
     add(QStringLiteral("&Paste\tCtrl+V"), true, grid_, &RecDatGrid::Paste);
-    add(QStringLiteral("Select &All\tCtrl+A"), true, grid_, &RecDatGrid::SelectAllCells);
+    add(QStringLiteral("Select &All\tCtrl+A"), true, grid_, &RecDatGrid::selectAll);
     menu->addSeparator();
     add(QStringLiteral("&Insert Rows"), true, this, &RecoveryDataPanel::OpenInsertRowsPanel);
     add(QStringLiteral("&Delete Rows"), true, this, &RecoveryDataPanel::DeleteGridRows);
