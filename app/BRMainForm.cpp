@@ -159,8 +159,13 @@ void BRMainForm::BuildDialogs() {
     prtPlotFrm_ = new PrtPlotFrm(analysis_, this);
     computedYFrm_ = new ComputedYFrm(analysis_.state, analysis_.computation, this);
     connect(compute_, &ComputePanel::DetailsRequested, this, [this] { Open(computedYFrm_); });
-    connect(compute_, &ComputePanel::PrintPlotRequested, this, [this] { Open(prtPlotFrm_); });
+    connect(compute_, &ComputePanel::PrintPlotRequested, this, [this] {
+        const BusyPointer busy;
+        Open(prtPlotFrm_);
+    });
     connect(compute_, &ComputePanel::SummaryRequested, this, [this] { Open(prtResults_); });
+    connect(prtResults_, &PrtResults::FileFailed, this, &BRMainForm::ShowStatus);
+    connect(compute_, &ComputePanel::FileFailed, this, &BRMainForm::ShowStatus);
     connect(compute_, &ComputePanel::ComputationChanged, this, &BRMainForm::ShowComputation);
 }
 

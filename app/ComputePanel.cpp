@@ -60,7 +60,17 @@ ComputePanel::ComputePanel(Analysis& analysis, QWidget* parent)
     layout->addWidget(StaleText);
     layout->addLayout(BuildCommands());
     setFocusProxy(RecDatWeightGrid);
+    SetTabOrder();
     ShowState();
+}
+
+/// As the page is read: the plot, the marks, then the commands with the units of K among them.
+void ComputePanel::SetTabOrder() {
+    const std::array<QWidget*, 8> read = {
+        Plot1,          RecDatWeightGrid, CmdComputeK,  CmboKLengthUnits,
+        CmboKTimeUnits, CmdDetails,       CmdPrintPlot, CmdPrtSummary};
+    for (std::size_t i = 1; i < read.size(); ++i)
+        setTabOrder(read[i - 1], read[i]);
 }
 
 QWidget* ComputePanel::BuildPlotSide() {
@@ -68,6 +78,7 @@ QWidget* ComputePanel::BuildPlotSide() {
     auto* layout = new QVBoxLayout(side);
     layout->setContentsMargins(0, 0, 0, 0);
     Plot1 = new PlotWidget(side);
+    connect(Plot1, &PlotWidget::FileFailed, this, &ComputePanel::FileFailed);
     layout->addWidget(Plot1, 1);
     layout->addWidget(BuildLegend(side), 0, Qt::AlignHCenter);
     return side;

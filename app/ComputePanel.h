@@ -36,10 +36,13 @@ Q_SIGNALS:
     void DetailsRequested();   ///< CmdDetails
     void PrintPlotRequested(); ///< CmdPrintPlot
     void SummaryRequested();   ///< CmdPrtSummary
+    /// A picture of the plot could not be written; `said` names its file.
+    void FileFailed(const QString& said);
     /// "Compute K/ Plot" has made or dropped the computation, or K is shown in other units.
     void ComputationChanged();
 
 private:
+    void SetTabOrder();
     QWidget* BuildPlotSide();
     QWidget* BuildMarkSide();
     QBoxLayout* BuildCommands();

@@ -82,8 +82,10 @@ void PrtResults::SaveToFile() {
         failure =
             SaveFileBytes(ToUtf8(path), ReportBytes(analysis_.state, analysis_.computation.get()));
     }
-    if (failure != FileFailure::None)
-        ShowMessage(this, ToQString(FileErrorMessage(failure)));
+    if (failure == FileFailure::None)
+        return;
+    Q_EMIT FileFailed(QStringLiteral("Not saved: ") + path);
+    ShowMessage(this, ToQString(FileErrorMessage(failure)));
 }
 
 void PrtResults::SendToPrinter() {

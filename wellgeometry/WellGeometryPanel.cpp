@@ -51,15 +51,14 @@ QString Name(const char* name, std::size_t index) {
 WellGeometryPanel::WellGeometryPanel(ProjectState& state, QWidget* parent)
     : Panel(parent)
     , state_(state) {
-    auto* check = new QPushButton(tr("Check Data"), this);
-    check->setObjectName(QStringLiteral("SSCmdWellGeoCheckData"));
-    check->setToolTip(tr("Check that the dimensions are complete and fit together"));
-    connect(check, &QPushButton::clicked, this, &WellGeometryPanel::CheckData);
-
     auto* entries = new QVBoxLayout;
     entries->addWidget(BuildVerticalGroup());
     entries->addWidget(BuildRadialGroup());
     entries->addWidget(BuildPorosityRow());
+    auto* check = new QPushButton(tr("Check Data"), this);
+    check->setObjectName(QStringLiteral("SSCmdWellGeoCheckData"));
+    check->setToolTip(tr("Check that the dimensions are complete and fit together"));
+    connect(check, &QPushButton::clicked, this, &WellGeometryPanel::CheckData);
     entries->addWidget(check, 0, Qt::AlignLeft);
     entries->addStretch(1);
     auto* layout = new QHBoxLayout(this);

@@ -183,6 +183,54 @@ private Q_SLOTS:
         QVERIFY(!program.Find<QLabel>(u"ComputedKLabel"_s).text().isEmpty());
     }
 
+    void TabGoesThroughThePageOfKAsItIsRead() {
+        ActiveProgram program;
+        program.Window().OpenPath(Example);
+        program.ClickTab(5);
+        for (const auto& name :
+             {u"RecDatWeightGrid"_s, u"CmdComputeK"_s, u"CmboKLengthUnits"_s, u"CmboKTimeUnits"_s,
+              u"CmdDetails"_s, u"CmdPrintPlot"_s, u"CmdPrtSummary"_s}) {
+            QCOMPARE(program.FocusName(), name);
+            program.Key(Qt::Key_Tab);
+        }
+    }
+
+    void TabGoesThroughTheWellGeometryAsItIsRead() {
+        ActiveProgram program;
+        program.ClickTab(3);
+        for (const auto& name :
+             {u"WellGeoText_0"_s, u"WellGeoText_1"_s, u"WellGeoText_2"_s, u"WellGeoVertUnitsDDL"_s,
+              u"WellGeoText_3"_s, u"WellGeoText_4"_s, u"WellGeoRadUnitsDDL"_s, u"WellGeoText_5"_s,
+              u"SSCmdWellGeoCheckData"_s}) {
+            QCOMPARE(program.FocusName(), name);
+            program.Key(Qt::Key_Tab);
+        }
+    }
+
+    void TabGoesThroughTheRecoveryDataAsItIsRead() {
+        ActiveProgram program;
+        program.ClickTab(4);
+        program.Find(u"RecDatDataTypeDDL"_s).setFocus();
+        for (const auto& name :
+             {u"RecDatDataTypeDDL"_s, u"RecDatSlugTestTypeDDL"_s, u"RecDatTimeUnitsDDL"_s,
+              u"RecDatWaterLevelUnitsDDL"_s, u"RecDatPreSlugHeadText"_s, u"RecDatGrid"_s}) {
+            QCOMPARE(program.FocusName(), name);
+            program.Key(Qt::Key_Tab);
+        }
+    }
+
+    void AChosenSlugTestTypeGoesIntoTheProject() {
+        ActiveProgram program;
+        program.ClickTab(4);
+        auto& list = program.Find<QComboBox>(u"RecDatSlugTestTypeDDL"_s);
+        QCOMPARE(list.count(), 2);
+        list.setFocus();
+        program.Key(Qt::Key_Down);
+        QCOMPARE(program.State().RecDatSlugTestTypeDDL, int(FallingHead));
+        program.Key(Qt::Key_Up);
+        QCOMPARE(program.State().RecDatSlugTestTypeDDL, int(RisingHead));
+    }
+
     void ScrollAreasAreNoTabStops() {
         ActiveProgram program;
         for (const QScrollArea* area : program.Window().findChildren<QScrollArea*>())

@@ -90,6 +90,23 @@ private Q_SLOTS:
         QVERIFY(!program.Results().isVisible());
     }
 
+    void ThePointerIsBusyWhileTheDialogForThePlotOpens() {
+        struct Watch : QObject {
+            bool busy = false;
+            bool eventFilter(QObject* receiver, QEvent* event) override {
+                if (event->type() == QEvent::Show && receiver->objectName() == u"PrtPlotFrm"_s)
+                    busy = QApplication::overrideCursor() != nullptr &&
+                           QApplication::overrideCursor()->shape() == Qt::WaitCursor;
+                return false;
+            }
+        } watch;
+        ComputedProgram program;
+        qApp->installEventFilter(&watch);
+        program.Press("CmdPrintPlot");
+        QVERIFY(watch.busy);
+        QVERIFY(QApplication::overrideCursor() == nullptr);
+    }
+
     void CancelWritesNothing() {
         ComputedProgram program;
         program.Press("CmdPrtSummary");
