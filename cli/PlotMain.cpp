@@ -17,6 +17,8 @@ namespace quarnel {
 
 namespace {
 
+constexpr const char* Usage = "Usage: quarnel-plot -o OUT.pdf|OUT.svg|OUT.png FILE\n";
+
 enum ExitStatus { Done = 0, Failed = 1, WrongUse = 2 };
 
 /// A plot on screen is this large; a picture of it is too (twips).
@@ -85,14 +87,21 @@ int RunPlot(const QStringList& arguments) {
     QCommandLineParser parser;
     const QCommandLineOption out(QStringLiteral("o"), QStringLiteral("The file to write."),
                                  QStringLiteral("OUT"));
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Prints this help."));
     parser.addOption(out);
+    parser.addOption(help);
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The project."));
     const bool parsed = parser.parse(arguments);
     const std::string target = parser.value(out).toLatin1().toStdString();
     const bool known =
         HasEnding(target, ".PDF") || HasEnding(target, ".SVG") || HasEnding(target, ".PNG");
+    if (parsed && parser.isSet(help)) {
+        std::fputs(Usage, stdout);
+        return std::fflush(stdout) == 0 ? Done : Failed;
+    }
     if (!parsed || parser.positionalArguments().size() != 1 || !known) {
-        std::fprintf(stderr, "Usage: quarnel-plot -o OUT.pdf|OUT.svg|OUT.png FILE\n");
+        std::fputs(Usage, stderr);
         return WrongUse;
     }
     return PlotFile(parser.positionalArguments().constFirst().toLatin1().toStdString(), target);

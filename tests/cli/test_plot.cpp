@@ -50,6 +50,16 @@ TEST_F(CliPlotTest, PaintingProgramGetsTheFilesAsTheyAre) {
     EXPECT_EQ(outcome.err, "");
 }
 
+TEST_F(CliPictureTest, HelpOfThePaintingProgramIsNoFailure) {
+    for (const char* option : {"--help", "-h"}) {
+        const Outcome outcome =
+            RunShell(std::string("\"$(dirname \"$cli\")/quarnel-plot\" ") + option);
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_EQ(outcome.out, "Usage: quarnel-plot -o OUT.pdf|OUT.svg|OUT.png FILE\n");
+        EXPECT_EQ(outcome.err, "");
+    }
+}
+
 TEST_F(CliPlotTest, StatusOfThePaintingProgramIsOurs) {
     PutPainterBeside("#!/bin/sh\necho \"$0: no\" >&2\nexit 37\n");
     const Outcome outcome = RunShell("bin/quarnel-cli plot -o a.pdf b.qn2");
