@@ -192,7 +192,7 @@ private Q_SLOTS:
             QVERIFY2(answers.AllGiven(), answers.Complaints());
         }
         QCOMPARE(program.Site(SiteName).text(), u"Untouched"_s);
-        QCOMPARE(program.State().CurrentProjectFile, "");
+        QCOMPARE(program.Window().Current().file.CurrentProjectFile, "");
         QCOMPARE(program.Status(), QString());
         QCOMPARE(program.Names(), QStringList());
     }
@@ -243,7 +243,7 @@ private Q_SLOTS:
         program.SaveAs(u"new.qn2"_s, u"mnuFileSave"_s);
         const QString path = program.Path(u"new.qn2"_s);
         QCOMPARE(program.Window().windowTitle(), Title + u"/ "_s + path);
-        QCOMPARE(ToQString(program.State().CurrentProjectFile), path);
+        QCOMPARE(ToQString(program.Window().Current().file.CurrentProjectFile), path);
         QVERIFY(Read(path).contains("\"SITEID\",\"SITENAME\",\"Corner Fuel Stop\"\r\n"));
         QCOMPARE(program.Status(), u"Saved "_s + path);
 
@@ -280,7 +280,8 @@ private Q_SLOTS:
         program.Choose(u"mnuSaveAs"_s);
         QVERIFY2(answers.AllGiven(), answers.Complaints());
         QCOMPARE(program.Names(), QStringList(u"blanks.qn2"_s));
-        QCOMPARE(ToQString(program.State().CurrentProjectFile), program.Path(u"blanks.qn2"_s));
+        QCOMPARE(ToQString(program.Window().Current().file.CurrentProjectFile),
+                 program.Path(u"blanks.qn2"_s));
         answers.FileName(u"  blanks.qn2 "_s);
         program.Choose(u"mnuOpenFile"_s);
         QVERIFY2(answers.AllGiven(), answers.Complaints());
@@ -296,7 +297,7 @@ private Q_SLOTS:
         program.Choose(u"mnuSaveAs"_s);
         QVERIFY2(answers.AllGiven(), answers.Complaints());
         QCOMPARE(program.Names(), QStringList(name));
-        QCOMPARE(ToQString(program.State().CurrentProjectFile), program.Path(name));
+        QCOMPARE(ToQString(program.Window().Current().file.CurrentProjectFile), program.Path(name));
 
         TypeInto(program.Site(SiteName), u"second"_s);
         answers.FileName(name).BoxAbout(name, QMessageBox::No).CancelFileName();
@@ -384,7 +385,7 @@ private Q_SLOTS:
         program.Choose(u"mnuSaveAs"_s);
         QVERIFY2(answers.AllGiven(), answers.Complaints());
         QCOMPARE(Read(path), QByteArray("kept"));
-        QCOMPARE(program.State().CurrentProjectFile, "");
+        QCOMPARE(program.Window().Current().file.CurrentProjectFile, "");
     }
 
     void OverwritingConfirmedWithYesReplacesTheFile() {
