@@ -192,7 +192,7 @@ private Q_SLOTS:
             QVERIFY2(answers.AllGiven(), answers.Complaints());
         }
         QCOMPARE(program.Site(SiteName).text(), u"Untouched"_s);
-        QCOMPARE(program.State().CurrentProjectFile, "");
+        QCOMPARE(program.Window().Current().file.CurrentProjectFile, "");
         QCOMPARE(program.Status(), QString());
         QCOMPARE(program.Names(), QStringList());
     }
@@ -243,7 +243,7 @@ private Q_SLOTS:
         program.SaveAs(u"new.qn2"_s, u"mnuFileSave"_s);
         const QString path = program.Path(u"new.qn2"_s);
         QCOMPARE(program.Window().windowTitle(), Title + u"/ "_s + path);
-        QCOMPARE(ToQString(program.State().CurrentProjectFile), path);
+        QCOMPARE(ToQString(program.Window().Current().file.CurrentProjectFile), path);
         QVERIFY(Read(path).contains("\"SITEID\",\"SITENAME\",\"Corner Fuel Stop\"\r\n"));
         QCOMPARE(program.Status(), u"Saved "_s + path);
 
@@ -280,11 +280,77 @@ private Q_SLOTS:
         program.Choose(u"mnuSaveAs"_s);
         QVERIFY2(answers.AllGiven(), answers.Complaints());
         QCOMPARE(program.Names(), QStringList(u"blanks.qn2"_s));
-        QCOMPARE(ToQString(program.State().CurrentProjectFile), program.Path(u"blanks.qn2"_s));
+        QCOMPARE(ToQString(program.Window().Current().file.CurrentProjectFile),
+                 program.Path(u"blanks.qn2"_s));
         answers.FileName(u"  blanks.qn2 "_s);
         program.Choose(u"mnuOpenFile"_s);
         QVERIFY2(answers.AllGiven(), answers.Complaints());
         QCOMPARE(program.Status(), u"Opened "_s + program.Path(u"blanks.qn2"_s));
+    }
+
+    void ANameWithDoubleQuotesIsUsedAsItStands() {
+        const QString name = u"my \"best\" test.qn2"_s;
+        FilesProgram program;
+        TypeInto(program.Site(SiteName), u"first"_s);
+        Answers answers;
+        answers.FileName(u" "_s + name);
+        program.Choose(u"mnuSaveAs"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Names(), QStringList(name));
+        QCOMPARE(ToQString(program.Window().Current().file.CurrentProjectFile), program.Path(name));
+
+        TypeInto(program.Site(SiteName), u"second"_s);
+        answers.FileName(name).BoxAbout(name, QMessageBox::No).CancelFileName();
+        program.Choose(u"mnuSaveAs"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        answers.FileName(name);
+        program.Choose(u"mnuOpenFile"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Site(SiteName).text(), u"first"_s);
+        answers.FileName(name).BoxAbout(name, QMessageBox::Yes);
+        program.Choose(u"mnuSaveAs"_s);
+        answers.FileName(u"no \"such\" file"_s)
+            .BoxAbout(u"no \"such\" file"_s, QMessageBox::Ok)
+            .CancelFileName();
+        program.Choose(u"mnuOpenFile"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Names(), QStringList(name));
+    }
+
+    void ANameInQuotesIsThatName() {
+        FilesProgram program;
+        Answers answers;
+        answers.FileName(u"\"a b.qn2\""_s);
+        program.Choose(u"mnuSaveAs"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Names(), QStringList(u"a b.qn2"_s));
+    }
+
+    void AFolderThatIsNotThereIsNotOfferedAsAName() {
+        FilesProgram program;
+        const QTemporaryDir home;
+        const QByteArray before = qgetenv("HOME");
+        qputenv("HOME", home.path().toLocal8Bit());
+        FilesProgram::RememberFolder(QString());
+        for (const char* command : {"mnuOpenFile", "mnuSaveAs"}) {
+            Answers answers;
+            answers.Dialog<QFileDialog>([&home](QFileDialog& dialog) {
+                QCOMPARE(dialog.findChild<QLineEdit*>(u"fileNameEdit"_s)->text(), QString());
+                QCOMPARE(dialog.directory().canonicalPath(), QDir(home.path()).canonicalPath());
+                QTest::keyClick(&dialog, Qt::Key_Escape);
+            });
+            program.Choose(QString::fromLatin1(command));
+            QVERIFY2(answers.AllGiven(), answers.Complaints());
+        }
+        QVERIFY(QDir(home.path()).mkdir(u"Documents"_s));
+        Answers answers;
+        answers.Dialog<QFileDialog>([](QFileDialog& dialog) {
+            QCOMPARE(dialog.directory().dirName(), u"Documents"_s);
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        });
+        program.Choose(u"mnuOpenFile"_s);
+        qputenv("HOME", before);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
     }
 
     void ANameWithoutASuffixIsSavedWithoutOne() {
@@ -319,7 +385,7 @@ private Q_SLOTS:
         program.Choose(u"mnuSaveAs"_s);
         QVERIFY2(answers.AllGiven(), answers.Complaints());
         QCOMPARE(Read(path), QByteArray("kept"));
-        QCOMPARE(program.State().CurrentProjectFile, "");
+        QCOMPARE(program.Window().Current().file.CurrentProjectFile, "");
     }
 
     void OverwritingConfirmedWithYesReplacesTheFile() {
