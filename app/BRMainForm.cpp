@@ -12,7 +12,6 @@
 #include "project/FieldTables.h"
 #include "project/ProjectFileDialogs.h"
 #include "recovery/RecoveryDataPanel.h"
-#include "system/ReplaceFile.h"
 #include "wellgeometry/WellGeometryPanel.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"

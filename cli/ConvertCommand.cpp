@@ -3,7 +3,6 @@
 #include "project/FieldTables.h"
 #include "project/Files.h"
 #include "system/Locale.h"
-#include "system/ReplaceFile.h"
 
 namespace quarnel {
 

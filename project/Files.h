@@ -1,39 +1,13 @@
 #pragma once
 
 #include "project/GlobalDeclar.h"
+#include "system/FileFailure.h"
 
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace quarnel {
-
-// ---- Failures ----------------------------------------------------------------------------------
-
-/// Why a file routine failed; the numbers are shown to the user.
-enum class FileFailure {
-    None = 0,
-    InvalidProcedureCall = 5,
-    Overflow = 6,
-    OutOfMemory = 7,
-    TypeMismatch = 13, ///< not a number where one is expected
-    BadFileName = 52,
-    FileNotFound = 53,
-    DeviceIOError = 57,
-    DiskFull = 61,
-    InputPastEnd = 62,
-    PermissionDenied = 70,
-    PathFileAccess = 75, ///< a folder, a read-only file
-    PathNotFound = 76,
-    InvalidPropertyValue = 380 ///< a list position out of range
-};
-
-/// The text shown for a failure: its number, one blank, its description.
-std::string FileErrorMessage(FileFailure failure);
-
-/// The failure that the system's error number `systemError` (errno) stands for.
-FileFailure FailureOfSystemError(int systemError);
 
 /// The message for a file that is neither a project nor an old input file.
 inline constexpr std::string_view NotAnInputFileMessage =
@@ -68,15 +42,6 @@ ReadReport OpenProjectFile(const std::string& path, ProjectState& state);
 /// The same for the bytes of a file already in memory.
 ReadReport OpenProjectBytes(std::string_view bytes, const std::string& path, ProjectState& state);
 
-/// Bytes of a file, or why they could not be read.
-struct FileBytes {
-    FileFailure failure = FileFailure::None;
-    std::unique_ptr<char[]> data;
-    std::size_t size = 0;
-    std::string_view View() const { return {data.get(), size}; }
-};
-FileBytes ReadFileBytes(const std::string& path);
-
 // ---- Writing -----------------------------------------------------------------------------------
 
 /// A project as the text of its file.
@@ -85,5 +50,12 @@ struct ProjectText {
     std::vector<std::string> messages; ///< a section that could not be written whole says why
 };
 ProjectText ProjectFileText(const ProjectState& state);
+
+/// Saves the project at `path`, which becomes its CurrentProjectFile first. The first save over
+/// OriginalToKeep, by whichever name it is reached, first copies that file's bytes beside it as
+/// NAME.bak, or NAME.bak2, NAME.bak3 ... where those exist, and then forgets OriginalToKeep; when
+/// the copy fails nothing is written. Returns the messages of whatever failed, none when all is on
+/// disk.
+std::vector<std::string> WriteProjectFile(const std::string& path, ProjectState& state);
 
 } // namespace quarnel

@@ -4,7 +4,7 @@
 #include "tests/gui/WindowTestSupport.h"
 
 #include "project/FieldTables.h"
-#include "system/ReplaceFile.h"
+#include "system/OpenFile.h"
 
 #include <QGroupBox>
 

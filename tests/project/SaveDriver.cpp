@@ -1,7 +1,7 @@
 // Opens one project and saves it over another as the program does: save_driver FROM TO. With a
 // third argument TO is opened first, so that its bytes are kept beside it. Prints what failed.
 
-#include "system/ReplaceFile.h"
+#include "project/Files.h"
 
 #include <cstdio>
 

@@ -4,7 +4,6 @@
 
 #include "tests/CoreTestSupport.h"
 
-#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -51,45 +50,6 @@ void ExpectUntouched(const ProjectState& state) {
     EXPECT_EQ(state.RecDatGrid.size(), Untouched().RecDatGrid.size());
 }
 
-TEST(FileErrorMessage, IsNumberBlankAndDescription) {
-    struct Case {
-        FileFailure failure;
-        std::string_view message;
-    };
-    for (const Case& c :
-         {Case{FileFailure::InvalidProcedureCall, "5 Invalid procedure call or argument"},
-          Case{FileFailure::Overflow, "6 Overflow"},
-          Case{FileFailure::OutOfMemory, "7 Out of memory"},
-          Case{FileFailure::TypeMismatch, "13 Type mismatch"},
-          Case{FileFailure::BadFileName, "52 Bad file name or number"},
-          Case{FileFailure::FileNotFound, "53 File not found"},
-          Case{FileFailure::DeviceIOError, "57 Device I/O error"},
-          Case{FileFailure::DiskFull, "61 Disk full"},
-          Case{FileFailure::InputPastEnd, "62 Input past end of file"},
-          Case{FileFailure::PermissionDenied, "70 Permission denied"},
-          Case{FileFailure::PathFileAccess, "75 Path/File access error"},
-          Case{FileFailure::PathNotFound, "76 Path not found"},
-          Case{FileFailure::InvalidPropertyValue, "380 Invalid property value"}})
-        EXPECT_EQ(FileErrorMessage(c.failure), c.message);
-}
-
-TEST(FailureOfSystemError, NamesWhatTheSystemSays) {
-    struct Case {
-        int error;
-        FileFailure failure;
-    };
-    for (const Case& c :
-         {Case{ENOENT, FileFailure::FileNotFound}, Case{ENOTDIR, FileFailure::PathNotFound},
-          Case{EACCES, FileFailure::PermissionDenied}, Case{EPERM, FileFailure::PermissionDenied},
-          Case{EISDIR, FileFailure::PathFileAccess}, Case{EROFS, FileFailure::PathFileAccess},
-          Case{ELOOP, FileFailure::PathFileAccess}, Case{ENOSPC, FileFailure::DiskFull},
-          Case{EDQUOT, FileFailure::DiskFull}, Case{EFBIG, FileFailure::DiskFull},
-          Case{ENAMETOOLONG, FileFailure::BadFileName}, Case{EINVAL, FileFailure::BadFileName},
-          Case{ENOMEM, FileFailure::OutOfMemory}, Case{EIO, FileFailure::DeviceIOError},
-          Case{EPIPE, FileFailure::DeviceIOError}})
-        EXPECT_EQ(FailureOfSystemError(c.error), c.failure) << c.error;
-}
-
 TEST(ReadReport, KeepsEachDifferentMessageOnceInOrder) {
     ReadReport report;
     report.AddFailure(FileFailure::InputPastEnd);
@@ -99,41 +59,6 @@ TEST(ReadReport, KeepsEachDifferentMessageOnceInOrder) {
     report.AddMessage("other");
     EXPECT_EQ(report.messages,
               (Messages{"62 Input past end of file", "13 Type mismatch", "other"}));
-}
-
-TEST_F(Files, ReadsBytesAsTheyAre) {
-    std::string bytes = std::string("\0\r\n\x1A\xFF", 5);
-    EXPECT_EQ(ReadFileBytes(Write("a", bytes)).View(), bytes);
-    EXPECT_EQ(ReadFileBytes(Write("b", "")).View(), "");
-    bytes.assign(300'000, 'x');
-    EXPECT_EQ(ReadFileBytes(Write("c", bytes)).View(), bytes);
-}
-
-TEST_F(Files, AFileWhoseSizeTheSystemDoesNotKnowIsReadToItsEnd) {
-    // The system gives these files a size of 0.
-    const FileBytes bytes = ReadFileBytes("/proc/self/maps");
-    EXPECT_EQ(bytes.failure, FileFailure::None);
-    EXPECT_GT(bytes.size, 1000U);
-    EXPECT_EQ(bytes.View().back(), '\n');
-}
-
-TEST_F(Files, AReadThatFailsIsADeviceError) {
-    // Nothing stands at the beginning of a process's memory.
-    EXPECT_EQ(ReadFileBytes("/proc/self/mem").failure, FileFailure::DeviceIOError);
-}
-
-TEST_F(Files, AFileThatMayNotBeReadIsPermissionDenied) {
-    const std::string path = Write("secret", "x");
-    fs::permissions(folder_,
-                    fs::perms::owner_all | fs::perms::others_read | fs::perms::others_exec);
-    fs::permissions(path, fs::perms::none);
-    // The administrator may read everything, so that another user has to try.
-    const uid_t user = geteuid();
-    constexpr uid_t Nobody = 65534;
-    ASSERT_TRUE(user != 0 || seteuid(Nobody) == 0);
-    const FileFailure failure = ReadFileBytes(path).failure;
-    ASSERT_TRUE(user != 0 || seteuid(user) == 0);
-    EXPECT_EQ(failure, FileFailure::PermissionDenied);
 }
 
 TEST_F(Files, WhatCannotBeReadSaysWhy) {
@@ -158,7 +83,6 @@ TEST_F(Files, WhatCannotBeReadSaysWhy) {
           Case{loop, FileFailure::PathFileAccess},
           Case{(folder_ / std::string(300, 'n')).string(), FileFailure::BadFileName},
           Case{std::string("a\0b", 3), FileFailure::BadFileName}}) {
-        EXPECT_EQ(ReadFileBytes(c.path).failure, c.failure) << c.path;
         ProjectState state = Untouched();
         const ReadReport report = OpenProjectFile(c.path, state);
         EXPECT_EQ(report.messages, Messages{FileErrorMessage(c.failure)}) << c.path;

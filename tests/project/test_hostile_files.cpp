@@ -2,6 +2,7 @@
 // has an allocator of its own, which counts and, when asked, fails.
 
 #include "project/Files.h"
+#include "system/OpenFile.h"
 
 #include "tests/CoreTestSupport.h"
 
