@@ -4,6 +4,7 @@
 #include "output/PlotExport.h"
 #include "project/Texts.h"
 #include "system/Locale.h"
+#include "system/OpenFile.h"
 #include "system/ReplaceFile.h"
 
 #include <QCommandLineParser>
@@ -104,7 +105,13 @@ int RunPlot(const QStringList& arguments) {
         std::fputs(Usage, stderr);
         return WrongUse;
     }
-    return PlotFile(parser.positionalArguments().constFirst().toLatin1().toStdString(), target);
+    const std::string file = parser.positionalArguments().constFirst().toLatin1().toStdString();
+    // A slip of the fingers must not put a picture in the place of the project.
+    if (IsSameFile(target, file)) {
+        Say("quarnel-plot", "The plot needs a file of its own.");
+        return WrongUse;
+    }
+    return PlotFile(file, target);
 }
 
 } // namespace quarnel

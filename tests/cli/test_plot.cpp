@@ -158,6 +158,19 @@ TEST_F(CliPictureTest, UnwritableTargetIsTold) {
     EXPECT_EQ(outcome.err, "no/a.png: 76 Path not found\n");
 }
 
+TEST_F(CliPictureTest, PlotNeverReplacesItsProject) {
+    WriteProject("own.svg", SampleProject());
+    const std::string before = ReadBytes("own.svg");
+    ASSERT_TRUE(QFile::link(Path("own.svg"), Path("link.pdf")));
+    for (const char* program : {"\"$cli\" plot", "\"${cli%-cli}-plot\""})
+        for (const char* out : {"own.svg", "./own.svg", "link.pdf"}) {
+            const Outcome outcome = RunShell(std::string(program) + " -o " + out + " own.svg");
+            EXPECT_EQ(outcome.status, 2) << program << out;
+            EXPECT_TRUE(Holds(outcome.err, ": The plot needs a file of its own.\n")) << outcome.err;
+            EXPECT_EQ(ReadBytes("own.svg"), before);
+        }
+}
+
 TEST_F(CliPictureTest, OtherEndingsAndMissingWordsAreWrongUse) {
     const QString project = Example("pratt-county-1998.qn2");
     for (const QStringList& words :
