@@ -287,6 +287,71 @@ private Q_SLOTS:
         QCOMPARE(program.Status(), u"Opened "_s + program.Path(u"blanks.qn2"_s));
     }
 
+    void ANameWithDoubleQuotesIsUsedAsItStands() {
+        const QString name = u"my \"best\" test.qn2"_s;
+        FilesProgram program;
+        TypeInto(program.Site(SiteName), u"first"_s);
+        Answers answers;
+        answers.FileName(u" "_s + name);
+        program.Choose(u"mnuSaveAs"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Names(), QStringList(name));
+        QCOMPARE(ToQString(program.State().CurrentProjectFile), program.Path(name));
+
+        TypeInto(program.Site(SiteName), u"second"_s);
+        answers.FileName(name).BoxAbout(name, QMessageBox::No).CancelFileName();
+        program.Choose(u"mnuSaveAs"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        answers.FileName(name);
+        program.Choose(u"mnuOpenFile"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Site(SiteName).text(), u"first"_s);
+        answers.FileName(name).BoxAbout(name, QMessageBox::Yes);
+        program.Choose(u"mnuSaveAs"_s);
+        answers.FileName(u"no \"such\" file"_s)
+            .BoxAbout(u"no \"such\" file"_s, QMessageBox::Ok)
+            .CancelFileName();
+        program.Choose(u"mnuOpenFile"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Names(), QStringList(name));
+    }
+
+    void ANameInQuotesIsThatName() {
+        FilesProgram program;
+        Answers answers;
+        answers.FileName(u"\"a b.qn2\""_s);
+        program.Choose(u"mnuSaveAs"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Names(), QStringList(u"a b.qn2"_s));
+    }
+
+    void AFolderThatIsNotThereIsNotOfferedAsAName() {
+        FilesProgram program;
+        const QTemporaryDir home;
+        const QByteArray before = qgetenv("HOME");
+        qputenv("HOME", home.path().toLocal8Bit());
+        FilesProgram::RememberFolder(QString());
+        for (const char* command : {"mnuOpenFile", "mnuSaveAs"}) {
+            Answers answers;
+            answers.Dialog<QFileDialog>([&home](QFileDialog& dialog) {
+                QCOMPARE(dialog.findChild<QLineEdit*>(u"fileNameEdit"_s)->text(), QString());
+                QCOMPARE(dialog.directory().canonicalPath(), QDir(home.path()).canonicalPath());
+                QTest::keyClick(&dialog, Qt::Key_Escape);
+            });
+            program.Choose(QString::fromLatin1(command));
+            QVERIFY2(answers.AllGiven(), answers.Complaints());
+        }
+        QVERIFY(QDir(home.path()).mkdir(u"Documents"_s));
+        Answers answers;
+        answers.Dialog<QFileDialog>([](QFileDialog& dialog) {
+            QCOMPARE(dialog.directory().dirName(), u"Documents"_s);
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        });
+        program.Choose(u"mnuOpenFile"_s);
+        qputenv("HOME", before);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+    }
+
     void ANameWithoutASuffixIsSavedWithoutOne() {
         FilesProgram program;
         program.SaveAs(u"plain"_s);
