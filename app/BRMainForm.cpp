@@ -311,7 +311,7 @@ void BRMainForm::ShowWhetherCurrent() {
 
 void BRMainForm::ShowTitle() {
     // Qt takes "[*]" in a title for the mark of a changed document; doubled, it stands for itself.
-    QString title = ToQString(MainWindowTitle(analysis_.state.CurrentProjectFile));
+    QString title = ToQString(MainWindowTitle(analysis_.file.CurrentProjectFile));
     setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
 }
 
@@ -336,16 +336,20 @@ void BRMainForm::OpenProject() {
 }
 
 void BRMainForm::OpenPath(const QString& path) {
+    OpenNamed(ToUtf8(path));
+}
+
+void BRMainForm::OpenNamed(const std::string& path) {
     ReadReport report;
     {
         const BusyPointer busy;
-        report = OpenProjectFile(ToUtf8(path), analysis_);
+        report = OpenProjectFile(path, analysis_);
         if (report.format != FileFormat::Unrecognised) {
-            RememberFolderOf(path);
+            RememberFolderOf(ToQString(path));
             ShowState();
-            ShowStatus(QStringLiteral("Opened ") + path);
+            ShowStatus(QStringLiteral("Opened ") + ToQString(path));
         } else {
-            ShowStatus(QStringLiteral("Not opened: ") + path);
+            ShowStatus(QStringLiteral("Not opened: ") + ToQString(path));
         }
     }
     for (const std::string& message : report.messages)
@@ -353,10 +357,10 @@ void BRMainForm::OpenPath(const QString& path) {
 }
 
 void BRMainForm::SaveProject() {
-    if (analysis_.state.CurrentProjectFile.empty())
+    if (analysis_.file.CurrentProjectFile.empty())
         SaveProjectAs();
     else
-        Write(ToQString(analysis_.state.CurrentProjectFile));
+        Write(std::string(analysis_.file.CurrentProjectFile));
 }
 
 void BRMainForm::SaveProjectAs() {
@@ -365,14 +369,27 @@ void BRMainForm::SaveProjectAs() {
     if (path.isEmpty())
         return;
     RememberFolderOf(path);
-    Write(path);
+    Write(ToUtf8(path));
 }
 
 namespace {
 
+/// What became of the file that stood there before.
+QString KeptText(const SaveReport& report) {
+    if (report.keptAs.empty())
+        return QString();
+    const QString name = ToQString(report.keptAs);
+    return report.changedOnDisk
+               ? QStringLiteral(". The file had been changed by somebody else meanwhile; that "
+                                "version is kept as ") +
+                     name
+               : QStringLiteral(". The file that was there is kept as ") + name;
+}
+
 /// What the status bar says after a save.
-QString SavedText(const QString& path, const std::vector<std::string>& lost) {
-    QString text = QStringLiteral("Saved ") + path;
+QString SavedText(const QString& path, const SaveReport& report,
+                  const std::vector<std::string>& lost) {
+    QString text = QStringLiteral("Saved ") + path + KeptText(report);
     if (lost.empty())
         return text;
     constexpr std::size_t Named = 20;
@@ -387,17 +404,19 @@ QString SavedText(const QString& path, const std::vector<std::string>& lost) {
 
 } // namespace
 
-void BRMainForm::Write(const QString& path) {
+void BRMainForm::Write(const std::string& path) {
     CommitEdits();
-    std::vector<std::string> messages;
+    SaveReport report;
     {
         const BusyPointer busy;
-        messages = WriteProjectFile(ToUtf8(path), analysis_.state);
+        report = WriteProjectFile(path, analysis_.state, analysis_.file);
     }
     ShowTitle();
-    ShowStatus(messages.empty() ? SavedText(path, FieldsNotReadBackIntact(analysis_.state))
-                                : QStringLiteral("Not saved whole: ") + path);
-    for (const std::string& message : messages)
+    const QString name = ToQString(path);
+    ShowStatus(report.messages.empty()
+                   ? SavedText(name, report, FieldsNotReadBackIntact(analysis_.state))
+                   : QStringLiteral("Not saved whole: ") + name + KeptText(report));
+    for (const std::string& message : report.messages)
         ShowMessage(this, ToQString(message));
 }
 

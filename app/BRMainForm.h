@@ -5,6 +5,7 @@
 #include <QMainWindow>
 #include <QTabBar>
 #include <array>
+#include <string>
 
 class QDialog;
 class QLabel;
@@ -37,6 +38,8 @@ public:
     void ShowState();
     /// Opens the project at `path` as the Open command does once a file is chosen.
     void OpenPath(const QString& path);
+    /// The same for a name of any bytes, which need not be a text.
+    void OpenNamed(const std::string& path);
 
     Analysis& Current() { return analysis_; }
 
@@ -77,7 +80,7 @@ private:
     void OpenProject();
     void SaveProject();
     void SaveProjectAs();
-    void Write(const QString& path);
+    void Write(const std::string& path);
     void Exit();
     void About();
     /// Whether the user confirms the end of the program.

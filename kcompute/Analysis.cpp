@@ -19,12 +19,13 @@ Preparation& Stop(Preparation& preparation, Result result, FaultyTab tab) {
 
 void ResetAnalysis(Analysis& analysis) {
     ResetProjectState(analysis.state);
+    analysis.file = FileOnDisk();
     analysis.working = WorkingValues();
     analysis.computation.reset();
 }
 
 ReadReport OpenProjectFile(const std::string& path, Analysis& analysis) {
-    ReadReport report = OpenProjectFile(path, analysis.state);
+    ReadReport report = OpenProjectFile(path, analysis.state, analysis.file);
     if (report.format != FileFormat::Unrecognised) {
         analysis.working = WorkingValues();
         analysis.computation.reset();

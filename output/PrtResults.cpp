@@ -3,6 +3,7 @@
 #include "output/PrintDocument.h"
 #include "output/SummaryReport.h"
 #include "project/ProjectFileDialogs.h"
+#include "system/OpenFile.h"
 #include "system/ReplaceFile.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
@@ -76,6 +77,11 @@ void PrtResults::SaveToFile() {
                                            QStringLiteral("All Files (*.*)(*)")});
     if (path.isEmpty())
         return;
+    // A slip of the fingers must not put a report in the place of the project.
+    if (IsSameFile(ToUtf8(path), analysis_.file.CurrentProjectFile)) {
+        ShowMessage(this, QStringLiteral("The report needs a file of its own."));
+        return;
+    }
     FileFailure failure = FileFailure::None;
     {
         const BusyPointer busy;

@@ -16,8 +16,7 @@ namespace quarnel {
 namespace {
 
 /// Recognises the format of a file's text and reads it.
-void ReadRecognised(std::string_view text, const std::string& path, ProjectState& state,
-                    ReadReport& report) {
+void ReadRecognised(std::string_view text, ProjectState& state, ReadReport& report) {
     ItemReader reader(text);
     if (!reader.HasLine()) {
         report.AddFailure(FileFailure::InputPastEnd);
@@ -26,8 +25,7 @@ void ReadRecognised(std::string_view text, const std::string& path, ProjectState
     std::array<std::string_view, 5> lines;
     lines[0] = reader.NextLine();
     if (ContainsIgnoringCase(lines[0], "QUARNEL PROJECT FILE")) {
-        report.format = FileFormat::Current;
-        ReadProjectFile(reader, text, path, state, report);
+        ReadProjectFile(reader, text, state, report);
     } else {
         std::size_t read = 1;
         while (read < lines.size() && reader.HasLine())
@@ -36,8 +34,7 @@ void ReadRecognised(std::string_view text, const std::string& path, ProjectState
             report.AddMessage(std::string(NotAnInputFileMessage));
             return;
         }
-        report.format = FileFormat::Legacy;
-        ReadLegacyInputFile(reader, lines, path, state, report);
+        ReadLegacyInputFile(reader, lines, state, report);
     }
 }
 
@@ -53,34 +50,49 @@ void ReadReport::AddFailure(FileFailure failure) {
         AddMessage(FileErrorMessage(failure));
 }
 
-ReadReport OpenProjectFile(const std::string& path, ProjectState& state) {
-    const FileBytes bytes = ReadFileBytes(path);
-    if (bytes.failure != FileFailure::None) {
-        ReadReport report;
-        report.AddFailure(bytes.failure);
-        return report;
-    }
-    return OpenProjectBytes(bytes.View(), path, state);
+bool IsWhole(const ReadReport& report) {
+    return report.format == FileFormat::Current && report.messages.empty() &&
+           report.passedOverCount == 0;
 }
 
-ReadReport OpenProjectBytes(std::string_view bytes, const std::string& path, ProjectState& state) {
+ReadReport OpenProjectFile(const std::string& path, ProjectState& state, FileOnDisk& file) {
+    FileOnDisk opened;
     ReadReport report;
-    std::string original;
     try {
-        original = path;
-        if (IsValidUtf8(bytes))
-            ReadRecognised(bytes, path, state, report);
+        opened.CurrentProjectFile = path; // before anything changes that memory may run out for
+        const FileBytes bytes = ReadFileBytes(path);
+        if (bytes.failure == FileFailure::None)
+            report = OpenProjectBytes(bytes.View(), state);
         else
-            ReadRecognised(Windows1252ToUtf8(bytes), path, state, report);
+            report.AddFailure(bytes.failure);
+        opened.version = bytes.version;
+    } catch (const std::bad_alloc&) {
+        report.AddFailure(FileFailure::OutOfMemory);
+    }
+    opened.isWhole = IsWhole(report);
+    if (report.format != FileFormat::Unrecognised)
+        file = std::move(opened);
+    return report;
+}
+
+ReadReport OpenProjectFile(const std::string& path, ProjectState& state) {
+    FileOnDisk file;
+    return OpenProjectFile(path, state, file);
+}
+
+ReadReport OpenProjectBytes(std::string_view bytes, ProjectState& state) {
+    ReadReport report;
+    try {
+        if (IsValidUtf8(bytes))
+            ReadRecognised(bytes, state, report);
+        else
+            ReadRecognised(Windows1252ToUtf8(bytes), state, report);
     } catch (const std::bad_alloc&) {
         // The rows read so far stay; handing them over takes no memory.
         if (!state.RecoveryDataTexts.empty())
             state.RecDatGrid = std::exchange(state.RecoveryDataTexts, {});
         report.AddFailure(FileFailure::OutOfMemory);
     }
-    if (report.format != FileFormat::Unrecognised &&
-        (!report.messages.empty() || report.format == FileFormat::Legacy))
-        state.OriginalToKeep = std::move(original);
     return report;
 }
 

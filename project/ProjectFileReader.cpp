@@ -270,11 +270,10 @@ FileFailure ProjectFileReader::ReadPlotInfo() {
 
 } // namespace
 
-void ReadProjectFile(ItemReader& reader, std::string_view wholeText, const std::string& path,
-                     ProjectState& state, ReadReport& report) {
-    std::string currentFile = path; // made first, so that memory runs out before anything changed
+void ReadProjectFile(ItemReader& reader, std::string_view wholeText, ProjectState& state,
+                     ReadReport& report) {
     ResetProjectState(state);
-    state.CurrentProjectFile = std::move(currentFile);
+    report.format = FileFormat::Current;
     ProjectFileReader(reader, wholeText, state, report).ReadSections();
     FillRecoveryGridFromData(state);
 }

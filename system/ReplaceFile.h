@@ -39,7 +39,4 @@ FileFailure SaveFileBytes(const std::string& path, std::string_view bytes,
 /// copy.
 FileFailure KeepFileBeside(const std::string& path, std::string& keptAs);
 
-/// Takes away the copy that KeepFileBeside made, when the save it was made for has failed.
-void ForgetKeptFile(const std::string& keptAs);
-
 } // namespace quarnel

@@ -186,8 +186,4 @@ FileFailure KeepFileBeside(const std::string& path, std::string& keptAs) {
     return failure;
 }
 
-void ForgetKeptFile(const std::string& keptAs) {
-    unlink(keptAs.c_str());
-}
-
 } // namespace quarnel

@@ -1,6 +1,7 @@
 // Opening files: recognition, what the system says, the messages, the window's title.
 
 #include "project/Files.h"
+#include "system/OpenFile.h"
 
 #include "tests/CoreTestSupport.h"
 
@@ -38,15 +39,12 @@ protected:
 /// A project that would show any change.
 ProjectState Untouched() {
     ProjectState state = test::SmallProject();
-    state.CurrentProjectFile = "/data/before.qn2";
     state.IgnoreKeyList = {"key"};
     return state;
 }
 
 void ExpectUntouched(const ProjectState& state) {
     EXPECT_EQ(test::Dump(state), test::Dump(Untouched()));
-    EXPECT_EQ(state.CurrentProjectFile, "/data/before.qn2");
-    EXPECT_EQ(state.OriginalToKeep, "");
     EXPECT_EQ(state.RecDatGrid.size(), Untouched().RecDatGrid.size());
 }
 
@@ -84,7 +82,10 @@ TEST_F(Files, WhatCannotBeReadSaysWhy) {
           Case{(folder_ / std::string(300, 'n')).string(), FileFailure::BadFileName},
           Case{std::string("a\0b", 3), FileFailure::BadFileName}}) {
         ProjectState state = Untouched();
-        const ReadReport report = OpenProjectFile(c.path, state);
+        FileOnDisk before;
+        before.CurrentProjectFile = "/data/before.qn2";
+        const ReadReport report = OpenProjectFile(c.path, state, before);
+        EXPECT_EQ(before.CurrentProjectFile, "/data/before.qn2");
         EXPECT_EQ(report.messages, Messages{FileErrorMessage(c.failure)}) << c.path;
         EXPECT_EQ(report.format, FileFormat::Unrecognised);
         ExpectUntouched(state);
@@ -95,9 +96,12 @@ TEST_F(Files, OpensAProjectFromDisk) {
     const std::string path =
         Write("p.qn2", "\"QUARNEL PROJECT FILE\"\r\n\"WELLGEO\",\"H\",\"5\"\r\n");
     ProjectState state;
-    EXPECT_EQ(OpenProjectFile(path, state).format, FileFormat::Current);
+    FileOnDisk file;
+    EXPECT_EQ(OpenProjectFile(path, state, file).format, FileFormat::Current);
     EXPECT_EQ(state.WellGeoText[GeoH], "5");
-    EXPECT_EQ(state.CurrentProjectFile, path);
+    EXPECT_EQ(file.CurrentProjectFile, path);
+    EXPECT_EQ(file.version, ReadFileBytes(path).version);
+    EXPECT_TRUE(file.isWhole);
 }
 
 TEST(OpenProject, TheHeaderStandsAnywhereInTheFirstLine) {
@@ -106,7 +110,7 @@ TEST(OpenProject, TheHeaderStandsAnywhereInTheFirstLine) {
           "\xEF\xBB\xBF\"QUARNEL PROJECT FILE\"",
           "QUARNEL PROJECT FILE\",\"WELLGEO\",\"H\",\"9\""}) {
         ProjectState state = Untouched();
-        const ReadReport report = OpenProjectBytes(std::string(first) + "\r\n", "p", state);
+        const ReadReport report = OpenProjectBytes(std::string(first) + "\r\n", state);
         EXPECT_EQ(report.format, FileFormat::Current) << first;
         EXPECT_EQ(report.messages, Messages{}) << first;
         // The first line is read whole: nothing on it counts as a record.
@@ -116,7 +120,7 @@ TEST(OpenProject, TheHeaderStandsAnywhereInTheFirstLine) {
 
 TEST(OpenProject, AnEmptyFileFailsOnItsFirstLine) {
     ProjectState state = Untouched();
-    const ReadReport report = OpenProjectBytes("", "p", state);
+    const ReadReport report = OpenProjectBytes("", state);
     EXPECT_EQ(report.messages, Messages{"62 Input past end of file"});
     EXPECT_EQ(report.format, FileFormat::Unrecognised);
     ExpectUntouched(state);
@@ -129,7 +133,7 @@ TEST(OpenProject, AFileThatIsNeitherFormatLeavesTheProjectUnchanged) {
           " Le \n Le \n Le \n Le \n", "1\n2\n3\n4\n5\n Le \n", "x\n\"QUARNEL PROJECT FILE\"\n",
           "QUARNEL PROJECT\n FILE\n3\n4\n5\n"}) {
         ProjectState state = Untouched();
-        const ReadReport report = OpenProjectBytes(text, "p", state);
+        const ReadReport report = OpenProjectBytes(text, state);
         EXPECT_EQ(report.messages,
                   Messages{"The file selected does not appear to be a QUARNEL input file."})
             << text;
@@ -140,8 +144,8 @@ TEST(OpenProject, AFileThatIsNeitherFormatLeavesTheProjectUnchanged) {
 
 TEST(OpenProject, ALegacyFileNeedsItsHeadingInLineFive) {
     ProjectState state;
-    EXPECT_EQ(OpenProjectBytes("1\n2\n3\n4\n H Le Lw\n", "p", state).format, FileFormat::Legacy);
-    EXPECT_EQ(OpenProjectBytes("1\r2\r\n3\n4\nx Le ", "p", state).format, FileFormat::Legacy);
+    EXPECT_EQ(OpenProjectBytes("1\n2\n3\n4\n H Le Lw\n", state).format, FileFormat::Legacy);
+    EXPECT_EQ(OpenProjectBytes("1\r2\r\n3\n4\nx Le ", state).format, FileFormat::Legacy);
 }
 
 } // namespace
