@@ -7,6 +7,7 @@
 
 #include <QEvent>
 #include <QIcon>
+#include <cstdio>
 #include <exception>
 #include <new>
 
@@ -62,7 +63,12 @@ void QuarnelApplication::ShowFault(const QString& fault) {
     if (showingFault_)
         return;
     showingFault_ = true;
-    ShowMessage(activeWindow(), fault);
+    try {
+        ShowMessage(activeWindow(), fault);
+    } catch (...) {
+        // Memory may be too short even for a box; the next fault is shown again.
+        std::fprintf(stderr, "quarnel: %s\n", fault.toUtf8().constData());
+    }
     showingFault_ = false;
 }
 

@@ -75,6 +75,8 @@ private:
 
     void Do(GridEdit edit);
     void Record(GridEdit edit);
+    /// Carries out all exchanges, in order or `backwards`, or none of them.
+    void Carry(std::vector<RowExchange>& exchanges, bool backwards);
     void ShowBuffer();
 
     GridRows& rows_;

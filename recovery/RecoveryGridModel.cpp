@@ -39,6 +39,8 @@ void RecoveryGridModel::ShowHeadings() {
 /// Rows carry their number, so wherever texts move up or down, it is the end of the table that
 /// comes or goes.
 void RecoveryGridModel::Exchange(RowExchange& exchange) {
+    // Views that have been told of a change must hear its end: what can fail comes before.
+    PrepareExchange(state_.RecDatGrid, exchange);
     const std::size_t oldCount = state_.RecDatGrid.size();
     const std::size_t newCount = oldCount - exchange.count + exchange.rows.size();
     const std::size_t lastChanged =
