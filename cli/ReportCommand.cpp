@@ -15,7 +15,7 @@ bool IsStandardOutput(std::string_view path) {
     return path == "/dev/stdout" || path == "/dev/fd/1" || path == "/proc/self/fd/1";
 }
 
-ExitStatus SaveReport(const std::string& path, std::string_view bytes) {
+ExitStatus SaveToFile(const std::string& path, std::string_view bytes) {
     const FileFailure failure = SaveFileBytes(path, bytes);
     if (failure == FileFailure::None)
         return Done;
@@ -48,7 +48,7 @@ ExitStatus ReportCommand(const Words& words) {
         return Failed;
     const std::string bytes = ReportBytes(run.analysis.state, run.analysis.computation.get());
     const ExitStatus written =
-        out.empty() || IsStandardOutput(out) ? PrintText(bytes) : SaveReport(out, bytes);
+        out.empty() || IsStandardOutput(out) ? PrintText(bytes) : SaveToFile(out, bytes);
     return run.status == ComputationStatus::Error ? Failed : written;
 }
 

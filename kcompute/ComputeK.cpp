@@ -4,12 +4,16 @@
 #include "kcompute/KText.h"
 
 #include <algorithm>
+#include <cfloat>
 #include <cmath>
 #include <cstddef>
 #include <limits>
 #include <string_view>
 
 namespace quarnel {
+
+// A result is the same on every machine only where nothing is kept in more digits than it has.
+static_assert(FLT_EVAL_METHOD == 0, "double arithmetic must round to double: use SSE on x86");
 
 namespace {
 

@@ -437,6 +437,63 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(path));
     }
 
+    void AFailedSaveAsLeavesTitleAndNameAsTheyWere() {
+        FilesProgram program;
+        const QString path = program.Copy(u"every-field.qn2"_s);
+        program.Open(path);
+        const QString title = program.Window().windowTitle();
+        QVERIFY(QDir(program.Path(QString())).mkdir(u"gone"_s));
+        Answers answers;
+        answers
+            .Dialog<QFileDialog>([&program](QFileDialog& dialog) {
+                auto* edit = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s);
+                edit->setFocus();
+                QTest::keyClicks(edit, program.Path(u"gone/a.qn2"_s));
+                QVERIFY(QDir(program.Path(QString())).rmdir(u"gone"_s));
+                QTest::keyClick(edit, Qt::Key_Return);
+            })
+            .Box(u"Quarnel"_s, u"76 Path not found"_s);
+        program.Choose(u"mnuSaveAs"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Window().windowTitle(), title);
+        QCOMPARE(ToQString(program.Window().Current().file.CurrentProjectFile), path);
+        TypeInto(program.Site(SiteZip), u"new"_s);
+        program.Save();
+        QVERIFY(Read(path).contains("\"SITEZIP\",\"new\""));
+    }
+
+    void AFileThatSomebodyElseChangedIsKeptAndTheStatusBarSaysSo() {
+        FilesProgram program;
+        const QString path = program.Copy(u"every-field.qn2"_s);
+        program.Open(path);
+        program.Save();
+        QCOMPARE(program.Status(), u"Saved "_s + path);
+        const QByteArray others = Read(path) + "\r\n";
+        program.Write(u"every-field.qn2"_s, others);
+        program.Save();
+        QCOMPARE(Read(path + u".bak"_s), others);
+        QCOMPARE(program.Status(), u"Saved "_s + path +
+                                       u". The file had been changed by somebody else meanwhile; "
+                                       u"that version is kept as "_s +
+                                       path + u".bak"_s);
+        program.Save();
+        QCOMPARE(program.Status(), u"Saved "_s + path);
+    }
+
+    void ADamagedFileIsKeptAfterNewToo() {
+        FilesProgram program;
+        const QString path = program.Write(u"a.qn2"_s, "\"QUARNEL PROJECT FILE\"\r\n\"RECDATA\"");
+        program.Window().OpenPath(program.Copy(u"every-field.qn2"_s));
+        ResetProject(program.Window());
+        Answers answers;
+        answers.FileName(path).BoxAbout(u"a.qn2"_s, QMessageBox::Yes);
+        program.Choose(u"mnuFileSave"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QVERIFY(Read(path + u".bak"_s).endsWith("\"RECDATA\""));
+        QCOMPARE(program.Status(), u"Saved "_s + path + u". The file that was there is kept as "_s +
+                                       path + u".bak"_s);
+    }
+
     void TheStatusBarNamesFieldsThatWillNotReadBackIntact() {
         FilesProgram program;
         TypeInto(program.Site(SiteName), u"The \"old\" depot"_s);
