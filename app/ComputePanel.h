@@ -41,8 +41,12 @@ Q_SIGNALS:
     /// "Compute K/ Plot" has made or dropped the computation, or K is shown in other units.
     void ComputationChanged();
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     void SetTabOrder();
+    void MakeGrey();
     QWidget* BuildPlotSide();
     QWidget* BuildMarkSide();
     QBoxLayout* BuildCommands();
