@@ -227,33 +227,31 @@ private Q_SLOTS:
 
     void DataPutBackAreCurrentAgain() {
         PrattProgram program;
-        const auto isOld = [&program] {
+        const auto standing = [&program] {
             program.GoTo(5);
-            const bool greyed = program.KIsGreyed();
-            if (greyed != !program.Says(u"StaleText"_s).isEmpty())
-                qFatal("The grey of K and the sentence differ");
-            return greyed;
+            const bool says = program.Says(u"StaleText"_s) == Changed;
+            return says != program.KIsGreyed() ? u"undecided"_s : says ? u"old"_s : u"current"_s;
         };
         program.TypeGeometry(0, u"50.6"_s); // as a value the same, as a text not
-        QVERIFY(isOld());
+        QCOMPARE(standing(), u"old"_s);
         program.TypeGeometry(0, u"50.60"_s);
-        QVERIFY(!isOld());
+        QCOMPARE(standing(), u"current"_s);
         program.TypeReading(20, TruthProgram::TimeColumn, u"3.3"_s);
-        QVERIFY(isOld());
+        QCOMPARE(standing(), u"old"_s);
         program.TypeReading(20, TruthProgram::TimeColumn, u"3.2"_s);
-        QVERIFY(!isOld());
+        QCOMPARE(standing(), u"current"_s);
         for (const QString& list : {u"WellGeoVertUnitsDDL"_s, u"WellGeoRadUnitsDDL"_s,
                                     u"RecDatTimeUnitsDDL"_s, u"RecDatWaterLevelUnitsDDL"_s}) {
             const int before = program.Find<QComboBox>(list).currentIndex();
             program.ChooseEntry(list, before == 0 ? 1 : 0);
-            QVERIFY2(isOld(), qPrintable(list));
+            QCOMPARE(list + standing(), list + u"old"_s);
             program.ChooseEntry(list, before);
-            QVERIFY2(!isOld(), qPrintable(list));
+            QCOMPARE(list + standing(), list + u"current"_s);
         }
         program.Mark(LastIgnored, LastIgnored, 'U');
-        QVERIFY(isOld());
+        QCOMPARE(standing(), u"old"_s);
         program.Mark(LastIgnored, LastIgnored, 'I');
-        QVERIFY(!isOld());
+        QCOMPARE(standing(), u"current"_s);
         QCOMPARE(program.Disagreement(), QString());
     }
 
