@@ -1,9 +1,12 @@
 #include "app/ComputePanel.h"
 
+#include "kcompute/Computation.h"
 #include "kcompute/ComputeK.h"
 #include "kcompute/KText.h"
 #include "kcompute/UseIgnoreGrid.h"
 #include "output/PlotWidget.h"
+#include "project/FixedLists.h"
+#include "project/Result.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
 #include "widgets/StaleLabel.h"
@@ -15,6 +18,11 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QSplitter>
+#include <array>
+#include <cstddef>
+#include <initializer_list>
+#include <string_view>
+#include <vector>
 
 namespace quarnel {
 

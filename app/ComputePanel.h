@@ -4,6 +4,9 @@
 #include "kcompute/MarkEditor.h"
 #include "widgets/Panel.h"
 
+#include <cstddef>
+#include <vector>
+
 class QBoxLayout;
 class QComboBox;
 class QLabel;

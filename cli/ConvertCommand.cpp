@@ -1,9 +1,14 @@
+#include "cli/CommandLine.h"
 #include "cli/Commands.h"
 #include "cli/Output.h"
 #include "project/FieldTables.h"
 #include "project/Files.h"
+#include "project/ProjectState.h"
 #include "system/Locale.h"
 #include "system/ReplaceFile.h"
+
+#include <string>
+#include <vector>
 
 namespace quarnel {
 

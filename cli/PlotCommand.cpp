@@ -1,3 +1,4 @@
+#include "cli/CommandLine.h"
 #include "cli/Commands.h"
 #include "cli/Output.h"
 
@@ -5,6 +6,8 @@
 #include <QFile>
 #include <cerrno>
 #include <csignal>
+#include <string>
+#include <string_view>
 #include <system_error>
 #include <unistd.h>
 

@@ -1,10 +1,15 @@
 #include "cli/AnalysisRun.h"
+#include "cli/CommandLine.h"
 #include "cli/Commands.h"
 #include "cli/Output.h"
 #include "output/SummaryReport.h"
+#include "project/Files.h"
+#include "project/Result.h"
 #include "system/ReplaceFile.h"
 
 #include <filesystem>
+#include <string>
+#include <string_view>
 
 namespace quarnel {
 

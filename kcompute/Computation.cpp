@@ -1,7 +1,11 @@
 #include "kcompute/Computation.h"
 
 #include "kcompute/NumberToText.h"
+#include "kcompute/UseIgnore.h"
+#include "project/FixedLists.h"
 #include "project/Texts.h"
+#include "recovery/RecoveryData.h"
+#include "wellgeometry/WellDimensions.h"
 
 #include <algorithm>
 #include <array>

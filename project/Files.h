@@ -2,6 +2,7 @@
 
 #include "project/GlobalDeclar.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
