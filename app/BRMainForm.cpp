@@ -7,13 +7,18 @@
 #include "app/SiteIdentificationPanel.h"
 #include "app/WellTestIdentificationPanel.h"
 #include "kcompute/ComputedYFrm.h"
+#include "kcompute/UseIgnore.h"
+#include "kcompute/WorkingValues.h"
 #include "output/PrtPlotFrm.h"
 #include "output/PrtResults.h"
 #include "project/FieldTables.h"
+#include "project/Files.h"
 #include "project/ProjectFileDialogs.h"
+#include "project/Result.h"
 #include "recovery/RecoveryDataPanel.h"
 #include "wellgeometry/WellGeometryPanel.h"
 #include "widgets/MessageBoxes.h"
+#include "widgets/Panel.h"
 #include "widgets/QtTexts.h"
 
 #include <QAbstractItemView>
@@ -30,6 +35,11 @@
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QWindow>
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace quarnel {
 

@@ -4,6 +4,9 @@
 #include "kcompute/MarkEditor.h"
 #include "widgets/Panel.h"
 
+#include <cstddef>
+#include <vector>
+
 class QBoxLayout;
 class QComboBox;
 class QLabel;
@@ -41,8 +44,12 @@ Q_SIGNALS:
     /// "Compute K/ Plot" has made or dropped the computation, or K is shown in other units.
     void ComputationChanged();
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     void SetTabOrder();
+    void MakeGrey();
     QWidget* BuildPlotSide();
     QWidget* BuildMarkSide();
     QBoxLayout* BuildCommands();

@@ -9,6 +9,9 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+#include <cstddef>
+#include <string>
+#include <string_view>
 
 namespace quarnel {
 

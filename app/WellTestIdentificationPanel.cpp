@@ -7,6 +7,7 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QVBoxLayout>
+#include <cstddef>
 
 namespace quarnel {
 

@@ -1,8 +1,13 @@
+#include "cli/CommandLine.h"
 #include "cli/Commands.h"
 #include "cli/Output.h"
 #include "project/FieldTables.h"
 #include "project/Files.h"
+#include "project/ProjectState.h"
 #include "system/Locale.h"
+
+#include <string>
+#include <vector>
 
 namespace quarnel {
 

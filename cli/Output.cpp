@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <fcntl.h>
 #include <poll.h>
 #include <system_error>

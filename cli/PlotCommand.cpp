@@ -1,3 +1,4 @@
+#include "cli/CommandLine.h"
 #include "cli/Commands.h"
 #include "cli/Output.h"
 #include "system/OpenFile.h"
@@ -6,6 +7,8 @@
 #include <QFile>
 #include <cerrno>
 #include <csignal>
+#include <string>
+#include <string_view>
 #include <system_error>
 #include <unistd.h>
 

@@ -1,7 +1,12 @@
+#include "cli/CommandLine.h"
 #include "kcompute/Analysis.h"
 #include "kcompute/ComputeK.h"
 #include "output/PagePainter.h"
+#include "output/PlotDrawing.h"
 #include "output/PlotExport.h"
+#include "output/ReportPages.h"
+#include "project/Files.h"
+#include "project/Result.h"
 #include "project/Texts.h"
 #include "system/Locale.h"
 #include "system/OpenFile.h"
@@ -10,7 +15,10 @@
 #include <QCommandLineParser>
 #include <QGuiApplication>
 #include <QLoggingCategory>
+#include <cstddef>
 #include <cstdio>
+#include <string>
+#include <string_view>
 
 // Paints for quarnel-cli, which runs without Qt Gui itself.
 

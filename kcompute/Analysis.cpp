@@ -2,8 +2,12 @@
 
 #include "kcompute/ComputeK.h"
 #include "kcompute/KComputations.h"
+#include "kcompute/UseIgnore.h"
 #include "recovery/RecoveryDa.h"
+#include "recovery/RecoveryData.h"
 #include "wellgeometry/WellGeometry.h"
+
+#include <utility>
 
 namespace quarnel {
 

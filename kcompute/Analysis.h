@@ -5,6 +5,7 @@
 #include "project/Files.h"
 #include "project/ProjectState.h"
 #include "project/Result.h"
+#include "recovery/RecoveryData.h"
 
 #include <string>
 

@@ -2,13 +2,20 @@
 
 #include "kcompute/KComputations.h"
 #include "kcompute/KText.h"
+#include "kcompute/LeastSquares.h"
+#include "kcompute/UseIgnore.h"
+#include "recovery/RecoveryData.h"
 
 #include <algorithm>
 #include <cfloat>
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <memory>
+#include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace quarnel {
 

@@ -1,7 +1,9 @@
 #include "kcompute/ComputedYFrm.h"
 
 #include "kcompute/ComputationDetails.h"
+#include "project/FixedLists.h"
 #include "recovery/RecoveryDa.h"
+#include "recovery/RecoveryData.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
 #include "widgets/StaleLabel.h"
@@ -12,6 +14,11 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QSplitter>
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace quarnel {
 

@@ -1,12 +1,17 @@
 #include "kcompute/UseIgnoreGrid.h"
 
+#include "kcompute/UseIgnore.h"
 #include "recovery/RecoveryDa.h"
+#include "recovery/RecoveryData.h"
 #include "widgets/QtTexts.h"
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <algorithm>
+#include <cstddef>
+#include <string_view>
+#include <vector>
 
 namespace quarnel {
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kcompute/MarkEditor.h"
+#include "kcompute/UseIgnore.h"
 #include "kcompute/WorkingValues.h"
 #include "project/ProjectState.h"
 #include "widgets/ColumnTableModel.h"

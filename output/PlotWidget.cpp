@@ -1,7 +1,9 @@
 #include "output/PlotWidget.h"
 
+#include "kcompute/Computation.h"
 #include "output/PlotExport.h"
 #include "output/PlotPainter.h"
+#include "project/Files.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
 
@@ -17,7 +19,9 @@
 #include <QStyleOptionFocusRect>
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <memory>
+#include <utility>
 
 namespace quarnel {
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kcompute/Computation.h"
 #include "output/PlotDrawing.h"
 
 #include <QFrame>

@@ -1,6 +1,9 @@
 #include "output/PrtPlotFrm.h"
 
+#include "kcompute/Computation.h"
+#include "output/PagePainter.h"
 #include "output/PrintDocument.h"
+#include "output/ReportPages.h"
 #include "widgets/QtTexts.h"
 #include "widgets/StaleLabel.h"
 #include "widgets/TextBox.h"
@@ -9,6 +12,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <cstddef>
 
 namespace quarnel {
 

@@ -1,7 +1,11 @@
 #include "output/PrtResults.h"
 
+#include "kcompute/Computation.h"
+#include "output/PagePainter.h"
 #include "output/PrintDocument.h"
+#include "output/ReportPages.h"
 #include "output/SummaryReport.h"
+#include "project/Files.h"
 #include "project/ProjectFileDialogs.h"
 #include "system/OpenFile.h"
 #include "system/ReplaceFile.h"
@@ -14,6 +18,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
+#include <cstddef>
 
 namespace quarnel {
 

@@ -1,9 +1,19 @@
+#include "project/CellText.h"
+#include "project/Files.h"
+#include "project/FixedLists.h"
+#include "project/ItemReader.h"
 #include "project/ProjectReaders.h"
+#include "project/ProjectState.h"
 #include "project/Texts.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
+#include <initializer_list>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <utility>
 
 namespace quarnel {

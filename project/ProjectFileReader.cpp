@@ -1,11 +1,19 @@
+#include "project/CellText.h"
 #include "project/FieldTables.h"
+#include "project/Files.h"
+#include "project/ItemReader.h"
 #include "project/ProjectReaders.h"
+#include "project/ProjectState.h"
 #include "project/Texts.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 namespace quarnel {
 

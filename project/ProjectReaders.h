@@ -2,6 +2,7 @@
 
 #include "project/Files.h"
 #include "project/ItemReader.h"
+#include "project/ProjectState.h"
 
 #include <array>
 #include <string>

@@ -1,5 +1,6 @@
 #include "recovery/GridEditing.h"
 
+#include "project/CellText.h"
 #include "project/Files.h"
 #include "project/Texts.h"
 #include "recovery/SortOrder.h"
@@ -7,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <utility>
 
 namespace quarnel {
 

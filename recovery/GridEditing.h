@@ -1,5 +1,6 @@
 #pragma once
 
+#include "project/CellText.h"
 #include "project/GlobalDeclar.h"
 #include "recovery/RecoveryData.h"
 

@@ -1,5 +1,8 @@
 #include "recovery/GridEditor.h"
 
+#include "project/ProjectState.h"
+#include "recovery/RecoveryData.h"
+
 #include <algorithm>
 #include <utility>
 

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "recovery/GridEditing.h"
+#include "recovery/RecoveryData.h"
 
 #include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace quarnel {

@@ -4,7 +4,9 @@
 #include "widgets/QtTexts.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
+#include <vector>
 
 namespace quarnel {
 

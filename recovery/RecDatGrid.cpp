@@ -1,6 +1,7 @@
 #include "recovery/RecDatGrid.h"
 
 #include "recovery/GridCellDelegate.h"
+#include "recovery/GridEditing.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
 
@@ -9,6 +10,8 @@
 #include <QItemSelectionModel>
 #include <QScopedValueRollback>
 #include <algorithm>
+#include <cstddef>
+#include <string>
 
 namespace quarnel {
 

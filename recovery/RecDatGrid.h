@@ -1,7 +1,11 @@
 #pragma once
 
+#include "recovery/GridEditing.h"
+#include "recovery/GridEditor.h"
 #include "recovery/RecoveryGridModel.h"
 #include "widgets/GridView.h"
+
+#include <string>
 
 namespace quarnel {
 

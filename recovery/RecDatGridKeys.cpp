@@ -1,5 +1,6 @@
 #include "recovery/RecDatGrid.h"
 
+#include "widgets/GridView.h"
 #include "widgets/QtTexts.h"
 
 #include <QInputMethodEvent>

@@ -1,11 +1,14 @@
 #include "recovery/RecoveryDa.h"
 
+#include "project/CellText.h"
+#include "project/FixedLists.h"
 #include "project/Texts.h"
 #include "recovery/GridEditing.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <optional>
 
 namespace quarnel {

@@ -1,5 +1,7 @@
 #include "recovery/RecoveryDataPanel.h"
 
+#include "project/FixedLists.h"
+#include "recovery/GridEditor.h"
 #include "recovery/InsertRowsPanel.h"
 #include "recovery/RecDatCheckGrid.h"
 #include "recovery/RecDatGrid.h"

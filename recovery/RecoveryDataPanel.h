@@ -2,6 +2,7 @@
 
 #include "project/ProjectState.h"
 #include "project/Result.h"
+#include "recovery/GridEditing.h"
 #include "recovery/RecoveryData.h"
 #include "widgets/Panel.h"
 

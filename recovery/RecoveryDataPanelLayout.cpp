@@ -1,8 +1,14 @@
 #include "recovery/RecoveryDataPanel.h"
 
+#include "project/FixedLists.h"
+#include "project/ProjectState.h"
+#include "recovery/GridEditing.h"
 #include "recovery/InsertRowsPanel.h"
 #include "recovery/RecDatCheckGrid.h"
 #include "recovery/RecDatGrid.h"
+#include "recovery/RecoveryData.h"
+#include "recovery/RecoveryGridModel.h"
+#include "widgets/Panel.h"
 #include "widgets/QtTexts.h"
 #include "widgets/TextBox.h"
 

@@ -1,9 +1,11 @@
 #include "recovery/RecoveryGridModel.h"
 
+#include "recovery/GridEditing.h"
 #include "recovery/RecoveryDa.h"
 #include "widgets/QtTexts.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace quarnel {
 

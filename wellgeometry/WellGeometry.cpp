@@ -1,9 +1,13 @@
 #include "wellgeometry/WellGeometry.h"
 
+#include "project/FixedLists.h"
 #include "project/Texts.h"
 
 #include <cmath>
+#include <cstddef>
 #include <optional>
+#include <string>
+#include <string_view>
 
 namespace quarnel {
 

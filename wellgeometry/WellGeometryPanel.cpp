@@ -1,6 +1,8 @@
 #include "wellgeometry/WellGeometryPanel.h"
 
 #include "project/FieldTables.h"
+#include "project/FixedLists.h"
+#include "wellgeometry/WellDimensions.h"
 #include "wellgeometry/WellGeometry.h"
 #include "wellgeometry/WellSectionPicture.h"
 #include "widgets/MessageBoxes.h"
@@ -13,6 +15,8 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
+#include <cstddef>
+#include <string_view>
 
 namespace quarnel {
 

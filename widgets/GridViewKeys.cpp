@@ -8,6 +8,7 @@
 #include <QScrollBar>
 #include <QTimerEvent>
 #include <algorithm>
+#include <optional>
 
 namespace quarnel {
 
