@@ -72,11 +72,10 @@ struct LoggerRecord {
 /// Which of the first two numbers of a date like 03/05/2024 is the month.
 enum class DateOrder { MonthDay, DayMonth };
 
-struct LoggerReading;
+class RecordBuilder;
 
-/// Reads the rows of a Solinst XLE file, whose text (UTF-8, no mark) is `text`, into `reading`.
-using XleReader = void (*)(std::string_view text, const struct ReadOptions& options,
-                           LoggerReading& reading);
+/// Reads the rows of a Solinst XLE file, whose text (UTF-8, no mark) is `text`.
+using XleReader = void (*)(std::string_view text, RecordBuilder& builder);
 
 /// What the user chose for a file that leaves it open, and what the caller lends.
 struct ReadOptions {
