@@ -14,6 +14,8 @@ namespace {
 
 using Fields = std::vector<std::string_view>;
 
+constexpr char Delimiters[] = {'\t', ';', ',', BlankRuns};
+
 /// How many lines must agree on a delimiter.
 constexpr std::size_t AgreeingLines = 20;
 
@@ -71,39 +73,62 @@ struct Cut {
     std::size_t fields = 0;
 };
 
-/// The cut that `delimiter` makes of the `lines` from `first` on, or none.
-std::optional<Cut> CutWith(char delimiter, const std::vector<std::string_view>& lines,
-                           std::size_t first) {
-    const std::size_t last = std::min(first + AgreeingLines, lines.size());
-    std::size_t count = 0;
-    bool hasRow = false;
-    Fields fields;
-    for (std::size_t i = first; i < last; ++i) {
-        SplitFields(lines[i], delimiter, fields);
-        if (fields.size() < 2 || (count > 0 && fields.size() != count))
-            return std::nullopt;
-        count = fields.size();
-        if (!hasRow && IsRow(fields, delimiter != ',', false)) {
-            hasRow = true;
-            if (delimiter == ',' && std::any_of(fields.begin(), fields.end(), HoldsTwoNumbers))
-                return std::nullopt;
-        }
-    }
-    return hasRow ? std::optional<Cut>({delimiter, count}) : std::nullopt;
+/// Whether a row that `delimiter` cuts into `fields` is one of a table.
+bool IsRowCutBy(char delimiter, const Fields& fields) {
+    return fields.size() >= 2 && IsRow(fields, delimiter != ',', false) &&
+           (delimiter != ',' || std::none_of(fields.begin(), fields.end(), HoldsTwoNumbers));
 }
 
-/// The first cut that holds for twenty lines with digits, or for all that are left: lines above the
-/// table may hold digits too.
+/// The cut that `delimiter` makes of each of `count` lines from `first` on, or none.
+std::optional<Cut> CommonCut(char delimiter, const std::vector<std::string_view>& lines,
+                             std::size_t first, std::size_t count) {
+    std::size_t common = 0;
+    bool hasRow = false;
+    Fields fields;
+    for (std::size_t i = first; i < first + count; ++i) {
+        SplitFields(lines[i], delimiter, fields);
+        if (fields.size() < 2 || (common > 0 && fields.size() != common))
+            return std::nullopt;
+        common = fields.size();
+        hasRow = hasRow || IsRowCutBy(delimiter, fields);
+    }
+    return hasRow ? std::optional<Cut>({delimiter, common}) : std::nullopt;
+}
+
+/// The cut that makes the most rows of equally many fields.
+std::optional<Cut> MostCommonCut(const std::vector<std::string_view>& lines) {
+    std::optional<Cut> best;
+    std::size_t most = 0;
+    Fields fields;
+    for (const char delimiter : Delimiters) {
+        std::vector<std::size_t> rowsOf(MostFields + 1, 0);
+        for (const std::string_view line : lines) {
+            SplitFields(line, delimiter, fields);
+            if (IsRowCutBy(delimiter, fields))
+                ++rowsOf[fields.size()];
+        }
+        const auto largest = std::max_element(rowsOf.begin(), rowsOf.end());
+        if (*largest <= most)
+            continue;
+        most = *largest;
+        best = Cut{delimiter, static_cast<std::size_t>(largest - rowsOf.begin())};
+    }
+    return best;
+}
+
+/// The first cut that twenty lines with digits in a row have in common: lines above the table may
+/// hold digits too. A shorter table, with a comment or a cut line in it, goes by most of its rows.
 std::optional<Cut> FindCut(const std::vector<HeadLine>& head) {
     std::vector<std::string_view> lines;
     for (const HeadLine& line : head)
         if (HasDigit(line.text))
             lines.push_back(line.text);
-    for (std::size_t first = 0; first < lines.size(); ++first)
-        for (const char delimiter : {'\t', ';', ',', BlankRuns})
-            if (const std::optional<Cut> cut = CutWith(delimiter, lines, first))
+    const std::size_t count = std::min(AgreeingLines, lines.size());
+    for (std::size_t first = 0; first + count <= lines.size() && count > 0; ++first)
+        for (const char delimiter : Delimiters)
+            if (const std::optional<Cut> cut = CommonCut(delimiter, lines, first, count))
                 return cut;
-    return std::nullopt;
+    return MostCommonCut(lines);
 }
 
 /// The table as it is found in the head.
