@@ -20,7 +20,8 @@ struct HoboHeading {
 /// The time has a heading "Date Time, GMT-07:00", or two.
 std::optional<HoboHeading> HeadingOf(std::string_view line) {
     std::vector<std::string_view> fields;
-    for (const char delimiter : {',', ';', '\t'}) {
+    // A comma may stand in a heading without quotes where it is not the delimiter.
+    for (const char delimiter : {'\t', ';', ','}) {
         if (line.find(delimiter) == std::string_view::npos)
             continue;
         SplitFields(line, delimiter, fields);

@@ -2,18 +2,10 @@
 
 #include "loggerfiles/DiverFile.h"
 #include "loggerfiles/HoboCsv.h"
-#include "loggerfiles/LoggerText.h"
 #include "loggerfiles/SolinstCsv.h"
+#include "project/Texts.h"
 
 namespace quarnel {
-
-namespace {
-
-bool Contains(std::string_view text, std::string_view part) {
-    return text.find(part) != std::string_view::npos;
-}
-
-} // namespace
 
 std::string_view HeadOf(std::string_view text) {
     constexpr std::size_t HeadBytes = std::size_t{64} << 10U;
@@ -41,9 +33,10 @@ std::string_view FormatName(LoggerFormat format) {
 
 LoggerFormat RecogniseLoggerFile(std::string_view text) {
     const std::string_view head = HeadOf(text);
-    if (Contains(head, "<Body_xle"))
+    if (head.find("<Body_xle") != std::string_view::npos)
         return LoggerFormat::SolinstXle;
-    if (Contains(head, "isi-data-table") || Contains(head, "id=\"isi-report\""))
+    if (ContainsIgnoringCase(head, "ISI-DATA-TABLE") ||
+        ContainsIgnoringCase(head, "ID=\"ISI-REPORT\""))
         return LoggerFormat::InSituHtml;
     if (IsDiverMon(head))
         return LoggerFormat::DiverMon;

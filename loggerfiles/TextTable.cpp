@@ -229,8 +229,9 @@ private:
         double expected = 1;
         for (std::size_t i = firstRow_; i < head_.size() && expected <= 3; ++i) {
             double value = 0;
-            if (!HasAllFields(head_[i]) || !ParseReading(fields_[0], layout_.comma, value) ||
-                value != expected)
+            if (!HasAllFields(head_[i]))
+                continue;
+            if (!ParseReading(fields_[0], layout_.comma, value) || value != expected)
                 return false;
             ++expected;
         }
