@@ -65,6 +65,36 @@ constexpr std::ptrdiff_t MostExactDigits = 15;
 constexpr std::array<double, MostExactDigits + 1> PowersOfTen = {
     1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
+/// A number as far as it has neither exponent nor too many digits.
+struct PlainNumber {
+    bool isNegative = false;
+    std::uint64_t digits = 0; ///< all of them, without the decimal sign
+    std::ptrdiff_t count = 0, decimals = 0;
+    const char* end = nullptr;
+};
+
+const char* TakeDigits(const char* p, const char* end, std::uint64_t& digits) {
+    for (; p < end && IsDigit(*p); ++p)
+        digits = digits * 10 + static_cast<unsigned>(*p - '0');
+    return p;
+}
+
+PlainNumber TakePlainNumber(const char* p, const char* end, bool comma) {
+    PlainNumber number;
+    number.isNegative = p < end && *p == '-';
+    if (p < end && (*p == '-' || *p == '+'))
+        ++p;
+    number.end = TakeDigits(p, end, number.digits);
+    number.count = number.end - p;
+    p = number.end;
+    if (p < end && (*p == '.' || (comma && *p == ','))) {
+        number.end = TakeDigits(p + 1, end, number.digits);
+        number.decimals = number.end - p - 1;
+        number.count += number.decimals;
+    }
+    return number;
+}
+
 } // namespace
 
 void SplitFields(std::string_view line, char delimiter, std::vector<std::string_view>& fields,
@@ -105,42 +135,21 @@ std::string FieldText(std::string_view field) {
 }
 
 bool ParseReading(std::string_view field, bool comma, double& value) {
-    const char* p = field.data();
-    const char* const end = p + field.size();
-    p = SkipBlanks(p, end);
-    const char* const start = p;
-    const bool negative = p < end && *p == '-';
-    if (p < end && (*p == '-' || *p == '+'))
-        ++p;
+    const char* const end = field.data() + field.size();
+    const char* const start = SkipBlanks(field.data(), end);
+    const PlainNumber number = TakePlainNumber(start, end, comma);
     // A number of up to 15 digits is a whole number divided by a power of ten, both of them exact
     // doubles, so that one division gives the nearest double. All others take the slower road.
-    std::uint64_t digits = 0;
-    const char* const firstDigit = p;
-    for (; p < end && IsDigit(*p); ++p)
-        digits = digits * 10 + static_cast<unsigned>(*p - '0');
-    const std::ptrdiff_t count = p - firstDigit;
-    std::ptrdiff_t decimals = 0;
-    if (p < end && (*p == '.' || (comma && *p == ','))) {
-        const char* const point = ++p;
-        for (; p < end && IsDigit(*p); ++p)
-            digits = digits * 10 + static_cast<unsigned>(*p - '0');
-        decimals = p - point;
-    }
-    const char* const numberEnd = p;
-    if (SkipBlanks(p, end) == end && count + decimals <= MostExactDigits) {
-        if (count + decimals == 0)
+    if (number.count <= MostExactDigits && SkipBlanks(number.end, end) == end) {
+        if (number.count == 0)
             return false;
-        const double size =
-            static_cast<double>(digits) / PowersOfTen[static_cast<std::size_t>(decimals)];
-        value = negative ? -size : size;
+        const double size = static_cast<double>(number.digits) /
+                            PowersOfTen[static_cast<std::size_t>(number.decimals)];
+        value = number.isNegative ? -size : size;
         return true;
     }
-    if (numberEnd == start ||
-        (numberEnd < end && !IsBlank(*numberEnd) && *numberEnd != 'e' && *numberEnd != 'E'))
-        return false;
-    const std::string_view trimmed =
-        TrimSpace(std::string_view(start, static_cast<std::size_t>(end - start)));
-    return ParseNumber(trimmed, comma ? "," : ".", value);
+    const std::string_view rest(start, static_cast<std::size_t>(end - start));
+    return number.end != start && ParseNumber(TrimSpace(rest), comma ? "," : ".", value);
 }
 
 } // namespace quarnel
