@@ -27,6 +27,7 @@
 #include <QScrollArea>
 #include <QShortcut>
 #include <QStatusBar>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace quarnel {
@@ -69,6 +70,9 @@ BRMainForm::BRMainForm(QWidget* parent)
     BuildTabStrip(rows);
     BuildPanels(rows);
     setCentralWidget(centre);
+    currencyCheck_ = new QTimer(this);
+    currencyCheck_->setSingleShot(true);
+    connect(currencyCheck_, &QTimer::timeout, this, &BRMainForm::ShowWhetherCurrent);
     BuildDialogs();
     BuildMenus();
     status_ = new QLabel;
@@ -99,11 +103,12 @@ void BRMainForm::BuildTabStrip(QVBoxLayout* rows) {
 }
 
 void BRMainForm::BuildPanels(QVBoxLayout* rows) {
-    wellGeometry_ = new WellGeometryPanel(analysis_);
-    recoveryData_ = new RecoveryDataPanel(analysis_);
+    wellGeometry_ = new WellGeometryPanel(analysis_.state);
+    recoveryData_ = new RecoveryDataPanel(analysis_.state, analysis_.working.recovery);
     compute_ = new ComputePanel(analysis_);
-    contents_ = {new SiteIdentificationPanel(analysis_), new WellTestIdentificationPanel(analysis_),
-                 wellGeometry_, recoveryData_, compute_};
+    contents_ = {new SiteIdentificationPanel(analysis_.state),
+                 new WellTestIdentificationPanel(analysis_.state), wellGeometry_, recoveryData_,
+                 compute_};
     for (int panel = 0; panel <= PanelCount; ++panel) {
         const auto* tab = std::find(TabPanels.begin(), TabPanels.end(), panel);
         Panel* content = tab == TabPanels.end() ? nullptr : contents_[tab - TabPanels.begin()];
@@ -111,6 +116,16 @@ void BRMainForm::BuildPanels(QVBoxLayout* rows) {
     }
     connect(recoveryData_, &RecoveryDataPanel::HeadingsChanged, compute_,
             &ComputePanel::ShowHeadings);
+    connect(recoveryData_, &RecoveryDataPanel::Checked, this, [this] {
+        WorkingValues& working = analysis_.working;
+        working.marks =
+            RestoredMarks(analysis_.state.IgnoreKeyList, *working.recovery.RecoveryPoints);
+        compute_->ShowPreparedData();
+    });
+    for (const Panel* content : contents_)
+        if (content != compute_)
+            connect(content, &Panel::Edited, this, &BRMainForm::ScheduleCurrencyCheck);
+    connect(compute_, &Panel::Edited, this, &BRMainForm::ShowWhetherCurrent);
 }
 
 QWidget* BRMainForm::MakePanel(int panel, Panel* content) {
@@ -139,14 +154,16 @@ QWidget* BRMainForm::MakePanel(int panel, Panel* content) {
 void BRMainForm::BuildDialogs() {
     prtResults_ = new PrtResults(analysis_, this);
     prtPlotFrm_ = new PrtPlotFrm(analysis_, this);
-    computedYFrm_ = new ComputedYFrm(analysis_, this);
-    connect(compute_, &ComputePanel::DetailsRequested, this, [this] { ShowDialog(computedYFrm_); });
-    connect(compute_, &ComputePanel::PrintPlotRequested, this, [this] { ShowDialog(prtPlotFrm_); });
-    connect(compute_, &ComputePanel::SummaryRequested, this, [this] { ShowDialog(prtResults_); });
-    connect(compute_, &ComputePanel::DetailsChanged, computedYFrm_, &ComputedYFrm::ShowState);
-    connect(compute_, &ComputePanel::DetailsCleared, computedYFrm_, &ComputedYFrm::ClearGrid);
-    connect(recoveryData_, &RecoveryDataPanel::HeadingsChanged, computedYFrm_,
-            &ComputedYFrm::ShowHeadings);
+    computedYFrm_ = new ComputedYFrm(analysis_.state, analysis_.computation, this);
+    connect(compute_, &ComputePanel::DetailsRequested, this, [this] { Open(computedYFrm_); });
+    connect(compute_, &ComputePanel::PrintPlotRequested, this, [this] { Open(prtPlotFrm_); });
+    connect(compute_, &ComputePanel::SummaryRequested, this, [this] { Open(prtResults_); });
+    connect(compute_, &ComputePanel::ComputationChanged, this, &BRMainForm::ShowComputation);
+}
+
+void BRMainForm::Open(QDialog* dialog) {
+    ShowDialog(dialog);
+    ShowWhetherCurrent();
 }
 
 void BRMainForm::BuildMenus() {
@@ -179,8 +196,7 @@ void BRMainForm::StartUp() {
     show();
 }
 
-// ---- Panels
-// ------------------------------------------------------------------------------------------
+// ---- Panels ------------------------------------------------------------------------------------
 
 void BRMainForm::DisplaySelectedPanel(int panel) {
     for (int i = 0; i <= PanelCount; ++i)
@@ -217,6 +233,7 @@ void BRMainForm::ClickTab() {
         ShowMessage(this, ToQString(preparation.yWarning));
     if (panel == ComputePanelNumber && !preparation.result.IsError())
         DisplaySelectedPanel(panel);
+    ShowWhetherCurrent();
 }
 
 Preparation BRMainForm::PrepareAndShow() {
@@ -238,12 +255,36 @@ void BRMainForm::ShowState() {
         content->ShowState();
     prtResults_->ShowState();
     prtPlotFrm_->ShowState();
+    ShowComputation();
+}
+
+void BRMainForm::ShowComputation() {
     computedYFrm_->ShowState();
+    ShowWhetherCurrent();
+}
+
+void BRMainForm::ScheduleCurrencyCheck() {
+    // A paste of a million cells tells of its changes many times; one look afterwards will do.
+    currencyCheck_->start();
+}
+
+void BRMainForm::ShowWhetherCurrent() {
+    // Comparing a million readings with those of the computation takes a while: only for someone
+    // who sees the answer.
+    const bool seen = compute_->isVisible() || prtResults_->isVisible() ||
+                      prtPlotFrm_->isVisible() || computedYFrm_->isVisible();
+    if (!seen)
+        return;
+    const bool stale = analysis_.computation != nullptr && !HasCurrentComputation(analysis_);
+    compute_->ShowStale(stale);
+    prtResults_->ShowStale(stale);
+    prtPlotFrm_->ShowStale(stale);
+    computedYFrm_->ShowStale(stale);
 }
 
 void BRMainForm::ShowTitle() {
     // Qt takes "[*]" in a title for the mark of a changed document; doubled, it stands for itself.
-    QString title = ToQString(MainWindowTitle(analysis_.state));
+    QString title = ToQString(MainWindowTitle(analysis_.state.CurrentProjectFile));
     setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
 }
 
@@ -252,8 +293,7 @@ void BRMainForm::ShowStatus(const QString& text) {
     status_->setToolTip(text);
 }
 
-// ---- Commands
-// ----------------------------------------------------------------------------------------
+// ---- Commands ----------------------------------------------------------------------------------
 
 void BRMainForm::NewProject() {
     if (AskYesNo(this, QStringLiteral("New Project will clear existing data. Make sure you have "

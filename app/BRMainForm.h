@@ -6,7 +6,9 @@
 #include <QTabBar>
 #include <array>
 
+class QDialog;
 class QLabel;
+class QTimer;
 class QVBoxLayout;
 
 namespace quarnel {
@@ -48,10 +50,17 @@ private:
     /// Puts `content` under the title of panel `panel`.
     QWidget* MakePanel(int panel, Panel* content);
     void BuildDialogs();
+    /// Shows a dialog, centred until the user has moved it.
+    void Open(QDialog* dialog);
     void BuildMenus();
 
     void HidePanels();
     void ClickTab();
+    /// Lets every window that shows the computation show it again.
+    void ShowComputation();
+    /// Finds out, once the events at hand are done, whether the computation is current.
+    void ScheduleCurrencyCheck();
+    void ShowWhetherCurrent();
     /// Prepares the computation and shows what it left; the tab at fault is selected after an
     /// error.
     Preparation PrepareAndShow();
@@ -70,6 +79,7 @@ private:
 
     Analysis analysis_;
     bool exitConfirmed_ = false;
+    QTimer* currencyCheck_ = nullptr;
 
     QTabBar* TabStrip2 = nullptr;
     /// By panel number; 0 is empty and never shown.

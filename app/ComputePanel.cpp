@@ -1,9 +1,12 @@
 #include "app/ComputePanel.h"
 
+#include "kcompute/ComputeK.h"
+#include "kcompute/KText.h"
 #include "kcompute/UseIgnoreGrid.h"
 #include "output/PlotWidget.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
+#include "widgets/StaleLabel.h"
 
 #include <QComboBox>
 #include <QGroupBox>
@@ -41,7 +44,9 @@ QLabel* BuildLegend(QWidget* parent) {
 } // namespace
 
 ComputePanel::ComputePanel(Analysis& analysis, QWidget* parent)
-    : Panel(analysis, parent) {
+    : Panel(parent)
+    , analysis_(analysis)
+    , marks_(analysis.state, analysis.working) {
     auto* splitter = new QSplitter(Qt::Horizontal, this);
     splitter->setChildrenCollapsible(false);
     splitter->addWidget(BuildPlotSide());
@@ -51,6 +56,8 @@ ComputePanel::ComputePanel(Analysis& analysis, QWidget* parent)
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(splitter, 1);
+    StaleText = new StaleLabel(QStringLiteral("StaleText"), ToQString(NotCurrentMessage), this);
+    layout->addWidget(StaleText);
     layout->addLayout(BuildCommands());
     ShowState();
 }
@@ -69,7 +76,8 @@ QWidget* ComputePanel::BuildMarkSide() {
     auto* side = new QWidget(this);
     auto* layout = new QVBoxLayout(side);
     layout->setContentsMargins(0, 0, 0, 0);
-    RecDatWeightGrid = new UseIgnoreGrid(analysis_, side);
+    RecDatWeightGrid = new UseIgnoreGrid(analysis_.state, analysis_.working, marks_, side);
+    connect(RecDatWeightGrid, &UseIgnoreGrid::MarksChanged, this, &ComputePanel::Edited);
     const QString keys = tr("Select cells of the Criteria column, then press U (capital) for Use, "
                             "I (capital) for Ignore, or the space bar to turn them over.");
     RecDatWeightGrid->setToolTip(keys);
@@ -156,41 +164,51 @@ QBoxLayout* ComputePanel::BuildCommands() {
 }
 
 void ComputePanel::ShowState() {
-    Plot1->Clear();
     CmboKLengthUnits->setCurrentIndex(analysis_.state.CmboKLengthUnits);
     CmboKTimeUnits->setCurrentIndex(analysis_.state.CmboKTimeUnits);
-    ComputedKLabel->clear();
-    RecDatWeightGrid->Refill();
-    ShowHeadings();
+    ShowComputation();
+    ShowPreparedData();
 }
 
 void ComputePanel::ShowPreparedData() {
+    marks_.PointsWereMade();
     RecDatWeightGrid->Refill();
     ShowHeadings();
 }
 
 void ComputePanel::ShowHeadings() {
-    RecDatWeightGrid->Model().ShowHeadings();
+    RecDatWeightGrid->ShowHeadings();
+}
+
+void ComputePanel::ShowStale(bool stale) {
+    StaleText->ShowStale(stale);
+    // Greyed as text that does not hold now, yet readable and to be copied.
+    ComputedKLabel->setForegroundRole(stale ? QPalette::PlaceholderText : QPalette::WindowText);
+}
+
+void ComputePanel::UseOnly(const std::vector<std::size_t>& points) {
+    marks_.UseOnly(points);
+    RecDatWeightGrid->ShowMarks();
+    Q_EMIT Edited();
+}
+
+void ComputePanel::ShowComputation() {
+    Plot1->ShowComputation(analysis_.computation);
+    ShowK();
 }
 
 void ComputePanel::Compute() {
     Result result;
     {
         const BusyPointer busy;
-        Plot1->Clear();
-        Q_EMIT DetailsCleared();
-        ComputedKLabel->clear();
-        result = ComputeAndKeep(analysis_);
-        RecDatWeightGrid->Model().ShowMarks();
-        if (!result.IsError()) {
-            Q_EMIT DetailsChanged();
-            ComputedKLabel->setText(ToQString(ShowComputedK(analysis_)));
-            Plot1->ShowPlot(analysis_.computed);
-        }
+        result = quarnel::Compute(analysis_);
+        RecDatWeightGrid->ShowMarks();
+        ShowComputation();
+        Q_EMIT ComputationChanged();
     }
     if (result.IsError())
         ShowMessage(this, ToQString(result.message));
-    else if (!FittedLineFalls(analysis_.computed))
+    else if (!analysis_.computation->line.Falls())
         ShowMessage(this, ToQString(RisingSlopeMessage), ToQString(RisingSlopeTitle));
 }
 
@@ -198,18 +216,18 @@ void ComputePanel::ChooseKLength(int index) {
     const BusyPointer busy;
     analysis_.state.CmboKLengthUnits = index;
     ShowK();
+    Q_EMIT ComputationChanged();
 }
 
 void ComputePanel::ChooseKTime(int index) {
     const BusyPointer busy;
     analysis_.state.CmboKTimeUnits = index;
     ShowK();
+    Q_EMIT ComputationChanged();
 }
 
 void ComputePanel::ShowK() {
-    ComputedKLabel->setText(ToQString(ShowComputedK(analysis_)));
-    if (analysis_.computed.KIsComputed)
-        Q_EMIT DetailsChanged();
+    ComputedKLabel->setText(ToQString(ShowComputedK(analysis_.state, analysis_.computation.get())));
 }
 
 } // namespace quarnel

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "kcompute/Analysis.h"
+#include "kcompute/MarkEditor.h"
 #include "widgets/Panel.h"
 
 class QBoxLayout;
@@ -10,6 +12,7 @@ class QPushButton;
 namespace quarnel {
 
 class PlotWidget;
+class StaleLabel;
 class UseIgnoreGrid;
 
 /// The panel "Compute Hydraulic Conductivity": the plot, the Use/Ignore grid, K and its units, and
@@ -18,21 +21,23 @@ class ComputePanel : public Panel {
     Q_OBJECT
 public:
     explicit ComputePanel(Analysis& analysis, QWidget* parent = nullptr);
-    /// Shows the project again after New or Open: empty plot, empty K, empty Use/Ignore grid.
+    /// Shows the analysis again after New or Open.
     void ShowState() override;
     /// Shows what a preparation left: the points with their marks. Plot and K label stay.
     void ShowPreparedData();
     /// Headings follow the unit lists of the recovery data.
     void ShowHeadings();
+    /// Marks these points (counted from 0) Use and all others Ignore, as one step.
+    void UseOnly(const std::vector<std::size_t>& points);
+    /// Says that the data have changed since the computation, or nothing.
+    void ShowStale(bool stale);
 
 Q_SIGNALS:
     void DetailsRequested();   ///< CmdDetails
     void PrintPlotRequested(); ///< CmdPrintPlot
     void SummaryRequested();   ///< CmdPrtSummary
-    /// A computation has succeeded or K is shown in other units: the details changed.
-    void DetailsChanged();
-    /// A computation has failed: the details grid keeps only its headings.
-    void DetailsCleared();
+    /// "Compute K/ Plot" has made or dropped the computation, or K is shown in other units.
+    void ComputationChanged();
 
 private:
     QWidget* BuildPlotSide();
@@ -44,12 +49,16 @@ private:
     void Compute();
     void ChooseKLength(int index);
     void ChooseKTime(int index);
+    void ShowComputation();
     void ShowK();
 
+    Analysis& analysis_;
+    MarkEditor marks_;
     PlotWidget* Plot1 = nullptr;
     UseIgnoreGrid* RecDatWeightGrid = nullptr;
     QPushButton* CmdComputeK = nullptr;
     QLabel* ComputedKLabel = nullptr;
+    StaleLabel* StaleText = nullptr;
     QComboBox* CmboKLengthUnits = nullptr;
     QComboBox* CmboKTimeUnits = nullptr;
     QPushButton* CmdDetails = nullptr;

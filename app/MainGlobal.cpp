@@ -13,6 +13,13 @@ constexpr int HeightMargin = 500;
 constexpr int Top = 5;
 } // namespace
 
+std::string MainWindowTitle(const std::string& currentProjectFile) {
+    std::string title = "Quarnel: Bouwer-Rice Slug Test Analysis";
+    if (!currentProjectFile.empty())
+        title += "/ " + currentProjectFile;
+    return title;
+}
+
 std::unique_ptr<BRMainForm> SetUpMainWindow() {
     auto window = std::make_unique<BRMainForm>();
     SizeWindowToScreen(window.get(), WidthMargin, HeightMargin, Top);

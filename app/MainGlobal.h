@@ -2,6 +2,7 @@
 
 #include <array>
 #include <memory>
+#include <string>
 #include <string_view>
 
 namespace quarnel {
@@ -22,6 +23,9 @@ inline constexpr std::array<std::string_view, PanelCount + 1> PanelTitles = {
 inline constexpr std::array<std::string_view, 5> TabCaptions = {
     "Site ID", "Well/Test ID", "Well Geometry", "Recovery Data", "Compute K"};
 inline constexpr std::array<int, 5> TabPanels = {1, 2, 4, 5, 6};
+
+/// The window's title: the program's, then "/ " and the path of the project once there is one.
+std::string MainWindowTitle(const std::string& currentProjectFile);
 
 /// Builds the main window with everything in it.
 std::unique_ptr<BRMainForm> SetUpMainWindow();

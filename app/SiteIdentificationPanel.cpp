@@ -53,8 +53,9 @@ QFormLayout* MakeForm() {
 
 } // namespace
 
-SiteIdentificationPanel::SiteIdentificationPanel(Analysis& analysis, QWidget* parent)
-    : Panel(analysis, parent) {
+SiteIdentificationPanel::SiteIdentificationPanel(ProjectState& state, QWidget* parent)
+    : Panel(parent)
+    , state_(state) {
     auto* numbers = MakeForm();
     auto* site = MakeForm();
     auto* client = MakeForm();
@@ -82,7 +83,7 @@ void SiteIdentificationPanel::AddGroup(std::string_view group, QFormLayout* form
         const auto index = static_cast<std::size_t>(field.index);
         const QString number = QString::number(field.index);
         SiteIDText[index] =
-            new TextBox(analysis_.state.SiteIDText[index], QStringLiteral("SiteIDText_") + number);
+            new TextBox(state_.SiteIDText[index], QStringLiteral("SiteIDText_") + number);
         SiteIDLbl[index] =
             MakeLabel(field.label, Help[i].mnemonic, QStringLiteral("SiteIDLbl_") + number);
         AddRow(form, SiteIDLbl[index], SiteIDText[index], QString::fromUtf8(Help[i].meaning));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "project/ProjectState.h"
 #include "widgets/Panel.h"
 
 #include <array>
@@ -16,13 +17,14 @@ class TextBox;
 class SiteIdentificationPanel : public Panel {
     Q_OBJECT
 public:
-    explicit SiteIdentificationPanel(Analysis& analysis, QWidget* parent = nullptr);
+    explicit SiteIdentificationPanel(ProjectState& state, QWidget* parent = nullptr);
     void ShowState() override;
 
 private:
     /// Adds the fields of one frame, "" for those that stand in none.
     void AddGroup(std::string_view group, QFormLayout* form);
 
+    ProjectState& state_;
     /// Both by SiteIDIndex.
     std::array<TextBox*, 20> SiteIDText{};
     std::array<QLabel*, 20> SiteIDLbl{};

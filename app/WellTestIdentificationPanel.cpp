@@ -24,8 +24,9 @@ constexpr std::array<FieldHelp, 6> Help = {{
 
 } // namespace
 
-WellTestIdentificationPanel::WellTestIdentificationPanel(Analysis& analysis, QWidget* parent)
-    : Panel(analysis, parent) {
+WellTestIdentificationPanel::WellTestIdentificationPanel(ProjectState& state, QWidget* parent)
+    : Panel(parent)
+    , state_(state) {
     auto* frame = new QGroupBox;
     auto* form = new QFormLayout(frame);
     SetUpForm(form);
@@ -41,8 +42,8 @@ void WellTestIdentificationPanel::AddFields(QFormLayout* form) {
         const IdentificationField& field = WellTestIDFields[i];
         const auto index = static_cast<std::size_t>(field.index);
         const QString number = QString::number(field.index);
-        WellTestIDTxt[index] = new TextBox(analysis_.state.WellTestIDTxt[index],
-                                           QStringLiteral("WellTestIDTxt_") + number);
+        WellTestIDTxt[index] =
+            new TextBox(state_.WellTestIDTxt[index], QStringLiteral("WellTestIDTxt_") + number);
         WellTestID[index] =
             MakeLabel(field.label, Help[i].mnemonic, QStringLiteral("WellTestID_") + number);
         const QString meaning = QString::fromUtf8(Help[i].meaning);
@@ -53,8 +54,7 @@ void WellTestIdentificationPanel::AddFields(QFormLayout* form) {
 }
 
 void WellTestIdentificationPanel::AddSlugVolume(QFormLayout* form) {
-    VolumeOfSlugText =
-        new TextBox(analysis_.state.VolumeOfSlugText, QStringLiteral("VolumeOfSlugText"));
+    VolumeOfSlugText = new TextBox(state_.VolumeOfSlugText, QStringLiteral("VolumeOfSlugText"));
     QLabel* label = MakeLabel(SlugVolumeLabel, 'V', QStringLiteral("VolumeOfSlugLbl"));
     AddRow(form, label, VolumeOfSlugText,
            QStringLiteral("Volume of the slug put into or taken out of the well, in litres"));

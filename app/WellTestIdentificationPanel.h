@@ -1,5 +1,6 @@
 #pragma once
 
+#include "project/ProjectState.h"
 #include "widgets/Panel.h"
 
 #include <array>
@@ -16,7 +17,7 @@ class TextBox;
 class WellTestIdentificationPanel : public Panel {
     Q_OBJECT
 public:
-    explicit WellTestIdentificationPanel(Analysis& analysis, QWidget* parent = nullptr);
+    explicit WellTestIdentificationPanel(ProjectState& state, QWidget* parent = nullptr);
     void ShowState() override;
 
 private:
@@ -24,6 +25,7 @@ private:
     void AddSlugVolume(QFormLayout* form);
 
     /// Both by WellTestIDIndex. The names of those who tested share one label, that of the first.
+    ProjectState& state_;
     std::array<TextBox*, 6> WellTestIDTxt{};
     std::array<QLabel*, 6> WellTestID{};
     TextBox* VolumeOfSlugText = nullptr;

@@ -51,7 +51,7 @@ void MemoryPerRow(benchmark::State& state) {
         }
         compute->click();
         SettleEvents();
-        if (!window->Current().computed.KIsComputed) {
+        if (window->Current().computation == nullptr) {
             state.SkipWithError("K was not computed");
             return;
         }

@@ -1,7 +1,7 @@
 #include "cli/AnalysisRun.h"
 
 #include "cli/Output.h"
-#include "kcompute/KComputations.h"
+#include "kcompute/ComputeK.h"
 #include "system/Locale.h"
 
 #include <new>
@@ -42,14 +42,13 @@ void Prepare(AnalysisRun& run) {
         AddError(run, std::move(preparation.result.message));
 }
 
-void Compute(AnalysisRun& run) {
-    Result result = ComputeAndKeep(run.analysis);
+void ComputeAndTell(AnalysisRun& run) {
+    Result result = Compute(run.analysis);
     if (result.IsError()) {
         AddError(run, std::move(result.message));
         return;
     }
-    run.kComputed = true;
-    if (run.analysis.computed.FitSlope >= 0)
+    if (!run.analysis.computation->line.Falls())
         AddWarning(run, std::string(RisingSlopeMessage));
 }
 
@@ -60,7 +59,7 @@ AnalysisRun ReadPrepareCompute(const std::string& path) {
     if (run.isRead)
         Prepare(run);
     if (run.pointsChecked)
-        Compute(run);
+        ComputeAndTell(run);
     return run;
 }
 

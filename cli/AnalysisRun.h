@@ -16,8 +16,9 @@ struct AnalysisRun {
     bool geometryAccepted = false;
     bool coefficientsComputed = false;
     bool pointsChecked = false; ///< the recovery data passed with at least one point
-    bool kComputed = false;
     Analysis analysis;
+
+    bool KIsComputed() const { return analysis.computation != nullptr; }
 };
 
 /// Reads the project at `path`, restores its marks, prepares and computes. Failures are in the

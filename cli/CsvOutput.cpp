@@ -1,7 +1,7 @@
 #include "cli/CsvOutput.h"
 
 #include "cli/PlainText.h"
-#include "kcompute/KComputations.h"
+#include "kcompute/KText.h"
 
 #include <string_view>
 
@@ -44,30 +44,32 @@ void Row::AddForeign(std::string_view text) {
 
 void AddK(const AnalysisRun& run, Row& row) {
     const ProjectState& state = run.analysis.state;
-    const ComputedValues& computed = run.analysis.computed;
-    const bool reached = run.kComputed;
-    row.Add(ComputedKText(state, computed));
+    const Computation* computation = run.analysis.computation.get();
+    const bool reached = computation != nullptr;
+    row.Add(ShowComputedK(state, computation));
     row.Add(reached ? NameAt(LengthUnitNames, state.CmboKLengthUnits) : "");
     row.Add(reached ? NameAt(TimeUnitNames, state.CmboKTimeUnits) : "");
-    row.Add(reached, computed.KInCmPerSec);
+    row.Add(reached, reached ? computation->KInCmPerSec : 0);
 }
 
 void AddGeometry(const AnalysisRun& run, Row& row) {
-    const ComputedValues& computed = run.analysis.computed;
-    for (const double value : {computed.H.cm, computed.Lw.cm, computed.Le.cm, computed.dw.radiusCm,
-                               computed.dc.radiusCm, computed.reCm, computed.n})
-        row.Add(run.geometryAccepted, value);
+    const WellDimensions& well = run.analysis.working.geometry;
+    const BouwerRiceValues& values = run.analysis.working.coefficients;
     for (const double value :
-         {computed.leOverRw, computed.A, computed.B, computed.C, computed.lnReOverRw})
+         {well.H.cm, well.Lw.cm, well.Le.cm, well.dw.radiusCm, well.dc.radiusCm, well.reCm, well.n})
+        row.Add(run.geometryAccepted, value);
+    for (const double value : {values.leOverRw, values.A, values.B, values.C, values.lnReOverRw})
         row.Add(run.coefficientsComputed, value);
 }
 
 void AddFit(const AnalysisRun& run, Row& row) {
-    const ComputedValues& computed = run.analysis.computed;
-    row.Add(run.pointsChecked, static_cast<double>(computed.RecoveryPoints->size()));
-    row.Add(run.kComputed, computed.usedCount);
-    row.Add(run.kComputed, computed.FitSlope);
-    row.Add(run.kComputed, computed.FitIntercept);
+    const Computation* computation = run.analysis.computation.get();
+    const bool reached = computation != nullptr;
+    row.Add(run.pointsChecked,
+            static_cast<double>(run.analysis.working.recovery.RecoveryPoints->size()));
+    row.Add(reached, reached ? computation->usedCount : 0);
+    row.Add(reached, reached ? computation->line.slope : 0);
+    row.Add(reached, reached ? computation->line.intercept : 0);
 }
 
 std::string JoinedMessages(const AnalysisRun& run) {

@@ -1,6 +1,6 @@
 #include "cli/JsonOutput.h"
 
-#include "kcompute/KComputations.h"
+#include "kcompute/KText.h"
 #include "kcompute/NumberToText.h"
 #include "recovery/RecoveryDa.h"
 
@@ -16,49 +16,48 @@ void WriteMessages(const AnalysisRun& run, JsonWriter& json) {
     json.EndArray();
 }
 
-void WriteGeometry(const ComputedValues& computed, JsonWriter& json) {
+void WriteGeometry(const WellDimensions& well, JsonWriter& json) {
     json.BeginObject();
-    json.Member("h_cm", computed.H.cm);
-    json.Member("lw_cm", computed.Lw.cm);
-    json.Member("le_cm", computed.Le.cm);
-    json.Member("rw_cm", computed.dw.radiusCm);
-    json.Member("rc_cm", computed.dc.radiusCm);
-    json.Member("re_cm", computed.reCm);
-    json.Member("porosity", computed.n);
-    json.Member("re_text", computed.reText);
+    json.Member("h_cm", well.H.cm);
+    json.Member("lw_cm", well.Lw.cm);
+    json.Member("le_cm", well.Le.cm);
+    json.Member("rw_cm", well.dw.radiusCm);
+    json.Member("rc_cm", well.dc.radiusCm);
+    json.Member("re_cm", well.reCm);
+    json.Member("porosity", well.n);
+    json.Member("re_text", well.reText);
     json.EndObject();
 }
 
-void WriteCoefficients(const ComputedValues& computed, JsonWriter& json) {
+void WriteCoefficients(const BouwerRiceValues& values, JsonWriter& json) {
     json.BeginObject();
-    json.Member("le_over_rw", computed.leOverRw);
-    json.Member("a", computed.A);
-    json.Member("b", computed.B);
-    json.Member("c", computed.C);
-    json.Member("ln_re_over_rw", computed.lnReOverRw);
-    json.Member("le_over_rw_text", computed.leOverRwText);
-    json.Member("a_text", computed.aText);
-    json.Member("b_text", computed.bText);
-    json.Member("c_text", computed.cText);
-    json.Member("ln_re_over_rw_text", computed.lnReOverRwText);
+    json.Member("le_over_rw", values.leOverRw);
+    json.Member("a", values.A);
+    json.Member("b", values.B);
+    json.Member("c", values.C);
+    json.Member("ln_re_over_rw", values.lnReOverRw);
+    json.Member("le_over_rw_text", values.leOverRwText);
+    json.Member("a_text", values.aText);
+    json.Member("b_text", values.bText);
+    json.Member("c_text", values.cText);
+    json.Member("ln_re_over_rw_text", values.lnReOverRwText);
     json.EndObject();
 }
 
-void WriteFit(const ComputedValues& computed, JsonWriter& json) {
+void WriteFit(const Computation& computation, JsonWriter& json) {
     json.BeginObject();
-    json.Member("used_count", computed.usedCount);
-    json.Member("slope_per_sec", computed.FitSlope);
-    json.Member("intercept_ln_cm", computed.FitIntercept);
-    json.Member("slope_text", ThreeFigureText(computed.FitSlope));
-    json.Member("intercept_text", ThreeFigureText(computed.FitIntercept));
+    json.Member("used_count", computation.usedCount);
+    json.Member("slope_per_sec", computation.line.slope);
+    json.Member("intercept_ln_cm", computation.line.intercept);
+    json.Member("slope_text", ThreeFigureText(computation.line.slope));
+    json.Member("intercept_text", ThreeFigureText(computation.line.intercept));
     json.EndObject();
 }
 
-void WriteK(const Analysis& analysis, JsonWriter& json) {
-    const ProjectState& state = analysis.state;
+void WriteK(const ProjectState& state, const Computation& computation, JsonWriter& json) {
     json.BeginObject();
-    json.Member("cm_per_sec", analysis.computed.KInCmPerSec);
-    json.Member("text", ComputedKText(state, analysis.computed));
+    json.Member("cm_per_sec", computation.KInCmPerSec);
+    json.Member("text", ShowComputedK(state, &computation));
     json.Member("length_unit", NameAt(LengthUnitNames, state.CmboKLengthUnits));
     json.Member("time_unit", NameAt(TimeUnitNames, state.CmboKTimeUnits));
     json.EndObject();
@@ -73,16 +72,16 @@ void WritePlot(const PlotBounds& bounds, JsonWriter& json) {
 }
 
 void WriteFittedY(const AnalysisRun& run, std::size_t index, JsonWriter& json) {
-    const ComputationDetails& details = run.analysis.details;
+    const Computation* computation = run.analysis.computation.get();
     json.Key("fit_y");
-    run.kComputed ? json.Number(FittedY(details, index)) : json.Null();
+    computation != nullptr ? json.Number(FittedY(*computation, index)) : json.Null();
     json.Key("fit_y_text");
-    run.kComputed ? json.Text(FittedYText(details, index)) : json.Null();
+    computation != nullptr ? json.Text(FittedYText(*computation, index)) : json.Null();
 }
 
 void WritePoint(const AnalysisRun& run, std::size_t index, JsonWriter& json) {
-    const ComputedValues& computed = run.analysis.computed;
-    const RecoveryPoint& point = (*computed.RecoveryPoints)[index];
+    const RecoveryPoint& point = (*run.analysis.working.recovery.RecoveryPoints)[index];
+    const Mark mark = run.analysis.working.marks[index];
     json.BeginRow();
     json.Member("number", static_cast<double>(index + 1));
     json.Member("time_text", point.timeText);
@@ -93,15 +92,15 @@ void WritePoint(const AnalysisRun& run, std::size_t index, JsonWriter& json) {
     json.Member("y_cm", point.yCm);
     json.Member("log10_y", point.log10Y);
     json.Member("ln_y_cm", point.lnYCm);
-    json.Member("weight", point.weight);
-    json.Member("criterion", computed.Criteria[index]);
+    json.Member("weight", mark == Mark::Use ? 1 : 0);
+    json.Member("criterion", MarkText(mark));
     WriteFittedY(run, index, json);
     json.EndObject();
 }
 
 void WritePoints(const AnalysisRun& run, JsonWriter& json) {
     json.BeginArray();
-    for (std::size_t i = 0; i < run.analysis.computed.RecoveryPoints->size(); ++i)
+    for (std::size_t i = 0; i < run.analysis.working.recovery.RecoveryPoints->size(); ++i)
         WritePoint(run, i, json);
     json.EndArray();
 }
@@ -109,7 +108,8 @@ void WritePoints(const AnalysisRun& run, JsonWriter& json) {
 } // namespace
 
 void WriteJson(const AnalysisRun& run, JsonWriter& json) {
-    const ComputedValues& computed = run.analysis.computed;
+    const WorkingValues& working = run.analysis.working;
+    const Computation* computation = run.analysis.computation.get();
     const auto group = [&json](std::string_view key, bool reached, auto write) {
         json.Key(key);
         reached ? write() : json.Null();
@@ -119,11 +119,12 @@ void WriteJson(const AnalysisRun& run, JsonWriter& json) {
     json.Member("status", static_cast<double>(run.status));
     WriteMessages(run, json);
     json.Member("well_label", run.analysis.state.WellTestIDTxt[WellLabel]);
-    group("geometry", run.geometryAccepted, [&] { WriteGeometry(computed, json); });
-    group("coefficients", run.coefficientsComputed, [&] { WriteCoefficients(computed, json); });
-    group("fit", run.kComputed, [&] { WriteFit(computed, json); });
-    group("k", run.kComputed, [&] { WriteK(run.analysis, json); });
-    group("plot", run.pointsChecked, [&] { WritePlot(computed.bounds, json); });
+    group("geometry", run.geometryAccepted, [&] { WriteGeometry(working.geometry, json); });
+    group("coefficients", run.coefficientsComputed,
+          [&] { WriteCoefficients(working.coefficients, json); });
+    group("fit", computation != nullptr, [&] { WriteFit(*computation, json); });
+    group("k", computation != nullptr, [&] { WriteK(run.analysis.state, *computation, json); });
+    group("plot", run.pointsChecked, [&] { WritePlot(working.recovery.bounds, json); });
     group("points", run.pointsChecked, [&] { WritePoints(run, json); });
     json.EndObject();
 }

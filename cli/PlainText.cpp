@@ -52,12 +52,6 @@ std::string PlainText(std::string_view bytes) {
     return Cleaned(bytes, false);
 }
 
-std::size_t CharacterCount(std::string_view text) {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char byte) {
-        return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
-    }));
-}
-
 std::string ExactNumber(double value) {
     if (!std::isfinite(value))
         return {};

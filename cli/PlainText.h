@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -13,9 +12,6 @@ std::string WellFormedUtf8(std::string_view bytes);
 /// The same without control characters, which become U+FFFD too: a text out of a file must not
 /// steer the terminal.
 std::string PlainText(std::string_view bytes);
-
-/// Number of characters of well-formed UTF-8.
-std::size_t CharacterCount(std::string_view text);
 
 /// The shortest text that reads back as exactly this double, with "." in every locale; "" for one
 /// that is not finite.

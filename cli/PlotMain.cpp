@@ -1,4 +1,5 @@
 #include "kcompute/Analysis.h"
+#include "kcompute/ComputeK.h"
 #include "output/PagePainter.h"
 #include "output/PlotExport.h"
 #include "project/Texts.h"
@@ -32,8 +33,9 @@ void Say(const std::string& file, const std::string& message) {
 
 FileFailure Write(const Analysis& analysis, const std::string& out) {
     if (!HasEnding(out, ".PDF"))
-        return ExportPlot(
-            DrawPlot(analysis.computed, ScreenPlotLayout(PictureWidth, PictureHeight)), out);
+        return ExportPlot(DrawPlot(PlotContents(*analysis.computation),
+                                   ScreenPlotLayout(PictureWidth, PictureHeight)),
+                          out);
     const QByteArray bytes =
         PdfOfPages(PdfPageLayout(), QStringLiteral("Slug test plot"),
                    [&analysis](const Paper& paper) { return PlotPages(analysis, paper); });
@@ -56,12 +58,12 @@ int PlotFile(const std::string& file, const std::string& out) {
             Say(file, warning);
     Result result = preparation.result;
     if (!result.IsError())
-        result = ComputeAndKeep(analysis);
+        result = Compute(analysis);
     if (result.IsError()) {
         Say(file, result.message);
         return Failed;
     }
-    if (!FittedLineFalls(analysis.computed))
+    if (!analysis.computation->line.Falls())
         Say(file, std::string(RisingSlopeMessage));
     const FileFailure failure = Write(analysis, out);
     if (failure != FileFailure::None)

@@ -46,7 +46,7 @@ ExitStatus ReportCommand(const Words& words) {
     PrintMessages(run);
     if (!run.isRead)
         return Failed;
-    const std::string bytes = ReportBytes(run.analysis);
+    const std::string bytes = ReportBytes(run.analysis.state, run.analysis.computation.get());
     const ExitStatus written = out.empty() ? PrintText(bytes) : SaveReport(out, bytes);
     return run.status == ComputationStatus::Error ? Failed : written;
 }

@@ -1,8 +1,9 @@
 #include "cli/TableOutput.h"
 
 #include "cli/PlainText.h"
-#include "kcompute/KComputations.h"
+#include "kcompute/KText.h"
 #include "kcompute/NumberToText.h"
+#include "project/TextColumns.h"
 #include "project/Texts.h"
 #include "recovery/RecoveryDa.h"
 
@@ -39,7 +40,7 @@ std::string Line(std::string_view label, std::string_view value) {
 std::string_view StatusText(const AnalysisRun& run) {
     if (!run.isRead)
         return "not read";
-    if (!run.kComputed)
+    if (!run.KIsComputed())
         return "not computed";
     switch (run.status) {
     case ComputationStatus::Ok:
@@ -62,26 +63,26 @@ std::string LengthText(std::string_view text, int unit, double cm) {
     return length;
 }
 
-std::string GeometryLines(const ComputedValues& computed) {
-    const int vertical = computed.verticalUnit;
-    const int radial = computed.radialUnit;
+std::string GeometryLines(const WellDimensions& well) {
+    const int vertical = well.verticalUnit;
+    const int radial = well.radialUnit;
     std::string lines = Heading("Well geometry");
-    lines += Line("H", LengthText(computed.H.text, vertical, computed.H.cm));
-    lines += Line("Lw", LengthText(computed.Lw.text, vertical, computed.Lw.cm));
-    lines += Line("Le", LengthText(computed.Le.text, vertical, computed.Le.cm));
-    lines += Line("dw", LengthText(computed.dw.text, radial, 2 * computed.dw.radiusCm));
-    lines += Line("rw", LengthText(SingleToText(computed.dw.radius), radial, computed.dw.radiusCm));
-    lines += Line("dc", LengthText(computed.dc.text, radial, 2 * computed.dc.radiusCm));
-    lines += Line("rc", LengthText(SingleToText(computed.dc.radius), radial, computed.dc.radiusCm));
-    lines += Line("Drained porosity", computed.dporText + " %");
-    lines += Line("Effective radius re", LengthText(computed.reText, radial, computed.reCm));
+    lines += Line("H", LengthText(well.H.text, vertical, well.H.cm));
+    lines += Line("Lw", LengthText(well.Lw.text, vertical, well.Lw.cm));
+    lines += Line("Le", LengthText(well.Le.text, vertical, well.Le.cm));
+    lines += Line("dw", LengthText(well.dw.text, radial, 2 * well.dw.radiusCm));
+    lines += Line("rw", LengthText(SingleToText(well.dw.radius), radial, well.dw.radiusCm));
+    lines += Line("dc", LengthText(well.dc.text, radial, 2 * well.dc.radiusCm));
+    lines += Line("rc", LengthText(SingleToText(well.dc.radius), radial, well.dc.radiusCm));
+    lines += Line("Drained porosity", well.dporText + " %");
+    lines += Line("Effective radius re", LengthText(well.reText, radial, well.reCm));
     return lines;
 }
 
-std::string CoefficientLines(const ComputedValues& computed) {
-    return Heading("Bouwer-Rice coefficients") + Line("Le/rw", computed.leOverRwText) +
-           Line("A", computed.aText) + Line("B", computed.bText) + Line("C", computed.cText) +
-           Line("ln(Re/rw)", computed.lnReOverRwText);
+std::string CoefficientLines(const BouwerRiceValues& values) {
+    return Heading("Bouwer-Rice coefficients") + Line("Le/rw", values.leOverRwText) +
+           Line("A", values.aText) + Line("B", values.bText) + Line("C", values.cText) +
+           Line("ln(Re/rw)", values.lnReOverRwText);
 }
 
 /// How wide the columns of the point table are, each with its heading.
@@ -95,14 +96,14 @@ std::string ShownY(const RecoveryPoint& point) {
     return std::string(TrimBlanks(YText(point)));
 }
 
-PointColumns ColumnsOf(const ComputedValues& computed) {
-    const std::string unit = " (" + std::string(NameAt(LengthUnitNames, computed.levelUnit)) + ")";
+PointColumns ColumnsOf(const RecoveryData& data) {
+    const std::string unit = " (" + std::string(NameAt(LengthUnitNames, data.levelUnit)) + ")";
     PointColumns columns;
-    columns.time = "Time (" + std::string(NameAt(TimeUnitNames, computed.timeUnit)) + ")";
-    columns.level = "Reading " + std::string(NameAt(DataTypeLetters, computed.dataType)) + unit;
+    columns.time = "Time (" + std::string(NameAt(TimeUnitNames, data.timeUnit)) + ")";
+    columns.level = "Reading " + std::string(NameAt(DataTypeLetters, data.dataType)) + unit;
     columns.y = "Y" + unit;
     columns.fitY = "Fit Y" + unit;
-    const RecoveryPointList& points = *computed.RecoveryPoints;
+    const RecoveryPointList& points = *data.RecoveryPoints;
     columns.numberWidth = std::max<std::size_t>(4, std::to_string(points.size()).size());
     columns.timeWidth = CharacterCount(columns.time);
     columns.levelWidth = CharacterCount(columns.level);
@@ -133,72 +134,70 @@ std::string PointLine(const PointColumns& columns, std::string_view number, std:
 }
 
 void WritePoints(const AnalysisRun& run, Output& output) {
-    const ComputedValues& computed = run.analysis.computed;
-    const PointColumns columns = ColumnsOf(computed);
+    const WorkingValues& working = run.analysis.working;
+    const RecoveryPointList& points = *working.recovery.RecoveryPoints;
+    const PointColumns columns = ColumnsOf(working.recovery);
     output.Write(Heading("Recovery data"));
     output.Write(PointLine(columns, "No.", columns.time, columns.level, columns.y, columns.fitY,
                            "Criterion"));
-    for (std::size_t i = 0; i < computed.RecoveryPoints->size(); ++i) {
-        const RecoveryPoint& point = (*computed.RecoveryPoints)[i];
+    for (std::size_t i = 0; i < points.size(); ++i) {
         const std::string fitY =
-            run.kComputed ? FittedYText(run.analysis.details, i) : std::string();
-        output.Write(PointLine(columns, std::to_string(i + 1), point.timeText, point.levelText,
-                               ShownY(point), fitY, computed.Criteria[i]));
+            run.KIsComputed() ? FittedYText(*run.analysis.computation, i) : std::string();
+        output.Write(PointLine(columns, std::to_string(i + 1), points[i].timeText,
+                               points[i].levelText, ShownY(points[i]), fitY,
+                               MarkText(working.marks[i])));
     }
 }
 
-std::string PlotLines(const ComputedValues& computed) {
-    const PlotBounds& bounds = computed.bounds;
+std::string PlotLines(const RecoveryData& data) {
+    const PlotBounds& bounds = data.bounds;
     return Heading("Plot") +
            Line("Time axis", "0 to " + DoubleToText(bounds.PlotMaxTime) + " " +
-                                 std::string(NameAt(TimeUnitNames, computed.timeUnit))) +
+                                 std::string(NameAt(TimeUnitNames, data.timeUnit))) +
            Line("Y axis", DoubleToText(bounds.PlotYAxisMin) + " to " +
                               DoubleToText(bounds.PlotYAxisMax) + " " +
-                              std::string(NameAt(LengthUnitNames, computed.levelUnit)));
+                              std::string(NameAt(LengthUnitNames, data.levelUnit)));
 }
 
-std::string FitLines(const ComputedValues& computed) {
+std::string FitLines(const Computation& computation) {
     return Heading("Fit of ln(Y in cm) against time in s") +
-           Line("Points used", std::to_string(computed.usedCount) + " of " +
-                                   std::to_string(computed.RecoveryPoints->size())) +
-           Line("Slope", ThreeFigureText(computed.FitSlope) + " 1/s") +
-           Line("Intercept", ThreeFigureText(computed.FitIntercept));
+           Line("Points used", std::to_string(computation.usedCount) + " of " +
+                                   std::to_string(computation.recovery.RecoveryPoints->size())) +
+           Line("Slope", ThreeFigureText(computation.line.slope) + " 1/s") +
+           Line("Intercept", ThreeFigureText(computation.line.intercept));
 }
 
 /// In the units chosen in the project, where they are, and in cm/s.
-std::string KText(const AnalysisRun& run) {
-    if (!run.kComputed)
+std::string KTexts(const AnalysisRun& run) {
+    if (!run.KIsComputed())
         return "not computed";
     const ProjectState& state = run.analysis.state;
-    const ComputedValues& computed = run.analysis.computed;
-    const std::string inCmPerSec = ThreeFigureText(computed.KInCmPerSec) + " cm/sec";
-    const std::string text = ComputedKText(state, computed);
-    if (text.empty())
-        return inCmPerSec;
-    return text + " " + std::string(NameAt(LengthUnitNames, state.CmboKLengthUnits)) + "/" +
-           std::string(NameAt(TimeUnitNames, state.CmboKTimeUnits)) + " = " + inCmPerSec;
+    const Computation* computation = run.analysis.computation.get();
+    const std::string inCmPerSec = ThreeFigureText(computation->KInCmPerSec) + " cm/sec";
+    const std::string text = ShowComputedK(state, computation);
+    return text.empty() ? inCmPerSec : text + " " + KUnitText(state) + " = " + inCmPerSec;
 }
 
 } // namespace
 
 void WriteTable(const AnalysisRun& run, Output& output) {
-    const ComputedValues& computed = run.analysis.computed;
+    const WorkingValues& working = run.analysis.working;
     output.Write(PlainText(run.file) + "\n");
     output.Write(Line("Status", StatusText(run)));
     if (run.isRead)
         output.Write(
             Line("Monitoring well", PlainText(run.analysis.state.WellTestIDTxt[WellLabel])));
     if (run.geometryAccepted)
-        output.Write(GeometryLines(computed));
+        output.Write(GeometryLines(working.geometry));
     if (run.coefficientsComputed)
-        output.Write(CoefficientLines(computed));
+        output.Write(CoefficientLines(working.coefficients));
     if (run.pointsChecked) {
         WritePoints(run, output);
-        output.Write(PlotLines(computed));
+        output.Write(PlotLines(working.recovery));
     }
-    if (run.kComputed)
-        output.Write(FitLines(computed));
-    output.Write("\n" + Line("Hydraulic conductivity K", KText(run)));
+    if (run.KIsComputed())
+        output.Write(FitLines(*run.analysis.computation));
+    output.Write("\n" + Line("Hydraulic conductivity K", KTexts(run)));
 }
 
 } // namespace quarnel

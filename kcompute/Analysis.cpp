@@ -1,6 +1,7 @@
 #include "kcompute/Analysis.h"
 
-#include "kcompute/UseIgnore.h"
+#include "kcompute/ComputeK.h"
+#include "kcompute/KComputations.h"
 #include "recovery/RecoveryDa.h"
 #include "wellgeometry/WellGeometry.h"
 
@@ -18,36 +19,39 @@ Preparation& Stop(Preparation& preparation, Result result, FaultyTab tab) {
 
 void ResetAnalysis(Analysis& analysis) {
     ResetProjectState(analysis.state);
-    analysis.computed = ComputedValues();
-    analysis.details = ComputationDetails();
+    analysis.working = WorkingValues();
+    analysis.computation.reset();
 }
 
 ReadReport OpenProjectFile(const std::string& path, Analysis& analysis) {
     ReadReport report = OpenProjectFile(path, analysis.state);
     if (report.format != FileFormat::Unrecognised) {
-        analysis.computed = ComputedValues();
-        analysis.details = ComputationDetails();
+        analysis.working = WorkingValues();
+        analysis.computation.reset();
     }
     return report;
 }
 
 Result CheckDataShowYs(Analysis& analysis) {
-    Result result = CheckRecoveryData(analysis.state, analysis.computed);
+    RecoveryData& recovery = analysis.working.recovery;
+    analysis.working.marks.clear();
+    Result result = CheckRecoveryData(analysis.state, recovery);
     if (result.IsError())
         return result;
-    result = ComputeRecoveryY(analysis.computed);
-    RestoreMarks(analysis.state, analysis.computed);
+    result = ComputeRecoveryY(recovery);
+    analysis.working.marks = RestoredMarks(analysis.state.IgnoreKeyList, *recovery.RecoveryPoints);
     return result;
 }
 
 Preparation PrepareComputation(Analysis& analysis) {
     Preparation preparation;
-    ClearComputedValues(analysis.computed);
-    Result result = CheckWellGeometry(analysis.state, analysis.computed);
+    ClearComputedValues(analysis.working);
+    Result result = CheckWellGeometry(analysis.state, analysis.working.geometry);
     if (result.IsError())
         return Stop(preparation, std::move(result), FaultyTab::WellGeometry);
     preparation.geometryAccepted = true;
-    Result coefficients = ComputeCoefficientsAndRadii(analysis.computed);
+    Result coefficients =
+        ComputeCoefficientsAndRadii(analysis.working.geometry, analysis.working.coefficients);
     if (coefficients.IsError())
         return Stop(preparation, std::move(coefficients), FaultyTab::WellGeometry);
     preparation.coefficientsComputed = true;
@@ -64,17 +68,13 @@ Preparation PrepareComputation(Analysis& analysis) {
     return preparation;
 }
 
-Result ComputeAndKeep(Analysis& analysis) {
-    Result result = ComputeK(analysis.state, analysis.computed);
-    if (!result.IsError())
-        analysis.details = BuildComputationDetails(analysis.state, analysis.computed);
-    return result;
+Result Compute(Analysis& analysis) {
+    return ComputeK(analysis.state, analysis.working, analysis.computation);
 }
 
-std::string ShowComputedK(Analysis& analysis) {
-    if (analysis.computed.KIsComputed)
-        analysis.details.kLine = KLine(analysis.state, analysis.computed);
-    return ComputedKText(analysis.state, analysis.computed);
+bool HasCurrentComputation(const Analysis& analysis) {
+    return analysis.computation != nullptr &&
+           IsCurrent(*analysis.computation, analysis.state, analysis.working);
 }
 
 } // namespace quarnel

@@ -1,19 +1,21 @@
 #pragma once
 
-#include "kcompute/ComputationDetails.h"
+#include "kcompute/Computation.h"
+#include "kcompute/WorkingValues.h"
 #include "project/Files.h"
-#include "project/GlobalDeclar.h"
+#include "project/ProjectState.h"
+#include "project/Result.h"
 
 #include <string>
 
 namespace quarnel {
 
-/// One analysis: the project, what was computed from it, and what the last computation keeps. The
+/// One analysis: the project, what its last check or preparation left, and its computation. The
 /// window and the terminal program hold one each and hand it to the routines.
 struct Analysis {
     ProjectState state;
-    ComputedValues computed;
-    ComputationDetails details;
+    WorkingValues working;
+    ComputationPtr computation; ///< null before the first, and after New, Open or one that failed
 };
 
 /// Which tab holds the data at fault.
@@ -30,7 +32,7 @@ struct Preparation {
     std::string yWarning;
 };
 
-/// Back to a new project: clears project, computed values and kept details; the consultant stays.
+/// Back to a new project: clears project, working values and computation; the consultant stays.
 void ResetAnalysis(Analysis& analysis);
 
 /// Opens a project file of either format. A recognised file replaces everything, an unrecognised or
@@ -44,12 +46,11 @@ Result CheckDataShowYs(Analysis& analysis);
 /// marks.
 Preparation PrepareComputation(Analysis& analysis);
 
-/// Gathers, fits, computes K and keeps the details. An error leaves the details of the last
-/// successful computation as they are.
-Result ComputeAndKeep(Analysis& analysis);
+/// "Compute K/ Plot": gathers, fits and computes K. A success makes a new computation, an error
+/// leaves none.
+Result Compute(Analysis& analysis);
 
-/// The text of K in the chosen units, "" while no computation is current. The kept K line follows
-/// the units.
-std::string ShowComputedK(Analysis& analysis);
+/// Whether there is a computation and the project still says what it was made from.
+bool HasCurrentComputation(const Analysis& analysis);
 
 } // namespace quarnel

@@ -1,55 +1,40 @@
 #pragma once
 
-#include "kcompute/KComputations.h"
-#include "project/GlobalDeclar.h"
+#include "kcompute/Computation.h"
+#include "project/ProjectState.h"
 
-#include <cstdint>
-#include <memory>
 #include <string>
-#include <vector>
 
 namespace quarnel {
 
-/// What a successful computation keeps, until the next one, for the details window, the report and
-/// the printed page. New and Open empty it, so that no report joins one well's name with another's
-/// K.
-struct ComputationDetails {
-    bool isFilled = false;
+/// The lines by which the details window and the report tell of a computation, with its own texts
+/// and units.
+struct ComputationLines {
+    explicit ComputationLines(const Computation& computation);
 
-    std::string kLine; ///< as KLine; rewritten when K is shown in other units
-    std::string monitoringWellLine, testDateLine;
-    std::string slopeLine, interceptLine;
-    std::string timeHeading, yHeading, fitYHeading, criteriaHeading;
-    std::string hLine, lwLine, leLine, dwLine, rwLine, dcLine, rcLine, porosityLine, reLine;
-    std::string leOverRwLine, aLine, bLine, cLine, lnReOverRwLine;
-    std::string slugTestTypeLine, dataTypeLine, staticLevelLine;
-    std::string coefficientMessage; ///< the warning of a clamped Le/rw, or empty
-
-    /// The points as computed, and for each whether the fit used it (1) or not (0).
-    std::shared_ptr<const RecoveryPointList> points = std::make_shared<RecoveryPointList>();
-    std::vector<std::uint8_t> used;
-    FittedLine line;
-    double levelUnitPerCm = 1; ///< turns cm into the entered level unit
-    std::string dataTypeLetter, timeUnitName, levelUnitName;
+    std::string slope, intercept;
+    std::string h, lw, le, dw, rw, dc, rc, porosity, re;
+    std::string leOverRw, a, b, c, lnReOverRw;
+    std::string coefficientWarning; ///< of a clamped Le/rw, or empty
+    std::string slugTestType, dataType, staticLevel;
 };
 
-/// Builds the kept lines from a computation that has just succeeded.
-ComputationDetails BuildComputationDetails(const ProjectState& state,
-                                           const ComputedValues& computed);
+/// The headings of a table of points: those of the computation, or with none the ones that the
+/// lists of `state` give.
+struct PointHeadings {
+    PointHeadings(const ProjectState& state, const Computation* computation);
 
-/// The fitted Y of a kept point (counted from 0), entered level unit; 0 where ln(Y in cm) is -30 or
-/// less.
-double FittedY(const ComputationDetails& details, std::size_t point);
-/// The same as text: mode 2, "" beyond single precision.
-std::string FittedYText(const ComputationDetails& details, std::size_t point);
+    std::string time;    ///< "Time (sec)"
+    std::string reading; ///< "D(ft)"
+    std::string y;       ///< "Y(ft)"
+    std::string fitY;    ///< "Fit Y(ft)"
+    std::string criteria = "Fit Criteria";
+};
 
-/// "Hydraulic Conductivity: ", K in the chosen units, one blank, length unit, "/", time unit; ""
-/// while no computation is current.
-std::string KLine(const ProjectState& state, const ComputedValues& computed);
-
-/// The account of the computation that the details window shows: the kept lines section by section,
-/// then the points with their criteria in aligned columns; each line ended by CR LF. Empty while no
-/// details are kept.
-std::string SummaryText(const ComputationDetails& details);
+/// The account of a computation that the details window shows: K in the units chosen in `state`,
+/// well and test as they stand there, the lines of the computation section by section, then the
+/// points with their criteria in columns aligned by characters; each line ended by CR LF. Empty
+/// without a computation.
+std::string SummaryText(const ProjectState& state, const Computation* computation);
 
 } // namespace quarnel

@@ -1,8 +1,10 @@
 #include "kcompute/ComputedYFrm.h"
 
-#include "kcompute/FittedYModel.h"
+#include "kcompute/ComputationDetails.h"
+#include "recovery/RecoveryDa.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
+#include "widgets/StaleLabel.h"
 
 #include <QFontDatabase>
 #include <QHBoxLayout>
@@ -18,18 +20,52 @@ namespace quarnel {
 namespace {
 
 /// Widest texts of the grid's columns.
-constexpr std::array<const char*, FittedYModel::Columns> WidestTexts = {
-    "1000000", "100000.00", "-1.234567E-05", "-1.23e-10"};
+constexpr std::array<const char*, 4> WidestTexts = {"1000000", "100000.00", "-1.234567E-05",
+                                                    "-1.23e-10"};
 constexpr int TextColumns = 76;
 constexpr int TextLines = 34;
 /// What the grid leaves of the text on a small screen.
 constexpr int LeastColumns = 24;
 
+QString WithUnit(const char* name, std::string_view unit) {
+    return QLatin1String(name) + QLatin1String(" (") + ToQString(unit) + QLatin1Char(')');
+}
+
+/// The units of the computation shown, or before one those that the lists say.
+std::string_view TimeUnitOf(const ProjectState& state, const Computation* shown) {
+    return NameAt(TimeUnitNames,
+                  shown != nullptr ? shown->recovery.timeUnit : state.RecDatTimeUnitsDDL);
+}
+std::string_view LevelUnitOf(const ProjectState& state, const Computation* shown) {
+    return NameAt(LengthUnitNames,
+                  shown != nullptr ? shown->recovery.levelUnit : state.RecDatWaterLevelUnitsDDL);
+}
+
+/// Sample number, time as entered, Y and fitted Y of every point.
+std::vector<TableColumn> FittedYColumns(const ProjectState& state, const ComputationPtr& shown) {
+    const auto level = [&state, &shown](const char* name) {
+        return [&state, &shown, name] { return WithUnit(name, LevelUnitOf(state, shown.get())); };
+    };
+    const auto point = [&shown](std::size_t row) -> const RecoveryPoint& {
+        return (*shown->recovery.RecoveryPoints)[row];
+    };
+    return {{[] { return ToHeading(SampleHeading()); },
+             [](std::size_t row) { return QString::number(row + 1); }},
+            {[&state, &shown] { return WithUnit("Time", TimeUnitOf(state, shown.get())); },
+             [point](std::size_t row) { return ToQString(point(row).timeText); }},
+            {level("Y"), [point](std::size_t row) { return ToQString(YText(point(row))); }},
+            {level("Fit Y"),
+             [&shown](std::size_t row) { return ToQString(FittedYText(*shown, row)); }}};
+}
+
 } // namespace
 
-ComputedYFrm::ComputedYFrm(Analysis& analysis, QWidget* parent)
+ComputedYFrm::ComputedYFrm(const ProjectState& state, const ComputationPtr& computation,
+                           QWidget* parent)
     : QDialog(parent)
-    , analysis_(analysis) {
+    , state_(state)
+    , computation_(computation)
+    , model_(FittedYColumns(state, shown_)) {
     setObjectName(QStringLiteral("ComputedYFrm"));
     setWindowTitle(QStringLiteral("Computation Details"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -38,6 +74,7 @@ ComputedYFrm::ComputedYFrm(Analysis& analysis, QWidget* parent)
     SummaryText->setObjectName(QStringLiteral("SummaryText"));
     SummaryText->setAccessibleName(tr("Account of the computation"));
     SummaryText->setReadOnly(true);
+    SummaryText->setPlaceholderText(QStringLiteral("Press Compute K/ Plot"));
     SummaryText->setUndoRedoEnabled(false);
     SummaryText->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     SummaryText->setLineWrapMode(QPlainTextEdit::WidgetWidth);
@@ -59,7 +96,9 @@ ComputedYFrm::ComputedYFrm(Analysis& analysis, QWidget* parent)
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
     buttons->addWidget(close);
+    stale_ = new StaleLabel(QStringLiteral("DetailsStaleText"), ToQString(NotCurrentMessage), this);
     auto* layout = new QVBoxLayout(this);
+    layout->addWidget(stale_);
     layout->addWidget(splitter, 1);
     layout->addLayout(buttons);
     FitToTexts();
@@ -71,7 +110,7 @@ void ComputedYFrm::FitToTexts() {
     const int margin = gridMetrics.horizontalAdvance(QLatin1String("00"));
     int gridWidth = 2 * ComputeYGrid->frameWidth() +
                     ComputeYGrid->style()->pixelMetric(QStyle::PM_ScrollBarExtent) + margin;
-    for (int column = 0; column < FittedYModel::Columns; ++column) {
+    for (int column = 0; column < model_.columnCount(); ++column) {
         const int text = gridMetrics.horizontalAdvance(
             QLatin1String(WidestTexts[static_cast<std::size_t>(column)]));
         const int heading = ComputeYGrid->horizontalHeader()->sectionSizeHint(column);
@@ -89,11 +128,10 @@ void ComputedYFrm::FitToTexts() {
 }
 
 void ComputedYFrm::BuildGrid() {
-    model_ = new FittedYModel(analysis_, this);
     ComputeYGrid = new QTableView(this);
     ComputeYGrid->setObjectName(QStringLiteral("ComputeYGrid"));
     ComputeYGrid->setAccessibleName(tr("Fitted Y of each point"));
-    ComputeYGrid->setModel(model_);
+    ComputeYGrid->setModel(&model_);
     ComputeYGrid->setEditTriggers(QAbstractItemView::NoEditTriggers);
     ComputeYGrid->setSelectionMode(QAbstractItemView::ContiguousSelection);
     ComputeYGrid->setTabKeyNavigation(false);
@@ -105,28 +143,25 @@ void ComputedYFrm::BuildGrid() {
 }
 
 void ComputedYFrm::ShowState() {
-    gridIsCleared_ = false;
     FillWhileShown();
 }
 
-void ComputedYFrm::ClearGrid() {
-    gridIsCleared_ = true;
-    model_->Empty();
+void ComputedYFrm::ShowStale(bool stale) {
+    stale_->ShowStale(stale);
 }
 
-void ComputedYFrm::ShowHeadings() {
-    model_->ShowHeadings();
+void ComputedYFrm::ShowRowsOf(ComputationPtr computation) {
+    const std::size_t rows = computation ? computation->recovery.RecoveryPoints->size() : 0;
+    model_.ShowRows(rows, [this, &computation] { shown_ = std::move(computation); });
+    model_.ShowHeadings();
 }
 
 void ComputedYFrm::FillWhileShown() {
     if (!isVisible())
         return;
     const BusyPointer busy;
-    SummaryText->setPlainText(ToQString(quarnel::SummaryText(analysis_.details)));
-    if (gridIsCleared_)
-        model_->Empty();
-    else
-        model_->Fill();
+    SummaryText->setPlainText(ToQString(quarnel::SummaryText(state_, computation_.get())));
+    ShowRowsOf(computation_);
 }
 
 void ComputedYFrm::showEvent(QShowEvent* event) {
@@ -137,7 +172,7 @@ void ComputedYFrm::showEvent(QShowEvent* event) {
 void ComputedYFrm::hideEvent(QHideEvent* event) {
     QDialog::hideEvent(event);
     SummaryText->clear();
-    model_->Empty();
+    ShowRowsOf(nullptr);
 }
 
 } // namespace quarnel

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "kcompute/Analysis.h"
+#include "kcompute/Computation.h"
+#include "project/ProjectState.h"
+#include "widgets/ColumnTableModel.h"
 
 #include <QDialog>
 
@@ -9,20 +11,18 @@ class QTableView;
 
 namespace quarnel {
 
-class FittedYModel;
+class StaleLabel;
 
 /// The window "Computation Details". It holds texts and rows only while it is shown: those of a
 /// logger's million readings are made when someone looks at them.
 class ComputedYFrm : public QDialog {
     Q_OBJECT
 public:
-    explicit ComputedYFrm(Analysis& analysis, QWidget* parent = nullptr);
-    /// Shows the analysis again, after New, Open or a computation.
+    ComputedYFrm(const ProjectState& state, const ComputationPtr& computation,
+                 QWidget* parent = nullptr);
+    /// Shows the computation again: another one, none, other units of K or other names.
     void ShowState();
-    /// Leaves the grid with its headings only, until the next ShowState.
-    void ClearGrid();
-    /// Headings follow the unit lists of the recovery data.
-    void ShowHeadings();
+    void ShowStale(bool stale);
 
 protected:
     QSize sizeHint() const override { return preferredSize_; }
@@ -33,13 +33,16 @@ private:
     void BuildGrid();
     void FitToTexts();
     void FillWhileShown();
+    void ShowRowsOf(ComputationPtr computation);
 
-    Analysis& analysis_;
-    bool gridIsCleared_ = false;
+    const ProjectState& state_;
+    const ComputationPtr& computation_; ///< of the analysis, as it stands now
+    ComputationPtr shown_;              ///< what the grid's rows are made from
     QSize preferredSize_;
     QPlainTextEdit* SummaryText = nullptr;
     QTableView* ComputeYGrid = nullptr;
-    FittedYModel* model_ = nullptr;
+    StaleLabel* stale_ = nullptr;
+    ColumnTableModel model_;
 };
 
 } // namespace quarnel

@@ -36,20 +36,16 @@ constexpr std::string_view LnReOverRwFault =
 /// A well that ends this close (cm) to the impervious bottom penetrates the aquifer fully.
 constexpr double FullPenetrationCm = 0.001;
 
+/// Linearly between the points around `ratio`, which lies between the curve's ends. A ratio on a
+/// point belongs to the bracket below it.
 double CoefficientAt(const Curve& curve, double ratio) {
-    for (std::size_t i = 0; i + 1 < curve.size(); ++i) {
-        const CurvePoint& low = curve[i];
-        const CurvePoint& high = curve[i + 1];
-        if (!(low.leOverRw <= ratio && ratio <= high.leOverRw))
-            continue;
-        double f = (ratio - low.leOverRw) / (high.leOverRw - low.leOverRw);
-        if (f < 0)
-            f = 0;
-        if (f > 1)
-            f = 1;
-        return (high.coefficient - low.coefficient) * f + low.coefficient;
-    }
-    return std::numeric_limits<double>::quiet_NaN();
+    std::size_t i = 0;
+    while (i + 2 < curve.size() && ratio > curve[i + 1].leOverRw)
+        ++i;
+    const CurvePoint& low = curve[i];
+    const CurvePoint& high = curve[i + 1];
+    const double f = (ratio - low.leOverRw) / (high.leOverRw - low.leOverRw);
+    return (high.coefficient - low.coefficient) * f + low.coefficient;
 }
 
 BouwerRiceCoefficients EndValues(std::size_t point) {
@@ -63,9 +59,9 @@ double FiniteLn(double ratio) {
                                              : std::numeric_limits<double>::quiet_NaN();
 }
 
-bool LengthsAreFinite(const ComputedValues& computed) {
-    for (const double length : {computed.H.cm, computed.Lw.cm, computed.Le.cm, computed.dw.radiusCm,
-                                computed.dc.radiusCm, computed.reCm})
+bool LengthsAreFinite(const WellDimensions& well) {
+    for (const double length :
+         {well.H.cm, well.Lw.cm, well.Le.cm, well.dw.radiusCm, well.dc.radiusCm, well.reCm})
         if (!std::isfinite(length))
             return false;
     return true;
@@ -105,30 +101,32 @@ double ComputeLnReOverRw(double hCm, double leCm, double lwCm, double rwCm,
     return std::isfinite(denominator) && denominator != 0 ? 1 / denominator : NotANumber;
 }
 
-Result ComputeCoefficientsAndRadii(ComputedValues& computed) {
-    if (!LengthsAreFinite(computed))
+Result ComputeCoefficientsAndRadii(const WellDimensions& well, BouwerRiceValues& values) {
+    if (!LengthsAreFinite(well))
         return Result::Error(std::string(LnReOverRwFault));
-    const double leCm = computed.Le.cm;
-    const double rwCm = computed.dw.radiusCm;
+    const double leCm = well.Le.cm;
+    const double rwCm = well.dw.radiusCm;
     BouwerRiceCoefficients coefficients;
     Result result = ComputeBouwerRiceCoefficients(leCm, rwCm, coefficients);
-    computed.A = coefficients.A;
-    computed.B = coefficients.B;
-    computed.C = coefficients.C;
-    computed.coefficientStatus = result.status;
-    computed.coefficientMessage = result.message;
-    computed.leOverRw = leCm / rwCm;
-    computed.leOverRwText = ThreeFigureText(computed.leOverRw);
-    computed.aText = ThreeFigureText(computed.A);
-    computed.bText = ThreeFigureText(computed.B);
-    computed.cText = ThreeFigureText(computed.C);
-    const double lnReOverRw =
-        ComputeLnReOverRw(computed.H.cm, leCm, computed.Lw.cm, rwCm, coefficients);
-    if (!std::isfinite(lnReOverRw) || !std::isfinite(computed.leOverRw))
+    values.A = coefficients.A;
+    values.B = coefficients.B;
+    values.C = coefficients.C;
+    values.message = result.message;
+    values.leOverRw = leCm / rwCm;
+    values.leOverRwText = ThreeFigureText(values.leOverRw);
+    values.aText = ThreeFigureText(values.A);
+    values.bText = ThreeFigureText(values.B);
+    values.cText = ThreeFigureText(values.C);
+    const double lnReOverRw = ComputeLnReOverRw(well.H.cm, leCm, well.Lw.cm, rwCm, coefficients);
+    if (!std::isfinite(lnReOverRw) || !std::isfinite(values.leOverRw))
         return Result::Error(std::string(LnReOverRwFault));
-    computed.lnReOverRw = lnReOverRw;
-    computed.lnReOverRwText = ThreeFigureText(lnReOverRw);
+    values.lnReOverRw = lnReOverRw;
+    values.lnReOverRwText = ThreeFigureText(lnReOverRw);
     return result;
+}
+
+double ComputeHydraulicConductivity(const WellDimensions& well, double lnReOverRw, double slope) {
+    return (well.reCm * well.reCm * (-slope) * lnReOverRw) / (2 * well.Le.cm);
 }
 
 } // namespace quarnel

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "project/GlobalDeclar.h"
-
-#include <string>
+#include "kcompute/WorkingValues.h"
+#include "project/Result.h"
+#include "wellgeometry/WellDimensions.h"
 
 namespace quarnel {
 
@@ -28,46 +28,10 @@ double ComputeLnReOverRw(double hCm, double leCm, double lwCm, double rwCm,
                          const BouwerRiceCoefficients& coefficients);
 
 /// Le/rw, A, B, C and ln(Re/rw) with their texts, from the lengths of a checked geometry. Warning:
-/// a clamped Le/rw, kept in `computed`. Error: ln(Re/rw) cannot be computed.
-Result ComputeCoefficientsAndRadii(ComputedValues& computed);
+/// a clamped Le/rw, kept in `values`. Error: ln(Re/rw) cannot be computed.
+Result ComputeCoefficientsAndRadii(const WellDimensions& well, BouwerRiceValues& values);
 
-/// Gathers the points of the fit: sets every weight, the used count and `state.IgnoreKeyList` from
-/// the marks; a point with Y <= 0 is marked "Ignore". Error: fewer than two points are used.
-Result CheckFitSelection(ProjectState& state, ComputedValues& computed);
-
-struct FittedLine {
-    double slope = 0;     ///< 1/s
-    double intercept = 0; ///< ln(Y in cm) at time 0
-};
-
-/// The least-squares line of ln(Y in cm) against time (s), each point with its weight. The order of
-/// the operations fixes the rounding.
-FittedLine FitLnYAgainstTime(const RecoveryPointList& points);
-
-/// The same slope from times about their mean, which stays exact for times far from zero; only a
-/// guard for FitLnYAgainstTime. 1/s.
-double SlopeAboutMeanTime(const RecoveryPointList& points);
-
-/// K = re^2 (-slope) ln(Re/rw) / (2 Le), stored in cm/s.
-void ComputeHydraulicConductivity(ComputedValues& computed);
-
-/// Gathers, fits and computes K. Error, with KIsComputed false: too few points, all at one time,
-/// times too large for their spread, or a K that is not finite in cm/s or in the chosen units.
-Result ComputeK(ProjectState& state, ComputedValues& computed);
-
-/// K in the chosen units, rounded to single precision; 0 factors where no unit is selected.
-float DisplayedK(const ProjectState& state, double kInCmPerSec);
-
-/// The text of K in the chosen units; "" before a computation has succeeded or with no unit
-/// selected.
-std::string ComputedKText(const ProjectState& state, const ComputedValues& computed);
-
-/// The fitted Y at a time (s), in cm: e to the fitted ln(Y), or 0 where that is -30 or less.
-double FittedYCm(const FittedLine& line, double timeSec);
-
-/// Warning shown when the fitted line does not fall.
-inline constexpr std::string_view RisingSlopeMessage =
-    "Slope is >=0. Invalid result. Y used for best fit is flat or increasing with time.";
-inline constexpr std::string_view RisingSlopeTitle = "WEIRD RESULT";
+/// K = re^2 (-slope) ln(Re/rw) / (2 Le) in cm/s, for a slope of ln(Y) in 1/s.
+double ComputeHydraulicConductivity(const WellDimensions& well, double lnReOverRw, double slope);
 
 } // namespace quarnel

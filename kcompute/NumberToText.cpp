@@ -117,19 +117,10 @@ std::string ThreeFiguresText(float value) {
 
 } // namespace
 
-void NumberToText(int mode, float value, std::string& text) {
-    if (mode != TwoDecimals && mode != ThreeFigures)
-        return;
+std::string NumberToText(NumberMode mode, float value) {
     if (!std::isfinite(value))
-        text.clear();
-    else
-        text = mode == TwoDecimals ? TwoDecimalText(value) : ThreeFiguresText(value);
-}
-
-std::string NumberToText(int mode, float value) {
-    std::string text;
-    NumberToText(mode, value, text);
-    return text;
+        return {};
+    return mode == TwoDecimals ? TwoDecimalText(value) : ThreeFiguresText(value);
 }
 
 std::string ThreeFigureText(double value) {

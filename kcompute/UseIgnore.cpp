@@ -10,23 +10,38 @@ namespace quarnel {
 
 namespace {
 
-bool EqualsWord(std::string_view criterion, std::string_view upperCaseWord) {
-    const std::string_view trimmed = TrimBlanks(criterion);
-    return trimmed.size() == upperCaseWord.size() && ContainsIgnoringCase(trimmed, upperCaseWord);
+/// How many entries a key may keep in the list.
+using KeyCounts = std::unordered_map<std::string, std::size_t>;
+
+/// For each key of `keys` the number of points that still say "Ignore".
+void CountIgnored(const RecoveryPointList& points, const std::vector<Mark>& marks,
+                  KeyCounts& keys) {
+    for (std::size_t k = 0; k < marks.size(); ++k) {
+        if (marks[k] != Mark::Ignore)
+            continue;
+        if (const auto found = keys.find(IgnoreKey(points[k])); found != keys.end())
+            ++found->second;
+    }
 }
 
-/// Drops, for each key, as many entries as `removals` counts, the first ones of the list.
-void RemoveKeys(std::vector<std::string>& keys, std::unordered_map<std::string, int>& removals) {
-    std::erase_if(keys, [&removals](const std::string& key) {
-        const auto found = removals.find(std::string(TrimBlanks(key)));
-        if (found == removals.end() || found->second == 0)
+/// Keeps, of each key that is counted, the first so many entries; other keys stay.
+void KeepCounted(std::vector<std::string>& ignoreKeys, KeyCounts& counts) {
+    std::erase_if(ignoreKeys, [&counts](const std::string& key) {
+        const auto found = counts.find(std::string(TrimBlanks(key)));
+        if (found == counts.end())
             return false;
+        if (found->second == 0)
+            return true;
         --found->second;
-        return true;
+        return false;
     });
 }
 
 } // namespace
+
+std::string_view MarkText(Mark mark) {
+    return mark == Mark::Use ? "Use" : "Ignore";
+}
 
 std::string IgnoreKey(const RecoveryPoint& point) {
     std::string key(point.timeText.View());
@@ -34,47 +49,41 @@ std::string IgnoreKey(const RecoveryPoint& point) {
     return std::string(TrimBlanks(key));
 }
 
-bool IsUse(std::string_view criterion) {
-    return criterion == UseMark || EqualsWord(criterion, "USE");
-}
-
-bool IsIgnore(std::string_view criterion) {
-    return criterion == IgnoreMark || EqualsWord(criterion, "IGNORE");
-}
-
-void RestoreMarks(const ProjectState& state, ComputedValues& computed) {
-    const RecoveryPointList& points = *computed.RecoveryPoints;
-    computed.Criteria.assign(points.size(), CellText(UseMark));
+std::vector<Mark> RestoredMarks(const std::vector<std::string>& ignoreKeys,
+                                const RecoveryPointList& points) {
+    std::vector<Mark> marks(points.size(), Mark::Use);
     std::unordered_set<std::string_view> keys;
-    for (const std::string& key : state.IgnoreKeyList)
+    for (const std::string& key : ignoreKeys)
         keys.insert(TrimBlanks(key));
     for (std::size_t k = 0; k < points.size() && !keys.empty(); ++k)
         if (keys.erase(IgnoreKey(points[k])) > 0)
-            computed.Criteria[k] = CellText(IgnoreMark);
+            marks[k] = Mark::Ignore;
+    return marks;
 }
 
-void ChangeMarks(ProjectState& state, ComputedValues& computed, std::size_t first, std::size_t last,
-                 MarkKey key) {
-    std::unordered_map<std::string, int> removals;
-    std::vector<std::string> additions;
-    for (std::size_t k = first; k <= last && k < computed.Criteria.size(); ++k) {
-        CellText& mark = computed.Criteria[k];
-        const bool wasIgnored = IsIgnore(mark);
-        const bool ignore = key == MarkKey::Ignore || (key == MarkKey::TurnOver && IsUse(mark));
-        mark = CellText(ignore ? IgnoreMark : UseMark);
-        if (ignore == wasIgnored)
+Mark MarkAfter(MarkKey key, Mark before) {
+    if (key == MarkKey::TurnOver)
+        return before == Mark::Use ? Mark::Ignore : Mark::Use;
+    return key == MarkKey::Use ? Mark::Use : Mark::Ignore;
+}
+
+void SetMarks(std::vector<std::string>& ignoreKeys, const RecoveryPointList& points,
+              std::vector<Mark>& marks, std::size_t first, std::span<const Mark> newMarks) {
+    KeyCounts usedAgain;
+    for (std::size_t i = 0; i < newMarks.size(); ++i) {
+        Mark& mark = marks[first + i];
+        if (mark == newMarks[i])
             continue;
-        std::string pointKey = IgnoreKey((*computed.RecoveryPoints)[k]);
-        if (ignore)
-            additions.push_back(std::move(pointKey));
+        mark = newMarks[i];
+        if (mark == Mark::Ignore)
+            ignoreKeys.push_back(IgnoreKey(points[first + i]));
         else
-            ++removals[pointKey];
+            usedAgain.emplace(IgnoreKey(points[first + i]), 0);
     }
-    if (!removals.empty())
-        RemoveKeys(state.IgnoreKeyList, removals);
-    state.IgnoreKeyList.insert(state.IgnoreKeyList.end(),
-                               std::make_move_iterator(additions.begin()),
-                               std::make_move_iterator(additions.end()));
+    if (usedAgain.empty())
+        return;
+    CountIgnored(points, marks, usedAgain);
+    KeepCounted(ignoreKeys, usedAgain);
 }
 
 } // namespace quarnel

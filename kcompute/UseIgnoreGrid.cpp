@@ -19,8 +19,8 @@ namespace {
 
 constexpr std::string_view CriteriaHeading = "Criteria\r\n(U/I)";
 /// Room that the widest text of each column needs.
-constexpr std::array<const char*, UseIgnoreModel::Columns> WidestTexts = {
-    "1000000", "100000.00", "-1.234567E-05", "Ignore"};
+constexpr std::array<const char*, 4> WidestTexts = {"1000000", "100000.00", "-1.234567E-05",
+                                                    "Ignore"};
 
 /// Paints the row numbers as a heading: they are no data and cannot be selected.
 class SampleDelegate : public QStyledItemDelegate {
@@ -56,99 +56,38 @@ bool IsCharacter(const QKeyEvent& event) {
     return !event.text().isEmpty() && event.text().front().isPrint();
 }
 
+std::vector<TableColumn> UseIgnoreColumns(const ProjectState& state, const WorkingValues& working) {
+    const auto pointText = [&working](auto textOf) {
+        return [&working, textOf](std::size_t row) {
+            const RecoveryPointList& points = *working.recovery.RecoveryPoints;
+            return row < points.size() ? ToQString(textOf(points[row])) : QString();
+        };
+    };
+    return {{[] { return ToHeading(SampleHeading()); },
+             [](std::size_t row) { return QString::number(row + 1); }, true},
+            {[&state] { return ToHeading(TimeHeading(state.RecDatTimeUnitsDDL)); },
+             pointText([](const RecoveryPoint& point) { return point.timeText.ToString(); })},
+            {[&state] { return ToHeading(YHeading(state.RecDatWaterLevelUnitsDDL)); },
+             pointText([](const RecoveryPoint& point) { return YText(point); })},
+            {[] { return ToHeading(CriteriaHeading); },
+             [&working](std::size_t row) {
+                 return row < working.marks.size() ? ToQString(MarkText(working.marks[row]))
+                                                   : QString();
+             }}};
+}
+
 } // namespace
 
-// ---- The rows ---------------------------------------------------------------------------------
-
-UseIgnoreModel::UseIgnoreModel(Analysis& analysis, QObject* parent)
-    : QAbstractTableModel(parent)
-    , analysis_(analysis) {}
-
-int UseIgnoreModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : rowCount_;
-}
-
-int UseIgnoreModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : Columns;
-}
-
-std::string UseIgnoreModel::TextAt(std::size_t row, int column) const {
-    if (column == SampleColumn)
-        return std::to_string(row + 1);
-    const RecoveryPointList& points = *analysis_.computed.RecoveryPoints;
-    if (row >= points.size())
-        return {};
-    if (column == TimeColumn)
-        return points[row].timeText.ToString();
-    if (column == YColumn)
-        return YText(points[row]);
-    const std::vector<CellText>& criteria = analysis_.computed.Criteria;
-    return row < criteria.size() ? criteria[row].ToString() : std::string();
-}
-
-QVariant UseIgnoreModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid())
-        return {};
-    if (role == Qt::DisplayRole)
-        return ToQString(TextAt(static_cast<std::size_t>(index.row()), index.column()));
-    if (role == Qt::TextAlignmentRole && index.column() == SampleColumn)
-        return int(Qt::AlignRight | Qt::AlignVCenter);
-    return {};
-}
-
-QVariant UseIgnoreModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
-        return {};
-    switch (section) {
-    case SampleColumn:
-        return ToHeading(SampleHeading());
-    case TimeColumn:
-        return ToHeading(TimeHeading(analysis_.state.RecDatTimeUnitsDDL));
-    case YColumn:
-        return ToHeading(YHeading(analysis_.state.RecDatWaterLevelUnitsDDL));
-    case CriteriaColumn:
-        return ToHeading(CriteriaHeading);
-    default:
-        return {};
-    }
-}
-
-Qt::ItemFlags UseIgnoreModel::flags(const QModelIndex& index) const {
-    // The row number is a fixed column: the current cell never stands in it.
-    if (!index.isValid() || index.column() == SampleColumn)
-        return Qt::ItemNeverHasChildren;
-    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
-}
-
-void UseIgnoreModel::Refill() {
-    beginResetModel();
-    rowCount_ = std::max(1, static_cast<int>(analysis_.computed.RecoveryPoints->size()));
-    endResetModel();
-}
-
-void UseIgnoreModel::Apply(MarkKey key, int first, int last) {
-    ChangeMarks(analysis_.state, analysis_.computed, static_cast<std::size_t>(first),
-                static_cast<std::size_t>(last), key);
-    Q_EMIT dataChanged(index(first, CriteriaColumn), index(last, CriteriaColumn));
-}
-
-void UseIgnoreModel::ShowMarks() {
-    Q_EMIT dataChanged(index(0, CriteriaColumn), index(rowCount_ - 1, CriteriaColumn));
-}
-
-void UseIgnoreModel::ShowHeadings() {
-    Q_EMIT headerDataChanged(Qt::Horizontal, 0, Columns - 1);
-}
-
-// ---- The grid ---------------------------------------------------------------------------------
-
-UseIgnoreGrid::UseIgnoreGrid(Analysis& analysis, QWidget* parent)
+UseIgnoreGrid::UseIgnoreGrid(const ProjectState& state, const WorkingValues& working,
+                             MarkEditor& editor, QWidget* parent)
     : QTableView(parent)
-    , model_(new UseIgnoreModel(analysis, this)) {
+    , working_(working)
+    , editor_(editor)
+    , model_(UseIgnoreColumns(state, working)) {
     setObjectName(QStringLiteral("RecDatWeightGrid"));
     setAccessibleName(tr("Points to use or ignore in the fit"));
-    setModel(model_);
-    setItemDelegateForColumn(UseIgnoreModel::SampleColumn, new SampleDelegate(this));
+    setModel(&model_);
+    setItemDelegateForColumn(SampleColumn, new SampleDelegate(this));
     setSelectionMode(QAbstractItemView::ContiguousSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTabKeyNavigation(false);
@@ -167,7 +106,7 @@ void UseIgnoreGrid::FitColumns() {
     const QFontMetrics metrics(font());
     const int margin = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1) +
                        metrics.horizontalAdvance(QLatin1Char('0'));
-    for (int column = 0; column < UseIgnoreModel::Columns; ++column) {
+    for (int column = 0; column < static_cast<int>(WidestTexts.size()); ++column) {
         const int text =
             metrics.horizontalAdvance(QLatin1String(WidestTexts[static_cast<std::size_t>(column)]));
         setColumnWidth(column, std::max(text + margin,
@@ -190,16 +129,15 @@ QSize UseIgnoreGrid::minimumSizeHint() const {
 
 void UseIgnoreGrid::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
-    if (model_ != nullptr &&
-        (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange))
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         FitColumns();
 }
 
 void UseIgnoreGrid::Refill() {
     rowAnchor_ = -1;
-    model_->Refill();
+    model_.ShowRows(std::max<std::size_t>(1, working_.recovery.RecoveryPoints->size()));
     // In the column of the marks, so that its keys work as soon as the grid has the focus.
-    setCurrentIndex(model_->index(0, UseIgnoreModel::CriteriaColumn));
+    setCurrentIndex(model_.index(0, CriteriaColumn));
     scrollToTop();
 }
 
@@ -216,19 +154,47 @@ std::optional<UseIgnoreGrid::RowRange> UseIgnoreGrid::RowsToMark() const {
         left = std::min(left, range.left());
         right = std::max(right, range.right());
     }
-    constexpr int Criteria = UseIgnoreModel::CriteriaColumn;
-    return left == Criteria && right == Criteria ? std::optional<RowRange>(rows) : std::nullopt;
+    return left == CriteriaColumn && right == CriteriaColumn ? std::optional<RowRange>(rows)
+                                                             : std::nullopt;
 }
 
-void UseIgnoreGrid::Mark(MarkKey key) {
-    if (const std::optional<RowRange> rows = RowsToMark())
-        model_->Apply(key, rows->first, rows->last);
+void UseIgnoreGrid::MarkSelected(MarkKey key) {
+    const std::optional<RowRange> rows = RowsToMark();
+    if (!rows)
+        return;
+    editor_.Press(key, static_cast<std::size_t>(rows->first), static_cast<std::size_t>(rows->last));
+    ShowMarks();
+    Q_EMIT MarksChanged();
+}
+
+void UseIgnoreGrid::Undo() {
+    editor_.Undo();
+    ShowMarks();
+    Q_EMIT MarksChanged();
+}
+
+void UseIgnoreGrid::Redo() {
+    editor_.Redo();
+    ShowMarks();
+    Q_EMIT MarksChanged();
+}
+
+void UseIgnoreGrid::ShowMarks() {
+    model_.ShowTexts(0, model_.rowCount() - 1, CriteriaColumn);
 }
 
 void UseIgnoreGrid::keyPressEvent(QKeyEvent* event) {
     if (const std::optional<MarkKey> key = MarkKeyOf(*event)) {
-        Mark(*key);
+        MarkSelected(*key);
         event->accept();
+        return;
+    }
+    if (event->matches(QKeySequence::Undo)) {
+        Undo();
+        return;
+    }
+    if (event->matches(QKeySequence::Redo)) {
+        Redo();
         return;
     }
     // A view would search its cells for a typed character, or turn the selection over at a space.
@@ -243,17 +209,16 @@ void UseIgnoreGrid::keyPressEvent(QKeyEvent* event) {
 void UseIgnoreGrid::SelectRowsTo(int row, bool extend) {
     if (!extend || rowAnchor_ < 0)
         rowAnchor_ = row;
-    const QItemSelection rows(
-        model_->index(std::min(rowAnchor_, row), UseIgnoreModel::TimeColumn),
-        model_->index(std::max(rowAnchor_, row), UseIgnoreModel::CriteriaColumn));
-    selectionModel()->setCurrentIndex(model_->index(rowAnchor_, UseIgnoreModel::TimeColumn),
+    const QItemSelection rows(model_.index(std::min(rowAnchor_, row), TimeColumn),
+                              model_.index(std::max(rowAnchor_, row), CriteriaColumn));
+    selectionModel()->setCurrentIndex(model_.index(rowAnchor_, TimeColumn),
                                       QItemSelectionModel::NoUpdate);
     selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
 }
 
 void UseIgnoreGrid::mousePressEvent(QMouseEvent* event) {
     const QModelIndex pressed = indexAt(event->position().toPoint());
-    if (pressed.isValid() && pressed.column() == UseIgnoreModel::SampleColumn) {
+    if (pressed.isValid() && pressed.column() == SampleColumn) {
         if (event->button() == Qt::LeftButton)
             SelectRowsTo(pressed.row(), (event->modifiers() & Qt::ShiftModifier) != 0);
         return;
@@ -275,13 +240,18 @@ void UseIgnoreGrid::mouseMoveEvent(QMouseEvent* event) {
 void UseIgnoreGrid::contextMenuEvent(QContextMenuEvent* event) {
     QMenu menu(this);
     const auto add = [this, &menu](const QString& text, const QString& name, MarkKey key) {
-        QAction* action = menu.addAction(text, this, [this, key] { Mark(key); });
+        QAction* action = menu.addAction(text, this, [this, key] { MarkSelected(key); });
         action->setObjectName(name);
         action->setEnabled(RowsToMark().has_value());
     };
     add(tr("&Use\tU"), QStringLiteral("MarkUse"), MarkKey::Use);
     add(tr("&Ignore\tI"), QStringLiteral("MarkIgnore"), MarkKey::Ignore);
     add(tr("&Turn Over\tSpace"), QStringLiteral("MarkTurnOver"), MarkKey::TurnOver);
+    menu.addSeparator();
+    menu.addAction(QStringLiteral("U&ndo\tCtrl+Z"), this, &UseIgnoreGrid::Undo)
+        ->setEnabled(editor_.CanUndo());
+    menu.addAction(QStringLiteral("&Redo\tCtrl+Shift+Z"), this, &UseIgnoreGrid::Redo)
+        ->setEnabled(editor_.CanRedo());
     menu.exec(event->globalPos());
 }
 

@@ -2,7 +2,6 @@
 
 #include "loggerfiles/Headings.h"
 #include "loggerfiles/TableRows.h"
-#include "project/Texts.h"
 
 #include <algorithm>
 #include <charconv>
@@ -143,7 +142,7 @@ void AddDeclared(std::size_t number, std::size_t field, const Settings& settings
                  TableLayout& layout, RecordBuilder& builder) {
     DeclaredChannel channel = settings.Declared(number);
     if (channel.name.empty())
-        channel.name = "Channel " + WholeToText(static_cast<long long>(number));
+        channel.name = "Channel " + std::to_string(number);
     layout.readings.push_back({field, builder.AddChannel(channel.name, channel.unit)});
 }
 

@@ -2,7 +2,6 @@
 
 #include "loggerfiles/LoggerText.h"
 #include "loggerfiles/WaterUnits.h"
-#include "project/Texts.h"
 
 namespace quarnel {
 

@@ -60,7 +60,7 @@ bool HasKind(const std::vector<LoggerChannel>& channels, std::initializer_list<C
 } // namespace
 
 std::string LeftOutMessage(const LeftOutRow& row) {
-    return "Row " + WholeToText(static_cast<long long>(row.line)) + ": '" + row.text +
+    return "Row " + std::to_string(row.line) + ": '" + row.text +
            (row.reason == LeftOutReason::NotATime ? "' is not a time." : "' is not a number.");
 }
 

@@ -1,7 +1,6 @@
 #include "loggerfiles/RecordBuilder.h"
 
 #include "loggerfiles/DateOrders.h"
-#include "project/Texts.h"
 
 #include <algorithm>
 #include <cmath>
@@ -155,8 +154,7 @@ void RecordBuilder::CheckRise() {
     if (fall == record_.times.end())
         return;
     const auto row = static_cast<std::size_t>(fall - record_.times.begin()) + 1;
-    reading_.fault = "The times do not rise at row " +
-                     WholeToText(static_cast<long long>(record_.lines[row])) + ".";
+    reading_.fault = "The times do not rise at row " + std::to_string(record_.lines[row]) + ".";
 }
 
 } // namespace quarnel

@@ -282,7 +282,7 @@ private:
         if (!units_[field].empty())
             parts = {names_[field], units_[field]};
         if (parts.name.empty())
-            parts.name = "Column " + WholeToText(static_cast<long long>(field) + 1);
+            parts.name = "Column " + std::to_string(field + 1);
         return parts;
     }
 

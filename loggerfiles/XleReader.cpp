@@ -3,7 +3,6 @@
 #include "loggerfiles/FieldSplitter.h"
 #include "loggerfiles/LoggerText.h"
 #include "loggerfiles/RecordBuilder.h"
-#include "project/Texts.h"
 
 #include <QXmlStreamReader>
 #include <algorithm>
@@ -82,7 +81,7 @@ public:
             builder_.NameChannel(channel.channel, channel.name, channel.unit);
         if (goesOn_ && xml_.hasError())
             builder_.Reading().notes.push_back("The file is cut or damaged at row " +
-                                               WholeToText(static_cast<long long>(Line())) +
+                                               std::to_string(Line()) +
                                                "; the rows before it are kept.");
     }
 

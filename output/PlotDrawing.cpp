@@ -37,11 +37,12 @@ constexpr double FittedWidth = 25;
 /// Draws one plot; positions come from the axes' bounds and the layout.
 class PlotMaker {
 public:
-    PlotMaker(const ComputedValues& computed, const PlotLayout& layout)
-        : computed_(computed)
+    PlotMaker(const PlotContents& contents, const PlotLayout& layout)
+        : contents_(contents)
+        , recovery_(contents.recovery)
         , layout_(layout)
-        , low_(std::log10(computed.bounds.PlotYAxisMin))
-        , range_(std::log10(computed.bounds.PlotYAxisMax) - low_) {
+        , low_(std::log10(recovery_.bounds.PlotYAxisMin))
+        , range_(std::log10(recovery_.bounds.PlotYAxisMax) - low_) {
         drawing_.width = layout.surfaceWidth;
         drawing_.height = layout.surfaceHeight;
     }
@@ -62,7 +63,7 @@ private:
     double Right() const { return layout_.left + layout_.plotWidth; }
     double AxisY() const { return layout_.top + layout_.plotHeight; }
     double TimeX(double time) const {
-        const double whole = computed_.bounds.PlotMaxTime;
+        const double whole = recovery_.bounds.PlotMaxTime;
         return layout_.left + (whole > 0 ? time / whole * layout_.plotWidth : 0);
     }
     double LogY(double log10Y) const {
@@ -94,7 +95,8 @@ private:
     double MeetingTime(double bound) const;
     bool IsOnSurface(double x, double y) const;
 
-    const ComputedValues& computed_;
+    const PlotContents& contents_;
+    const RecoveryData& recovery_;
     const PlotLayout& layout_;
     double low_;
     double range_;
@@ -109,7 +111,7 @@ void PlotMaker::DrawTimeAxis() {
         Line(x, layout_.top, x, AxisY(), edge ? PlotColour::Ink : PlotColour::Grid,
              edge ? AxisWidth : GridWidth);
         Line(x, AxisY(), x, AxisY() + Tick, PlotColour::Ink, AxisWidth);
-        const double time = static_cast<double>(i) / TimeIntervals * computed_.bounds.PlotMaxTime;
+        const double time = static_cast<double>(i) / TimeIntervals * recovery_.bounds.PlotMaxTime;
         PlotLabel& label =
             Label(x, AxisY() + LabelGap, NumberToText(TwoDecimals, static_cast<float>(time)),
                   Across::Centre, Along::Top);
@@ -151,8 +153,8 @@ void PlotMaker::DrawYAxis() {
 }
 
 void PlotMaker::DrawTitles() {
-    const std::string time(NameAt(TimeUnitNames, computed_.timeUnit));
-    const std::string level(NameAt(LengthUnitNames, computed_.levelUnit));
+    const std::string time(NameAt(TimeUnitNames, recovery_.timeUnit));
+    const std::string level(NameAt(LengthUnitNames, recovery_.levelUnit));
     Label(layout_.left + layout_.plotWidth / 2, AxisY() + LabelGap, "Time (" + time + ")",
           Across::Centre, Along::Top)
         .heightsDown = TitleHeightsDown;
@@ -164,24 +166,25 @@ void PlotMaker::DrawTitles() {
 /// The time (entered unit) at which the fitted line meets a bound of the Y axis; infinite for a
 /// line so flat that it meets it nowhere.
 double PlotMaker::MeetingTime(double bound) const {
-    const double lnBound = std::log(bound * UnitFactorToCm(computed_.levelUnit));
-    return (lnBound - computed_.FitIntercept) / computed_.FitSlope /
-           UnitFactorToSec(computed_.timeUnit);
+    const double lnBound = std::log(bound * UnitFactorToCm(recovery_.levelUnit));
+    return (lnBound - contents_.line->intercept) / contents_.line->slope /
+           UnitFactorToSec(recovery_.timeUnit);
 }
 
 void PlotMaker::DrawFittedLine() {
-    if (!FittedLineFalls(computed_))
+    if (contents_.line == nullptr || !contents_.line->Falls())
         return;
     // A falling line enters at the upper bound and leaves at the lower one.
-    const double start = std::max(0.0, MeetingTime(computed_.bounds.PlotYAxisMax));
+    const double start = std::max(0.0, MeetingTime(recovery_.bounds.PlotYAxisMax));
     const double end =
-        std::min(computed_.bounds.PlotMaxTime, MeetingTime(computed_.bounds.PlotYAxisMin));
+        std::min(recovery_.bounds.PlotMaxTime, MeetingTime(recovery_.bounds.PlotYAxisMin));
     if (!(start < end))
         return;
-    const double lnCm = std::log(UnitFactorToCm(computed_.levelUnit));
+    const double lnCm = std::log(UnitFactorToCm(recovery_.levelUnit));
     const auto log10Y = [&](double time) {
-        const double lnY = computed_.FitIntercept +
-                           computed_.FitSlope * time * UnitFactorToSec(computed_.timeUnit) - lnCm;
+        const double lnY = contents_.line->intercept +
+                           contents_.line->slope * time * UnitFactorToSec(recovery_.timeUnit) -
+                           lnCm;
         return std::clamp(lnY / std::log(10.0), low_, low_ + range_);
     };
     Line(TimeX(start), LogY(log10Y(start)), TimeX(end), LogY(log10Y(end)), PlotColour::Red,
@@ -202,14 +205,16 @@ void PlotMaker::DrawPoints() {
     const auto rows =
         static_cast<std::size_t>((layout_.surfaceHeight + 2 * offset) / layout_.spot + 1);
     std::vector<bool> taken(columns * rows * 2);
-    for (const RecoveryPoint& point : *computed_.RecoveryPoints) {
+    const RecoveryPointList& points = *recovery_.RecoveryPoints;
+    for (std::size_t k = 0; k < points.size(); ++k) {
+        const RecoveryPoint& point = points[k];
         if (!(point.y > 0))
             continue;
         const double x = TimeX(point.time);
         const double y = LogY(point.log10Y);
         if (!IsOnSurface(x, y))
             continue;
-        const bool used = point.weight > 0;
+        const bool used = contents_.IsUsed(k);
         const auto column = static_cast<std::size_t>((x + offset) / layout_.spot);
         const auto row = static_cast<std::size_t>((y + offset) / layout_.spot);
         const std::size_t spot = (row * columns + column) * 2 + (used ? 1 : 0);
@@ -234,12 +239,16 @@ PlotLayout ScreenPlotLayout(double areaWidth, double areaHeight) {
     return layout;
 }
 
-PlotDrawing DrawPlot(const ComputedValues& computed, const PlotLayout& layout) {
-    return PlotMaker(computed, layout).Make();
-}
+PlotContents::PlotContents(const Computation& computation)
+    : recovery(computation.recovery)
+    , marks(&computation.marks)
+    , line(&computation.line) {}
 
-bool FittedLineFalls(const ComputedValues& computed) {
-    return computed.FitSlope < 0;
+PlotContents::PlotContents(const WorkingValues& working)
+    : recovery(working.recovery) {}
+
+PlotDrawing DrawPlot(const PlotContents& contents, const PlotLayout& layout) {
+    return PlotMaker(contents, layout).Make();
 }
 
 } // namespace quarnel

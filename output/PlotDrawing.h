@@ -1,7 +1,7 @@
 #pragma once
 
-#include "kcompute/KComputations.h"
-#include "project/GlobalDeclar.h"
+#include "kcompute/Computation.h"
+#include "kcompute/WorkingValues.h"
 
 #include <string>
 #include <vector>
@@ -70,12 +70,25 @@ inline constexpr int TimeIntervals = 5; ///< divisions of the time axis
 /// The layout of the plot area on screen, for an area of the given size.
 PlotLayout ScreenPlotLayout(double areaWidth, double areaHeight);
 
-/// Draws axes, fitted line and points of a computation. The fitted line is left out where the slope
-/// is not negative, a point where Y <= 0 (it has no logarithm) or where its circle lies wholly
-/// outside the surface.
-PlotDrawing DrawPlot(const ComputedValues& computed, const PlotLayout& layout);
+/// What a plot shows. It refers to its source, which must outlive it.
+struct PlotContents {
+    /// A computation: its line, and the points it used told from the others.
+    explicit PlotContents(const Computation& computation);
+    /// Prepared points, none of them used in a fit.
+    explicit PlotContents(const WorkingValues& working);
 
-/// Whether the computed line falls, as a recovery does; otherwise there is no line to draw.
-bool FittedLineFalls(const ComputedValues& computed);
+    /// Whether the point (counted from 0) entered the fit.
+    bool IsUsed(std::size_t point) const {
+        return marks != nullptr && (*marks)[point] == Mark::Use;
+    }
+
+    const RecoveryData& recovery;
+    const std::vector<Mark>* marks = nullptr; ///< null: no point was used
+    const FittedLine* line = nullptr;         ///< null: no line to draw
+};
+
+/// Draws axes, fitted line and points. The line is left out where it does not fall, a point where
+/// Y <= 0 (it has no logarithm) or where its circle lies wholly outside the surface.
+PlotDrawing DrawPlot(const PlotContents& contents, const PlotLayout& layout);
 
 } // namespace quarnel

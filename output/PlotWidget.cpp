@@ -51,19 +51,6 @@ PlotInks InksOf(const QPalette& palette) {
     return inks;
 }
 
-/// The part of a computation that its plot is drawn from. The marks stay behind: they would double
-/// in memory.
-ComputedValues PlottedPart(const ComputedValues& computed) {
-    ComputedValues plotted;
-    plotted.timeUnit = computed.timeUnit;
-    plotted.levelUnit = computed.levelUnit;
-    plotted.RecoveryPoints = computed.RecoveryPoints;
-    plotted.bounds = computed.bounds;
-    plotted.FitSlope = computed.FitSlope;
-    plotted.FitIntercept = computed.FitIntercept;
-    return plotted;
-}
-
 } // namespace
 
 PlotWidget::PlotWidget(QWidget* parent)
@@ -87,7 +74,7 @@ PlotWidget::PlotWidget(QWidget* parent)
     save_->setObjectName(QStringLiteral("SavePlot"));
     connect(save_, &QAction::triggered, this, &PlotWidget::SaveAsPicture);
     addActions({copy_, save_});
-    Clear();
+    DrawAgain();
 }
 
 double PlotWidget::TwipsPerPixel() const {
@@ -106,20 +93,16 @@ QSize PlotWidget::minimumSizeHint() const {
     return PixelsOf(LeastWidth, LeastHeight);
 }
 
-void PlotWidget::ShowPlot(const ComputedValues& computed) {
-    plotted_ = PlottedPart(computed);
-    DrawAgain();
-}
-
-void PlotWidget::Clear() {
-    plotted_.reset();
+void PlotWidget::ShowComputation(ComputationPtr computation) {
+    computation_ = std::move(computation);
     DrawAgain();
 }
 
 void PlotWidget::DrawAgain() {
     const QSizeF size = QSizeF(contentsRect().size()) * TwipsPerPixel();
-    drawing_ = plotted_ ? DrawPlot(*plotted_, ScreenPlotLayout(size.width(), size.height()))
-                        : PlotDrawing();
+    drawing_ = computation_ ? DrawPlot(PlotContents(*computation_),
+                                       ScreenPlotLayout(size.width(), size.height()))
+                            : PlotDrawing();
     copy_->setEnabled(!drawing_.IsEmpty());
     save_->setEnabled(!drawing_.IsEmpty());
     update();
@@ -135,6 +118,9 @@ void PlotWidget::paintEvent(QPaintEvent* event) {
         option.backgroundColor = palette().color(backgroundRole());
         style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
     }
+    if (!computation_)
+        painter.drawText(contentsRect(), Qt::AlignCenter | Qt::TextWordWrap,
+                         QStringLiteral("Press Compute K/ Plot"));
     painter.setClipRect(contentsRect());
     painter.translate(contentsRect().topLeft());
     painter.scale(1 / TwipsPerPixel(), 1 / TwipsPerPixel());

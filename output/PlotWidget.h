@@ -3,25 +3,22 @@
 #include "output/PlotDrawing.h"
 
 #include <QFrame>
-#include <optional>
 
 class QAction;
 
 namespace quarnel {
 
 /// The plot area `Plot1`: shows the plot of one computation, drawn again for every size of the
-/// area, or nothing. Its context menu copies the plot or saves it as a picture.
+/// area. Its context menu copies the plot or saves it as a picture.
 class PlotWidget : public QFrame {
     Q_OBJECT
 public:
     explicit PlotWidget(QWidget* parent = nullptr);
 
-    /// Shows the plot of a computation. It stays until the next call, whatever is done to
-    /// `computed` meanwhile.
-    void ShowPlot(const ComputedValues& computed);
-    void Clear();
+    /// Shows the plot of a computation, or with none an empty area that says how to get one.
+    void ShowComputation(ComputationPtr computation);
 
-    /// What is shown, in twips; empty after Clear.
+    /// What is shown, in twips; empty without a computation.
     const PlotDrawing& Drawing() const { return drawing_; }
 
     QSize sizeHint() const override;
@@ -41,7 +38,7 @@ private:
     void Copy();
     void SaveAsPicture();
 
-    std::optional<ComputedValues> plotted_; ///< what the plot is drawn from
+    ComputationPtr computation_; ///< what the plot is drawn from; null for none
     PlotDrawing drawing_;
     QAction* copy_ = nullptr;
     QAction* save_ = nullptr;

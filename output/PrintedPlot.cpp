@@ -1,5 +1,6 @@
 #include "output/PrintedPlot.h"
 
+#include "kcompute/KText.h"
 #include "kcompute/NumberToText.h"
 #include "output/TextWidth.h"
 #include "project/Texts.h"
@@ -87,16 +88,16 @@ std::vector<FittedText> Titles(const ProjectState& state) {
     return titles;
 }
 
-bool HasPlot(const ComputedValues& computed) {
-    const PlotBounds& bounds = computed.bounds;
-    return !computed.RecoveryPoints->empty() && bounds.PlotMaxTime > 0 && bounds.PlotYAxisMin > 0 &&
+bool HasPlot(const RecoveryData& recovery) {
+    const PlotBounds& bounds = recovery.bounds;
+    return !recovery.RecoveryPoints->empty() && bounds.PlotMaxTime > 0 && bounds.PlotYAxisMin > 0 &&
            bounds.PlotYAxisMax > bounds.PlotYAxisMin;
 }
 
 /// How far the last label of the time axis reaches beyond the plot.
-double LabelOverhang(const ComputedValues& computed) {
+double LabelOverhang(const RecoveryData& recovery) {
     const std::string label =
-        NumberToText(TwoDecimals, static_cast<float>(computed.bounds.PlotMaxTime));
+        NumberToText(TwoDecimals, static_cast<float>(recovery.bounds.PlotMaxTime));
     return ArialWidth(label, TextPoints) / 2;
 }
 
@@ -117,6 +118,8 @@ class PageMaker {
 public:
     explicit PageMaker(const Analysis& analysis)
         : analysis_(analysis)
+        , plot_(analysis.computation ? PlotContents(*analysis.computation)
+                                     : PlotContents(analysis.working))
         , rows_(HeaderRows(analysis.state))
         , titles_(Titles(analysis.state)) {
         for (const HeaderRow& row : rows_)
@@ -128,7 +131,7 @@ public:
     PlotDrawing Make(double width, double height) {
         const double factor = std::min({1.0, width / LeastWidth(), height / LeastHeight()});
         axisY_ = height / factor - BottomMargin;
-        if (HasPlot(analysis_.computed))
+        if (HasPlot(plot_.recovery))
             DrawThePlot(width / factor, height / factor);
         const double headerBottom = DrawHeader();
         DrawTitles(headerBottom);
@@ -141,7 +144,7 @@ public:
     }
 
 private:
-    double LeastWidth() const { return PlotRight + LabelOverhang(analysis_.computed); }
+    double LeastWidth() const { return PlotRight + LabelOverhang(plot_.recovery); }
     double LeastHeight() const {
         return headerHeight_ + TitleGap + titlesHeight_ + TitleGap + PlotHeight + BottomMargin;
     }
@@ -154,6 +157,7 @@ private:
     double DrawText(const FittedText& text, double x, double y, Across across, double maxWidth);
 
     const Analysis& analysis_;
+    PlotContents plot_;
     std::vector<HeaderRow> rows_;
     std::vector<FittedText> titles_;
     double headerHeight_ = 0;
@@ -172,7 +176,7 @@ void PageMaker::DrawThePlot(double width, double height) {
     layout.plotHeight = PlotHeight;
     layout.circleRadius = PageCircleRadius;
     layout.points = TextPoints;
-    drawing_ = DrawPlot(analysis_.computed, layout);
+    drawing_ = DrawPlot(plot_, layout);
 }
 
 /// Draws the lines of a text from `y` down and hands back where the next one would stand.
@@ -215,7 +219,7 @@ void PageMaker::DrawTitles(double headerBottom) {
 }
 
 void PageMaker::DrawKLine() {
-    const std::string text = KLine(analysis_.state, analysis_.computed);
+    const std::string text = KLine(analysis_.state, analysis_.computation.get());
     if (!text.empty())
         DrawText({{text}, TextPoints}, CentreLine, axisY_ + KLineDown, Across::Centre, PlotWidth);
 }

@@ -11,8 +11,9 @@ namespace quarnel {
 ///
 /// A printable area too small for that (paper narrower than Letter, landscape, wide margins) gets
 /// the whole page at a smaller scale, so that nothing is cut off. Long names run over up to three
-/// lines and are set smaller beyond that. Without checked points the page has no plot; while no
-/// computation is current it states no K.
+/// lines and are set smaller beyond that. While there is no computation the page shows the prepared
+/// points, none of them as used, without a line and without K; with no points either it has no
+/// plot.
 PlotDrawing DrawPlotPage(const Analysis& analysis, double printableWidthTwips,
                          double printableHeightTwips);
 

@@ -2,6 +2,7 @@
 
 #include "output/PrintDocument.h"
 #include "widgets/QtTexts.h"
+#include "widgets/StaleLabel.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -44,8 +45,14 @@ PrtPlotFrm::PrtPlotFrm(Analysis& analysis, QWidget* parent)
     connect(print, &QPushButton::clicked, this, &PrtPlotFrm::Print);
     connect(cancel, &QPushButton::clicked, this, &QDialog::hide);
     rows->addSpacing(fontMetrics().height() / 2);
+    stale_ = new StaleLabel(QStringLiteral("PrtPlotStaleText"), ToQString(NotCurrentMessage), this);
+    rows->addWidget(stale_);
     rows->addWidget(buttons);
     ShowState();
+}
+
+void PrtPlotFrm::ShowStale(bool stale) {
+    stale_->ShowStale(stale);
 }
 
 void PrtPlotFrm::ShowState() {

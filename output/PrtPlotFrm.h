@@ -9,6 +9,8 @@ class QLineEdit;
 
 namespace quarnel {
 
+class StaleLabel;
+
 /// The window "Print The Plot": up to three title lines, and one printed page. It hides when it is
 /// closed, so the titles stay for the next time.
 class PrtPlotFrm : public QDialog {
@@ -17,11 +19,13 @@ public:
     explicit PrtPlotFrm(Analysis& analysis, QWidget* parent = nullptr);
     /// Shows the titles of the project again, after New or Open.
     void ShowState();
+    void ShowStale(bool stale);
 
 private:
     void Print();
 
     Analysis& analysis_;
+    StaleLabel* stale_ = nullptr;
     std::array<QLineEdit*, 3> PlotText = {};
 };
 

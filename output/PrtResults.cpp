@@ -6,6 +6,7 @@
 #include "system/ReplaceFile.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
+#include "widgets/StaleLabel.h"
 
 #include <QDialogButtonBox>
 #include <QGroupBox>
@@ -40,9 +41,16 @@ PrtResults::PrtResults(Analysis& analysis, QWidget* parent)
     connect(close, &QPushButton::clicked, this, &QDialog::hide);
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(group);
+    stale_ =
+        new StaleLabel(QStringLiteral("PrtResultsStaleText"), ToQString(NotCurrentMessage), this);
+    rows->addWidget(stale_);
     rows->addWidget(buttons);
     setMinimumWidth(fontMetrics().averageCharWidth() * 44);
     ShowState();
+}
+
+void PrtResults::ShowStale(bool stale) {
+    stale_->ShowStale(stale);
 }
 
 void PrtResults::ShowState() {
@@ -71,7 +79,8 @@ void PrtResults::SaveToFile() {
     FileFailure failure = FileFailure::None;
     {
         const BusyPointer busy;
-        failure = SaveFileBytes(ToUtf8(path), ReportBytes(analysis_));
+        failure =
+            SaveFileBytes(ToUtf8(path), ReportBytes(analysis_.state, analysis_.computation.get()));
     }
     if (failure != FileFailure::None)
         ShowMessage(this, ToQString(FileErrorMessage(failure)));

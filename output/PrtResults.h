@@ -10,6 +10,8 @@ class QRadioButton;
 
 namespace quarnel {
 
+class StaleLabel;
+
 /// The window "Print/Save the Results": the summary report into a text file or onto paper.
 class PrtResults : public QDialog {
     Q_OBJECT
@@ -17,6 +19,7 @@ public:
     explicit PrtResults(Analysis& analysis, QWidget* parent = nullptr);
     /// Back to the first choice, after New or Open.
     void ShowState();
+    void ShowStale(bool stale);
 
 private:
     void ShowChoice();
@@ -25,6 +28,7 @@ private:
     void SendToPrinter();
 
     Analysis& analysis_;
+    StaleLabel* stale_ = nullptr;
     std::array<QRadioButton*, 2> Option1 = {};
     QPushButton* CmdPrtResults = nullptr;
 };

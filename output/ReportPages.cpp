@@ -53,7 +53,7 @@ ReportPages::ReportPages(const Analysis& analysis, const Paper& paper)
     , top_(Inset(paper.marginTop, paper.printableHeight))
     , bottom_(paper.printableHeight - Inset(paper.marginBottom, paper.printableHeight)) {
     const std::vector<ReportBlock> blocks =
-        SummaryReportBlocks(analysis.state, analysis.computed, analysis.details);
+        SummaryReportBlocks(analysis.state, analysis.computation.get());
     AddTitle();
     AddBlocksSideBySide({blocks[0], blocks[1], blocks[2]});
     AddBlocksSideBySide({blocks[3]});
@@ -152,7 +152,7 @@ std::vector<std::string> ReportPages::CellLines(const std::string& text) const {
 }
 
 double ReportPages::RowHeight(std::size_t point) const {
-    const RecoveryPoint& kept = (*analysis_.details.points)[point];
+    const RecoveryPoint& kept = (*analysis_.computation->recovery.RecoveryPoints)[point];
     std::size_t lines = 1;
     for (const CellText* text : {&kept.timeText, &kept.levelText})
         if (text->View().size() > SurelyFittingBytes)
@@ -163,7 +163,7 @@ double ReportPages::RowHeight(std::size_t point) const {
 void ReportPages::BreakTableIntoPages() {
     const double end = bottom_ - FootHeight;
     const double headingHeight = TableHeading().height;
-    const std::size_t count = analysis_.details.points->size();
+    const std::size_t count = ReportTableSize(analysis_.computation.get());
     double y = endOfBlocks_;
     if (y + headingHeight + LineHeight(TablePoints) > end) {
         pages_.push_back({strips_.size(), strips_.size(), 0, 0, true});
@@ -195,7 +195,7 @@ PlotLabel ReportPages::NumberCell(std::size_t column, double y, std::string text
 }
 
 ReportPages::Strip ReportPages::TableHeading() const {
-    const ReportRow headings = ReportTableHeadings(analysis_.state, analysis_.details);
+    const ReportRow headings = ReportTableHeadings(analysis_.state, analysis_.computation.get());
     const double width = (right_ - left_) / TableColumnCount;
     Strip strip;
     strip.rules.push_back(Rule(left_, right_, 0, PlotColour::Ink, RuleWidth));
@@ -213,7 +213,7 @@ ReportPages::Strip ReportPages::TableHeading() const {
 }
 
 ReportPages::Strip ReportPages::TableRow(std::size_t point) const {
-    const ReportRow row = ReportTableRow(analysis_.details, point);
+    const ReportRow row = ReportTableRow(*analysis_.computation, point);
     const double width = (right_ - left_) / TableColumnCount;
     Strip strip;
     strip.height = RowHeight(point);
@@ -262,8 +262,9 @@ void ReportPages::DrawFoot(PlotDrawing& drawing, std::size_t page) const {
             Text(left_, y, "Monitoring Well: " + well, FootPoints, middle - left_));
     const auto number = static_cast<long long>(page) + 1;
     const auto count = static_cast<long long>(Count());
-    PlotLabel label = Text(right_, y, "Page " + WholeToText(number) + " of " + WholeToText(count),
-                           FootPoints, right_ - middle - CellGap);
+    PlotLabel label =
+        Text(right_, y, "Page " + std::to_string(number) + " of " + std::to_string(count),
+             FootPoints, right_ - middle - CellGap);
     label.across = Across::Right;
     drawing.labels.push_back(std::move(label));
 }

@@ -1,6 +1,8 @@
 #include "output/SummaryReport.h"
 
-#include "kcompute/UseIgnore.h"
+#include "kcompute/ComputationDetails.h"
+#include "kcompute/KText.h"
+#include "project/TextColumns.h"
 #include "project/TextEncoding.h"
 #include "project/Texts.h"
 #include "recovery/RecoveryDa.h"
@@ -13,8 +15,8 @@ namespace {
 
 constexpr std::string_view LineEnd = "\r\n";
 constexpr std::string_view SeparatorLine = "    ";
-/// Where the columns of the point table begin, counted from 1.
-constexpr std::array<std::size_t, 5> TableColumns = {1, 15, 35, 50, 65};
+/// Where the columns of the point table begin, counted from 0.
+constexpr std::array<std::size_t, 5> TableColumns = {0, 14, 34, 49, 64};
 /// Texts that the computation keeps and that have never held anything.
 constexpr int UnusedLines = 3;
 
@@ -88,9 +90,9 @@ ReportBlock ConsultantBlock(const ProjectState& state) {
     return block;
 }
 
-ReportBlock SlugTestBlock(const ProjectState& state, const ComputedValues& computed) {
+ReportBlock SlugTestBlock(const ProjectState& state, const Computation* computation) {
     const auto& texts = state.WellTestIDTxt;
-    ReportBlock block{"SLUG TEST", {KLine(state, computed)}};
+    ReportBlock block{"SLUG TEST", {KLine(state, computation)}};
     AddIfPresent(block.lines, "Monitoring Well: ", Trimmed(texts[WellLabel]));
     AddIfPresent(block.lines, "Test Date: ", Trimmed(texts[TestDate]));
     AddIfPresent(
@@ -100,32 +102,32 @@ ReportBlock SlugTestBlock(const ProjectState& state, const ComputedValues& compu
     return block;
 }
 
-ReportBlock GeometryBlock(const ProjectState& state, const ComputationDetails& details) {
-    // Before a computation there is nothing for the comma to part.
-    const std::string_view comma = details.isFilled ? ",  " : "";
-    return {"WELL GEOMETRY",
-            {details.hLine, details.lwLine, details.leLine,
-             details.dwLine + std::string(comma) + details.rwLine,
-             details.dcLine + std::string(comma) + details.rcLine, details.porosityLine,
-             details.reLine, "Slug Volume(L): " + Trimmed(state.VolumeOfSlugText)}};
+std::string SlugVolumeLine(const ProjectState& state) {
+    return "Slug Volume(L): " + Trimmed(state.VolumeOfSlugText);
 }
 
-/// Characters of a UTF-8 text: every byte that does not continue a character.
-std::size_t CharacterCount(std::string_view text) {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char byte) {
-        return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
-    }));
+void AddComputationBlocks(const ProjectState& state, const Computation& computation,
+                          std::vector<ReportBlock>& blocks) {
+    const ComputationLines lines(computation);
+    blocks.push_back(
+        {"WELL GEOMETRY",
+         {lines.h, lines.lw, lines.le, lines.dw + ",  " + lines.rw, lines.dc + ",  " + lines.rc,
+          lines.porosity, lines.re, SlugVolumeLine(state)}});
+    blocks.push_back({"BOUWER-RICE COEFFICIENTS",
+                      {lines.leOverRw, lines.a, lines.b, lines.c, lines.lnReOverRw}});
+    blocks.push_back(
+        {"LEAST SQUARES BEST FIT", {"Ln(Y)-cm versus Time-sec", lines.slope, lines.intercept}});
+}
+
+/// The same blocks before a computation: each of its lines is there, and empty.
+void AddEmptyBlocks(const ProjectState& state, std::vector<ReportBlock>& blocks) {
+    blocks.push_back({"WELL GEOMETRY", {"", "", "", "", "", "", "", SlugVolumeLine(state)}});
+    blocks.push_back({"BOUWER-RICE COEFFICIENTS", {"", "", "", "", ""}});
+    blocks.push_back({"LEAST SQUARES BEST FIT", {"Ln(Y)-cm versus Time-sec", "", ""}});
 }
 
 void AppendRow(std::string& text, const ReportRow& row) {
-    std::size_t written = 0;
-    for (std::size_t column = 0; column < row.size(); ++column) {
-        const std::size_t start = TableColumns[column] - 1;
-        // A text that leaves no room before its neighbour's column is parted from it by one blank.
-        const std::size_t blanks = written < start ? start - written : (column == 0 ? 0 : 1);
-        text.append(blanks, ' ').append(row[column]);
-        written += blanks + CharacterCount(row[column]);
-    }
+    AppendInColumns(text, TableColumns, {row[0], row[1], row[2], row[3], row[4]});
     text += LineEnd;
 }
 
@@ -136,47 +138,40 @@ void AppendLine(std::string& text, std::string_view line) {
 } // namespace
 
 std::vector<ReportBlock> SummaryReportBlocks(const ProjectState& state,
-                                             const ComputedValues& computed,
-                                             const ComputationDetails& details) {
-    return {SiteBlock(state),
-            ClientBlock(state),
-            ConsultantBlock(state),
-            SlugTestBlock(state, computed),
-            GeometryBlock(state, details),
-            {"BOUWER-RICE COEFFICIENTS",
-             {details.leOverRwLine, details.aLine, details.bLine, details.cLine,
-              details.lnReOverRwLine}},
-            {"LEAST SQUARES BEST FIT",
-             {"Ln(Y)-cm versus Time-sec", details.slopeLine, details.interceptLine}}};
+                                             const Computation* computation) {
+    std::vector<ReportBlock> blocks = {SiteBlock(state), ClientBlock(state), ConsultantBlock(state),
+                                       SlugTestBlock(state, computation)};
+    if (computation != nullptr)
+        AddComputationBlocks(state, *computation, blocks);
+    else
+        AddEmptyBlocks(state, blocks);
+    return blocks;
 }
 
-ReportRow ReportTableHeadings(const ProjectState& state, const ComputationDetails& details) {
-    const bool kept = details.isFilled;
-    const std::string time(kept ? details.timeUnitName
-                                : NameAt(TimeUnitNames, state.RecDatTimeUnitsDDL));
-    const std::string level(kept ? details.levelUnitName
-                                 : NameAt(LengthUnitNames, state.RecDatWaterLevelUnitsDDL));
-    const std::string letter(kept ? details.dataTypeLetter
-                                  : NameAt(DataTypeLetters, state.RecDatDataTypeDDL));
-    return {"Time (" + time + ")", letter + "(" + level + ")", "Fit Criteria", "Y(" + level + ")",
-            "Fit Y(" + level + ")"};
+ReportRow ReportTableHeadings(const ProjectState& state, const Computation* computation) {
+    const PointHeadings headings(state, computation);
+    return {headings.time, headings.reading, headings.criteria, headings.y, headings.fitY};
 }
 
-ReportRow ReportTableRow(const ComputationDetails& details, std::size_t point) {
-    const RecoveryPoint& kept = (*details.points)[point];
-    return {kept.timeText.ToString(), kept.levelText.ToString(),
-            std::string(details.used[point] != 0 ? UseMark : IgnoreMark), YText(kept),
-            FittedYText(details, point)};
+ReportRow ReportTableRow(const Computation& computation, std::size_t point) {
+    const RecoveryPoint& made = (*computation.recovery.RecoveryPoints)[point];
+    return {made.timeText.ToString(), made.levelText.ToString(),
+            std::string(MarkText(computation.marks[point])), YText(made),
+            FittedYText(computation, point)};
 }
 
-std::string SummaryReportText(const ProjectState& state, const ComputedValues& computed,
-                              const ComputationDetails& details) {
+std::size_t ReportTableSize(const Computation* computation) {
+    return computation != nullptr ? computation->recovery.RecoveryPoints->size() : 0;
+}
+
+std::string SummaryReportText(const ProjectState& state, const Computation* computation) {
     constexpr std::size_t BytesPerRow = 80;
+    const std::size_t rows = ReportTableSize(computation);
     std::string text;
-    text.reserve(4096 + details.points->size() * BytesPerRow);
+    text.reserve(4096 + rows * BytesPerRow);
     AppendLine(text, ReportTitle);
     AppendLine(text, SeparatorLine);
-    for (const ReportBlock& block : SummaryReportBlocks(state, computed, details)) {
+    for (const ReportBlock& block : SummaryReportBlocks(state, computation)) {
         AppendLine(text, block.heading);
         for (const std::string& line : block.lines)
             AppendLine(text, line);
@@ -185,14 +180,14 @@ std::string SummaryReportText(const ProjectState& state, const ComputedValues& c
     for (int line = 0; line < UnusedLines; ++line)
         AppendLine(text, "");
     AppendLine(text, SeparatorLine);
-    AppendRow(text, ReportTableHeadings(state, details));
-    for (std::size_t point = 0; point < details.points->size(); ++point)
-        AppendRow(text, ReportTableRow(details, point));
+    AppendRow(text, ReportTableHeadings(state, computation));
+    for (std::size_t point = 0; point < rows; ++point)
+        AppendRow(text, ReportTableRow(*computation, point));
     return text;
 }
 
-std::string ReportBytes(const Analysis& analysis) {
-    return EncodeFileText(SummaryReportText(analysis.state, analysis.computed, analysis.details));
+std::string ReportBytes(const ProjectState& state, const Computation* computation) {
+    return EncodeFileText(SummaryReportText(state, computation));
 }
 
 } // namespace quarnel

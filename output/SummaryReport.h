@@ -1,6 +1,7 @@
 #pragma once
 
-#include "kcompute/Analysis.h"
+#include "kcompute/Computation.h"
+#include "project/ProjectState.h"
 
 #include <array>
 #include <cstddef>
@@ -25,22 +26,23 @@ using ReportRow = std::array<std::string, 5>;
 /// The blocks from the site down to the fitted line, in the order of the page. Identification texts
 /// are trimmed, and those that are empty have no line. K stands in the units chosen in `state`.
 std::vector<ReportBlock> SummaryReportBlocks(const ProjectState& state,
-                                             const ComputedValues& computed,
-                                             const ComputationDetails& details);
+                                             const Computation* computation);
 
-/// The headings of the point table, with the units of the kept computation or, before any, those
-/// chosen in `state`.
-ReportRow ReportTableHeadings(const ProjectState& state, const ComputationDetails& details);
+/// The headings of the point table, with the units of the computation or, without one, those chosen
+/// in `state`.
+ReportRow ReportTableHeadings(const ProjectState& state, const Computation* computation);
 
-/// The row of a kept point (counted from 0).
-ReportRow ReportTableRow(const ComputationDetails& details, std::size_t point);
+/// The row of a point (counted from 0).
+ReportRow ReportTableRow(const Computation& computation, std::size_t point);
+
+/// How many points the table has; none without a computation.
+std::size_t ReportTableSize(const Computation* computation);
 
 /// The whole report as text: UTF-8, lines ended by CR LF, table columns at 1, 15, 35, 50 and 65
-/// counted in characters.
-std::string SummaryReportText(const ProjectState& state, const ComputedValues& computed,
-                              const ComputationDetails& details);
+/// counted in characters. Without a computation the lines that need one are empty.
+std::string SummaryReportText(const ProjectState& state, const Computation* computation);
 
 /// The bytes of the report's file, encoded as a project file is.
-std::string ReportBytes(const Analysis& analysis);
+std::string ReportBytes(const ProjectState& state, const Computation* computation);
 
 } // namespace quarnel

@@ -3,10 +3,29 @@
 #include "project/GlobalDeclar.h"
 
 #include <array>
+#include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
 namespace quarnel {
+
+/// The sections of a project file, in the order in which it is written.
+inline constexpr std::string_view SiteIDSection = "SITEID";
+inline constexpr std::string_view WellIDSection = "WELLID";
+inline constexpr std::string_view WellGeoSection = "WELLGEO";
+inline constexpr std::string_view RecDataSection = "RECDATA";
+inline constexpr std::string_view IgnoreKeySection = "LSWEIGHT";
+inline constexpr std::string_view PlotInfoSection = "PLOTINFO";
+
+/// A list whose position a file keeps: where it lives and what it chooses from. WELLGEO and RECDATA
+/// write the name before the position; PLOTINFO writes the position alone and knows -1 for nothing
+/// selected.
+struct ListField {
+    int ProjectState::*position;
+    std::string_view key;
+    std::span<const std::string_view> names;
+};
 
 /// One identification text: where it lives, what its label says, under which key a file keeps it.
 /// The panels, the project file and the report all read these tables.
@@ -70,6 +89,30 @@ inline constexpr std::array<GeometryField, 6> WellGeoFields = {{
     {"dc", "DC"},
     {"dpor", "DP"},
 }};
+/// The units of the well geometry, in the order of a file.
+inline constexpr std::array<ListField, 2> WellGeoLists = {{
+    {&ProjectState::WellGeoVertUnitsDDL, "VERMEASUNITS", LengthUnitNames},
+    {&ProjectState::WellGeoRadUnitsDDL, "RADMEASUNITS", LengthUnitNames},
+}};
+inline constexpr std::string_view PictureKey = "PICSELECT";
+
+/// What the readings are, in the order of a file.
+inline constexpr std::array<ListField, 4> RecDataLists = {{
+    {&ProjectState::RecDatTimeUnitsDDL, "TIMEUNITS", TimeUnitNames},
+    {&ProjectState::RecDatWaterLevelUnitsDDL, "WATERUNITS", LengthUnitNames},
+    {&ProjectState::RecDatDataTypeDDL, "HEADMEASMETHOD", DataTypeNames},
+    {&ProjectState::RecDatSlugTestTypeDDL, "SLUGTESTTYPE", SlugTestTypeNames},
+}};
+inline constexpr std::string_view PreSlugKey = "PRESLUG";
+inline constexpr std::string_view DataPointKey = "DATAPOINT";
+
+/// The plot's titles, by position in PlotText, and the units of K.
+inline constexpr std::array<std::string_view, 3> PlotTitleKeys = {"TITLE0", "TITLE1", "TITLE2"};
+inline constexpr std::array<ListField, 2> PlotInfoLists = {{
+    {&ProjectState::CmboKTimeUnits, "KTIMEUNITS", TimeUnitNames},
+    {&ProjectState::CmboKLengthUnits, "KLENGTHUNITS", LengthUnitNames},
+}};
+
 /// What stands beside the porosity box.
 inline constexpr std::string_view PorosityUnitLabel = "% (0 to 100)";
 

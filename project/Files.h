@@ -9,8 +9,7 @@
 
 namespace quarnel {
 
-// ---- Failures
-// ----------------------------------------------------------------------------------------
+// ---- Failures ----------------------------------------------------------------------------------
 
 /// Why a file routine failed; the numbers are shown to the user.
 enum class FileFailure {
@@ -40,8 +39,7 @@ FileFailure FailureOfSystemError(int systemError);
 inline constexpr std::string_view NotAnInputFileMessage =
     "The file selected does not appear to be a QUARNEL input file.";
 
-// ---- Reading
-// -----------------------------------------------------------------------------------------
+// ---- Reading -----------------------------------------------------------------------------------
 
 enum class FileFormat { Unrecognised, Current, Legacy };
 
@@ -79,8 +77,7 @@ struct FileBytes {
 };
 FileBytes ReadFileBytes(const std::string& path);
 
-// ---- Writing
-// -----------------------------------------------------------------------------------------
+// ---- Writing -----------------------------------------------------------------------------------
 
 /// A project as the text of its file.
 struct ProjectText {

@@ -59,8 +59,8 @@ private:
     FileFailure UnknownKey(std::string_view key);
     FileFailure NextTrimmedUpper(std::string& key);
     FileFailure ReadInto(std::string& field, bool trimmed);
-    FileFailure ReadPosition(int& position, int lowest, int highest);
-    FileFailure ReadNamedPosition(int& position, std::size_t entries);
+    FileFailure ReadPosition(const ListField& list, int lowest);
+    FileFailure ReadNamedPosition(const ListField& list);
     FileFailure ReadPicture();
     void PassOver(std::string_view item, std::size_t position);
 
@@ -88,17 +88,17 @@ void ProjectFileReader::ReadSections() {
 }
 
 FileFailure ProjectFileReader::ReadSection(std::string_view keyword, bool& known) {
-    if (EqualsIgnoringCase(keyword, "RECDATA"))
+    if (EqualsIgnoringCase(keyword, RecDataSection))
         return ReadRecData();
-    if (EqualsIgnoringCase(keyword, "LSWEIGHT"))
+    if (EqualsIgnoringCase(keyword, IgnoreKeySection))
         return ReadLsWeight();
-    if (EqualsIgnoringCase(keyword, "WELLGEO"))
+    if (EqualsIgnoringCase(keyword, WellGeoSection))
         return ReadWellGeo();
-    if (EqualsIgnoringCase(keyword, "WELLID"))
+    if (EqualsIgnoringCase(keyword, WellIDSection))
         return ReadWellId();
-    if (EqualsIgnoringCase(keyword, "SITEID"))
+    if (EqualsIgnoringCase(keyword, SiteIDSection))
         return ReadSiteId();
-    if (EqualsIgnoringCase(keyword, "PLOTINFO"))
+    if (EqualsIgnoringCase(keyword, PlotInfoSection))
         return ReadPlotInfo();
     known = false;
     return FileFailure::None;
@@ -147,25 +147,26 @@ FileFailure ProjectFileReader::ReadInto(std::string& field, bool trimmed) {
     return item.atEnd || item.cut ? FileFailure::InputPastEnd : FileFailure::None;
 }
 
-FileFailure ProjectFileReader::ReadPosition(int& position, int lowest, int highest) {
+FileFailure ProjectFileReader::ReadPosition(const ListField& list, int lowest) {
     const FileItem item = reader_.NextItem();
     if (item.atEnd)
         return FileFailure::InputPastEnd;
     const std::optional<double> number = ParseNumber(item.text);
     if (!number)
         return item.cut ? FileFailure::InputPastEnd : FileFailure::TypeMismatch;
-    if (*number != std::floor(*number) || *number < lowest || *number > highest)
+    if (*number != std::floor(*number) || *number < lowest ||
+        *number >= static_cast<double>(list.names.size()))
         return FileFailure::InvalidPropertyValue;
-    position = static_cast<int>(*number);
+    state_.*list.position = static_cast<int>(*number);
     return item.cut ? FileFailure::InputPastEnd : FileFailure::None;
 }
 
-FileFailure ProjectFileReader::ReadNamedPosition(int& position, std::size_t entries) {
+FileFailure ProjectFileReader::ReadNamedPosition(const ListField& list) {
     std::string_view name; // informative only: the position counts
     const FileFailure failure = NextText(name);
     if (failure != FileFailure::None)
         return failure;
-    return ReadPosition(position, 0, static_cast<int>(entries) - 1);
+    return ReadPosition(list, 0);
 }
 
 FileFailure ProjectFileReader::ReadPicture() {
@@ -186,11 +187,10 @@ FileFailure ProjectFileReader::ReadWellGeo() {
     for (std::size_t i = 0; i < WellGeoFields.size(); ++i)
         if (key == WellGeoFields[i].key)
             return ReadInto(state_.WellGeoText[i], true);
-    if (key == "VERMEASUNITS")
-        return ReadNamedPosition(state_.WellGeoVertUnitsDDL, LengthUnitNames.size());
-    if (key == "RADMEASUNITS")
-        return ReadNamedPosition(state_.WellGeoRadUnitsDDL, LengthUnitNames.size());
-    if (key == "PICSELECT")
+    for (const ListField& list : WellGeoLists)
+        if (key == list.key)
+            return ReadNamedPosition(list);
+    if (key == PictureKey)
         return ReadPicture();
     return UnknownKey(key);
 }
@@ -200,17 +200,12 @@ FileFailure ProjectFileReader::ReadRecData() {
     if (const FileFailure failure = NextText(text); failure != FileFailure::None)
         return failure;
     const std::string_view key = TrimBlanks(text);
-    if (EqualsIgnoringCase(key, "DATAPOINT"))
+    if (EqualsIgnoringCase(key, DataPointKey))
         return ReadDataPoint();
-    if (EqualsIgnoringCase(key, "TIMEUNITS"))
-        return ReadNamedPosition(state_.RecDatTimeUnitsDDL, TimeUnitNames.size());
-    if (EqualsIgnoringCase(key, "WATERUNITS"))
-        return ReadNamedPosition(state_.RecDatWaterLevelUnitsDDL, LengthUnitNames.size());
-    if (EqualsIgnoringCase(key, "HEADMEASMETHOD"))
-        return ReadNamedPosition(state_.RecDatDataTypeDDL, DataTypeNames.size());
-    if (EqualsIgnoringCase(key, "SLUGTESTTYPE"))
-        return ReadNamedPosition(state_.RecDatSlugTestTypeDDL, SlugTestTypeNames.size());
-    if (EqualsIgnoringCase(key, "PRESLUG"))
+    for (const ListField& list : RecDataLists)
+        if (EqualsIgnoringCase(key, list.key))
+            return ReadNamedPosition(list);
+    if (EqualsIgnoringCase(key, PreSlugKey))
         return ReadInto(state_.RecDatPreSlugHeadText, true);
     return UnknownKey(key);
 }
@@ -264,17 +259,12 @@ FileFailure ProjectFileReader::ReadPlotInfo() {
     std::string key;
     if (const FileFailure failure = NextTrimmedUpper(key); failure != FileFailure::None)
         return failure;
-    if (key == "TITLE0")
-        return ReadInto(state_.PlotText[0], false);
-    if (key == "TITLE1")
-        return ReadInto(state_.PlotText[1], false);
-    if (key == "TITLE2")
-        return ReadInto(state_.PlotText[2], false);
-    if (key == "KTIMEUNITS")
-        return ReadPosition(state_.CmboKTimeUnits, -1, static_cast<int>(TimeUnitNames.size()) - 1);
-    if (key == "KLENGTHUNITS")
-        return ReadPosition(state_.CmboKLengthUnits, -1,
-                            static_cast<int>(LengthUnitNames.size()) - 1);
+    for (std::size_t i = 0; i < PlotTitleKeys.size(); ++i)
+        if (key == PlotTitleKeys[i])
+            return ReadInto(state_.PlotText[i], false);
+    for (const ListField& list : PlotInfoLists)
+        if (key == list.key)
+            return ReadPosition(list, -1);
     return UnknownKey(key);
 }
 

@@ -182,8 +182,4 @@ std::string SingleToText(double value) {
     return GeneralText(static_cast<double>(static_cast<float>(value)), 7);
 }
 
-std::string WholeToText(long long value) {
-    return std::to_string(value);
-}
-
 } // namespace quarnel

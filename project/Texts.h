@@ -33,7 +33,4 @@ std::string DoubleToText(double value, std::string_view decimalSeparator = ".");
 /// (exponent form from 7 on). A value beyond single precision is "".
 std::string SingleToText(double value);
 
-/// `value` as a whole number in plain decimal digits.
-std::string WholeToText(long long value);
-
 } // namespace quarnel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "project/GlobalDeclar.h"
+#include "recovery/RecoveryData.h"
 
 #include <cstddef>
 #include <optional>
@@ -57,8 +58,7 @@ GridBlock SelectedBlock(const GridSelection& selection);
 CellText& CellAt(RecoveryRow& row, int column);
 const CellText& CellAt(const RecoveryRow& row, int column);
 
-// ---- Changes
-// ---------------------------------------------------------------------------------------
+// ---- Changes -----------------------------------------------------------------------------------
 
 /// `count` rows from `at` (counted from 0) give way to `rows`. Carrying it out leaves in it what
 /// takes it back, so the same record serves for doing, undoing and doing again.
@@ -76,8 +76,7 @@ struct GridEdit {
     GridSelection after;
 };
 
-// ---- Commands; each works out the change and leaves the grid alone
-// ---------------------------------
+// ---- Commands; each works out the change and leaves the grid alone -----------------------------
 
 /// The cells of a block as text for the clipboard: cells of a row separated by TAB, each row ended
 /// by CR.

@@ -9,81 +9,41 @@
 namespace quarnel {
 
 namespace {
-enum CheckColumn { NumberColumn = 0, TimeColumn = 1, YColumn = 2, CheckColumnCount = 3 };
+
+enum CheckColumn { TimeColumn = 1 };
+
+std::vector<TableColumn> CheckColumns(const ProjectState& state, const SharedPoints& points) {
+    return {{[] { return ToHeading(SampleHeading()); },
+             [](std::size_t row) { return QString::number(row + 1); }},
+            {[&state] { return ToHeading(TimeHeading(state.RecDatTimeUnitsDDL)); },
+             [&points](std::size_t row) {
+                 return row < points->size() ? ToQString((*points)[row].timeText) : QString();
+             }},
+            {[&state] { return ToHeading(YHeading(state.RecDatWaterLevelUnitsDDL)); },
+             [&points](std::size_t row) {
+                 return row < points->size() ? ToQString(YText((*points)[row])) : QString();
+             }}};
+}
+
 } // namespace
-
-CheckGridModel::CheckGridModel(const ProjectState& state, QObject* parent)
-    : QAbstractTableModel(parent)
-    , state_(state)
-    , points_(std::make_shared<RecoveryPointList>()) {}
-
-void CheckGridModel::ShowPoints(std::shared_ptr<const RecoveryPointList> points) {
-    beginResetModel();
-    points_ = std::move(points);
-    endResetModel();
-}
-
-void CheckGridModel::ShowHeadings() {
-    Q_EMIT headerDataChanged(Qt::Horizontal, 0, CheckColumnCount - 1);
-}
-
-int CheckGridModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : std::max(static_cast<int>(points_->size()), 1);
-}
-
-int CheckGridModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : CheckColumnCount;
-}
-
-QVariant CheckGridModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid())
-        return {};
-    if (role == Qt::TextAlignmentRole)
-        return QVariant(Qt::AlignRight | Qt::AlignVCenter);
-    if (role != Qt::DisplayRole)
-        return {};
-    if (index.column() == NumberColumn)
-        return QString::number(index.row() + 1);
-    const auto row = static_cast<std::size_t>(index.row());
-    if (row >= points_->size())
-        return QString();
-    const RecoveryPoint& point = (*points_)[row];
-    return index.column() == TimeColumn ? ToQString(point.timeText) : ToQString(YText(point));
-}
-
-QVariant CheckGridModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (role != Qt::DisplayRole)
-        return {};
-    if (orientation == Qt::Vertical)
-        return section + 1;
-    switch (section) {
-    case NumberColumn:
-        return ToHeading(SampleHeading());
-    case TimeColumn:
-        return ToHeading(TimeHeading(state_.RecDatTimeUnitsDDL));
-    case YColumn:
-        return ToHeading(YHeading(state_.RecDatWaterLevelUnitsDDL));
-    default:
-        return {};
-    }
-}
 
 RecDatCheckGrid::RecDatCheckGrid(const ProjectState& state, QWidget* parent)
     : GridView(parent)
-    , model_(state) {
+    , model_(CheckColumns(state, points_)) {
     setObjectName(QStringLiteral("RecDatCheckGrid"));
     setSelectionMode(ContiguousSelection);
     setModel(&model_);
     ClearCheckGrid();
 }
 
-void RecDatCheckGrid::ShowYInCheckGrid(std::shared_ptr<const RecoveryPointList> points) {
-    model_.ShowPoints(std::move(points));
+void RecDatCheckGrid::ShowYInCheckGrid(SharedPoints points) {
+    const std::size_t rows = std::max<std::size_t>(points->size(), 1);
+    model_.ShowRows(rows, [this, &points] { points_ = std::move(points); });
     setCurrentIndex(model_.index(0, TimeColumn));
 }
 
 void RecDatCheckGrid::ClearCheckGrid() {
-    ShowYInCheckGrid(std::make_shared<RecoveryPointList>());
+    ShowYInCheckGrid(SharedPoints());
 }
 
 } // namespace quarnel

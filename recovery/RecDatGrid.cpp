@@ -25,8 +25,7 @@ RecDatGrid::RecDatGrid(RecoveryGridModel& model, QWidget* parent)
     setAttribute(Qt::WA_InputMethodEnabled);
 }
 
-// ---- Selection
-// -------------------------------------------------------------------------------------
+// ---- Selection ---------------------------------------------------------------------------------
 
 void RecDatGrid::ShowSelection() {
     MirrorSelection();
@@ -89,8 +88,7 @@ void RecDatGrid::selectionChanged(const QItemSelection& selected,
     TakeOverSelection();
 }
 
-// ---- Commands
-// --------------------------------------------------------------------------------------
+// ---- Commands ----------------------------------------------------------------------------------
 
 void RecDatGrid::PutOnClipboard(const std::string& text) {
     QGuiApplication::clipboard()->setText(ToQString(text));
@@ -129,8 +127,7 @@ void RecDatGrid::Redo() {
     ShowSelection();
 }
 
-// ---- Focus
-// -----------------------------------------------------------------------------------------
+// ---- Focus -------------------------------------------------------------------------------------
 
 void RecDatGrid::focusInEvent(QFocusEvent* event) {
     Editor().StartTypingAnew();

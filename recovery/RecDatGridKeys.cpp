@@ -39,8 +39,7 @@ std::size_t MoveRow(std::size_t row, int by) {
 
 } // namespace
 
-// ---- Keys
-// ------------------------------------------------------------------------------------------
+// ---- Keys --------------------------------------------------------------------------------------
 
 bool RecDatGrid::event(QEvent* event) {
     // A key that writes into the cell, or cuts it, is never a shortcut of the window around it.
@@ -169,8 +168,7 @@ void RecDatGrid::inputMethodEvent(QInputMethodEvent* event) {
     event->accept();
 }
 
-// ---- Mouse
-// -----------------------------------------------------------------------------------------
+// ---- Mouse -------------------------------------------------------------------------------------
 
 /// The data cell under the pointer, or the one nearest to it where it is outside.
 GridCell RecDatGrid::NearestCell(QPoint position) const {

@@ -26,7 +26,7 @@ void TrimCell(CellText& cell) {
     cell = CellText(TrimBlanks(text));
 }
 
-Result CheckPreSlug(ProjectState& state, ComputedValues& computed) {
+Result CheckPreSlug(ProjectState& state, RecoveryData& data) {
     std::string& text = state.RecDatPreSlugHeadText;
     text = std::string(TrimBlanks(text));
     if (text.empty())
@@ -35,8 +35,8 @@ Result CheckPreSlug(ProjectState& state, ComputedValues& computed) {
     if (!value)
         return Result::Error("Value entered for Pre-Slug Test Condition cannot be evaluated as a "
                              "number. Please re-enter.");
-    computed.preSlugText = text;
-    computed.preSlug = *value;
+    data.preSlugText = text;
+    data.preSlug = *value;
     return Result::Ok();
 }
 
@@ -80,18 +80,6 @@ RowFault CheckRow(const RecoveryRow& cells, std::string_view separator, Recovery
     return RowFault::None;
 }
 
-/// An empty point list with room for `rows`. The memory of the last check serves again unless the
-/// kept details still hold its points: for a million readings getting it anew costs more than the
-/// check.
-RecoveryPointList& EmptyPointList(ComputedValues& computed, std::size_t rows) {
-    std::shared_ptr<RecoveryPointList>& points = computed.RecoveryPoints;
-    if (points.use_count() != 1 || points->capacity() / 2 > rows)
-        points = std::make_shared<RecoveryPointList>();
-    points->clear();
-    points->reserve(rows);
-    return *points;
-}
-
 /// Trims every cell up to the first fault, as the check goes, and gathers the points.
 Result CheckRows(ProjectState& state, RecoveryPointList& points) {
     for (std::size_t i = 0; i < state.RecDatGrid.size(); ++i) {
@@ -109,7 +97,6 @@ Result CheckRows(ProjectState& state, RecoveryPointList& points) {
 
 void ComputeY(RecoveryPoint& point, double preSlug, double sign) {
     point.y = (point.level - preSlug) * sign;
-    point.weight = 0;
     point.yValid = 0;
     if (point.y > 0) {
         point.log10Y = std::log(point.y) / std::log(10.0);
@@ -151,16 +138,16 @@ void FindDecades(PlotBounds& bounds) {
     } while (at + 1 < PowersOfTen.size() && PowersOfTen[at] < bounds.PlotMaxY);
 }
 
-void ComputeBounds(ComputedValues& computed) {
-    PlotBounds& bounds = computed.bounds;
-    FindExtremes(*computed.RecoveryPoints, bounds);
-    bounds.PlotMaxYcm = bounds.PlotMaxY * UnitFactorToCm(computed.levelUnit);
-    if (computed.ValidYCount == 1) {
+void ComputeBounds(RecoveryData& data) {
+    PlotBounds& bounds = data.bounds;
+    FindExtremes(*data.RecoveryPoints, bounds);
+    bounds.PlotMaxYcm = bounds.PlotMaxY * UnitFactorToCm(data.levelUnit);
+    if (data.ValidYCount == 1) {
         bounds.PlotMaxTime = std::max(bounds.PlotMaxTime * 2, 0.01);
         bounds.PlotMinY /= 2;
         bounds.PlotMaxY *= 2;
     }
-    if (computed.ValidYCount == 0) {
+    if (data.ValidYCount == 0) {
         bounds.PlotMaxTime = 10;
         bounds.PlotMinY = 1;
         bounds.PlotYAxisMin = 1;
@@ -173,19 +160,18 @@ void ComputeBounds(ComputedValues& computed) {
 
 } // namespace
 
-Result CheckRecoveryData(ProjectState& state, ComputedValues& computed) {
-    computed.dataType = state.RecDatDataTypeDDL;
-    computed.preSlugText.clear();
-    computed.preSlug = 0;
-    RecoveryPointList& points = EmptyPointList(computed, state.RecDatGrid.size());
-    computed.Criteria.clear();
-    computed.ValidYCount = 0;
-    if (computed.dataType < ChangeInHead)
-        if (Result result = CheckPreSlug(state, computed); result.IsError())
+Result CheckRecoveryData(ProjectState& state, RecoveryData& data) {
+    data.dataType = state.RecDatDataTypeDDL;
+    data.preSlugText.clear();
+    data.preSlug = 0;
+    RecoveryPointList& points = data.RecoveryPoints.Renew(state.RecDatGrid.size());
+    data.ValidYCount = 0;
+    if (data.dataType < ChangeInHead)
+        if (Result result = CheckPreSlug(state, data); result.IsError())
             return result;
-    computed.slugTestType = state.RecDatSlugTestTypeDDL;
-    computed.timeUnit = state.RecDatTimeUnitsDDL;
-    computed.levelUnit = state.RecDatWaterLevelUnitsDDL;
+    data.slugTestType = state.RecDatSlugTestTypeDDL;
+    data.timeUnit = state.RecDatTimeUnitsDDL;
+    data.levelUnit = state.RecDatWaterLevelUnitsDDL;
     Result result = CheckRows(state, points);
     if (result.IsError())
         points.clear();
@@ -201,23 +187,23 @@ double YSign(int dataType, int slugTestType) {
     return rising ? -1 : 1;
 }
 
-Result ComputeRecoveryY(ComputedValues& computed) {
+Result ComputeRecoveryY(RecoveryData& data) {
     Result result;
-    const double sign = YSign(computed.dataType, computed.slugTestType);
-    const double secPerUnit = UnitFactorToSec(computed.timeUnit);
-    const double cmPerUnit = UnitFactorToCm(computed.levelUnit);
-    computed.ValidYCount = 0;
-    for (RecoveryPoint& point : *computed.RecoveryPoints) {
-        ComputeY(point, computed.preSlug, sign);
+    const double sign = YSign(data.dataType, data.slugTestType);
+    const double secPerUnit = UnitFactorToSec(data.timeUnit);
+    const double cmPerUnit = UnitFactorToCm(data.levelUnit);
+    data.ValidYCount = 0;
+    for (RecoveryPoint& point : data.RecoveryPoints.Change()) {
+        ComputeY(point, data.preSlug, sign);
         if (point.yValid == 0)
             result = Result::Warning(std::string(YWarning));
-        computed.ValidYCount += point.yValid;
+        data.ValidYCount += point.yValid;
         point.timeSec = point.time * secPerUnit;
         point.yCm = point.y * cmPerUnit;
         if (point.yCm > 0)
             point.lnYCm = std::log(point.yCm);
     }
-    ComputeBounds(computed);
+    ComputeBounds(data);
     return result;
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "project/GlobalDeclar.h"
+#include "project/ProjectState.h"
+#include "project/Result.h"
+#include "recovery/RecoveryData.h"
 
 #include <string>
 #include <string_view>
@@ -8,14 +10,14 @@
 namespace quarnel {
 
 /// Checks the pre-slug condition and every row of the recovery grid that is not blank, and makes
-/// `computed.RecoveryPoints` anew from them. Texts are trimmed in `state` before they are checked,
+/// `data.RecoveryPoints` anew from them. Texts are trimmed in `state` before they are checked,
 /// and stay trimmed when a check fails. Error: the first fault's message, and no points.
-Result CheckRecoveryData(ProjectState& state, ComputedValues& computed);
+Result CheckRecoveryData(ProjectState& state, RecoveryData& data);
 
 /// Computes for every point Y, the change in head (entered level unit), its logarithms, time in s
 /// and Y in cm, then the bounds of the plot. Warning: at least one Y is not above 0; all points are
 /// computed all the same.
-Result ComputeRecoveryY(ComputedValues& computed);
+Result ComputeRecoveryY(RecoveryData& data);
 
 /// Y as the grids show it: rounded to single precision, at most 7 digits, a leading blank for
 /// values from 0 on and "-" below; "" beyond single precision.
@@ -24,8 +26,7 @@ std::string YText(const RecoveryPoint& point);
 /// +1 or -1: what turns (reading - pre-slug reading) into the change in head.
 double YSign(int dataType, int slugTestType);
 
-// ---- Headings and labels that follow the lists
-// ---------------------------------------------------------
+// ---- Headings and labels that follow the lists -------------------------------------------------
 
 /// "Sample", line break, " Number".
 std::string SampleHeading();

@@ -11,11 +11,10 @@
 
 namespace quarnel {
 
-// ---- Showing the project
-// ---------------------------------------------------------------------------
+// ---- Showing the project -----------------------------------------------------------------------
 
 void RecoveryDataPanel::ShowState() {
-    const ProjectState& state = analysis_.state;
+    const ProjectState& state = state_;
     RecDatDataTypeDDL->setCurrentIndex(state.RecDatDataTypeDDL);
     RecDatSlugTestTypeDDL->setCurrentIndex(state.RecDatSlugTestTypeDDL);
     RecDatTimeUnitsDDL->setCurrentIndex(state.RecDatTimeUnitsDDL);
@@ -28,9 +27,9 @@ void RecoveryDataPanel::ShowState() {
 }
 
 void RecoveryDataPanel::ShowPreparedData() {
-    RecDatPreSlugHeadText->setText(ToQString(analysis_.state.RecDatPreSlugHeadText));
+    RecDatPreSlugHeadText->setText(ToQString(state_.RecDatPreSlugHeadText));
     model_->ShowTrimmedCells();
-    checkGrid_->ShowYInCheckGrid(analysis_.computed.RecoveryPoints);
+    checkGrid_->ShowYInCheckGrid(data_.RecoveryPoints);
 }
 
 void RecoveryDataPanel::SetHeadings() {
@@ -55,14 +54,13 @@ void RecoveryDataPanel::SetTimeHeading() {
 
 /// Changes in head need no reading from before the test.
 void RecoveryDataPanel::ShowPreSlugBox() {
-    const ProjectState& state = analysis_.state;
+    const ProjectState& state = state_;
     RecDatPreSlugHeadLbl->setText(
         ToQString(PreSlugLabel(state.RecDatDataTypeDDL, state.RecDatWaterLevelUnitsDDL)));
     RecDatPreSlugHeadText->setVisible(state.RecDatDataTypeDDL != ChangeInHead);
 }
 
-// ---- Commands
-// --------------------------------------------------------------------------------------
+// ---- Commands ----------------------------------------------------------------------------------
 
 void RecoveryDataPanel::OpenInsertRowsPanel() {
     insertRows_->Open();
@@ -96,13 +94,12 @@ void RecoveryDataPanel::SortByTime() {
     Result result;
     {
         const BusyPointer busy;
-        // Checked apart from the analysis: the Y of its points, and the K made from them, stay
-        // until the next check or computation.
-        ComputedValues checked;
-        result = CheckRecoveryData(analysis_.state, checked);
+        // Checked apart: the points of the last check stay until the next one.
+        RecoveryData checked;
+        result = CheckRecoveryData(state_, checked);
         if (!result.IsError())
             grid_->Editor().SortByTime(*checked.RecoveryPoints);
-        RecDatPreSlugHeadText->setText(ToQString(analysis_.state.RecDatPreSlugHeadText));
+        RecDatPreSlugHeadText->setText(ToQString(state_.RecDatPreSlugHeadText));
         model_->ShowTrimmedCells();
         grid_->ShowSelection();
     }
@@ -114,8 +111,11 @@ void RecoveryDataPanel::CheckData() {
     Result result;
     {
         const BusyPointer busy;
-        result = CheckDataShowYs(analysis_);
+        result = CheckRecoveryData(state_, data_);
+        if (!result.IsError())
+            result = ComputeRecoveryY(data_);
         ShowPreparedData();
+        Q_EMIT Checked();
     }
     if (!result.message.empty())
         ShowMessage(this, ToQString(result.message));

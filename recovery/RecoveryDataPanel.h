@@ -1,5 +1,7 @@
 #pragma once
 
+#include "project/ProjectState.h"
+#include "recovery/RecoveryData.h"
 #include "widgets/Panel.h"
 
 #include <QComboBox>
@@ -23,7 +25,7 @@ class RecoveryGridModel;
 class RecoveryDataPanel : public Panel {
     Q_OBJECT
 public:
-    explicit RecoveryDataPanel(Analysis& analysis, QWidget* parent = nullptr);
+    RecoveryDataPanel(ProjectState& state, RecoveryData& checked, QWidget* parent = nullptr);
     /// Shows the project again; New and Open come through here, so the editing history starts
     /// afresh.
     void ShowState() override;
@@ -33,6 +35,8 @@ public:
 Q_SIGNALS:
     /// A unit or type list changed, so headings elsewhere follow.
     void HeadingsChanged();
+    /// "Check Data/Show Y's" has made the points anew.
+    void Checked();
 
 private:
     QWidget* BuildSettings();
@@ -58,6 +62,8 @@ private:
     void ShowContextMenu(QPoint position);
     void TakeTabStops(bool take);
 
+    ProjectState& state_;
+    RecoveryData& data_; ///< what the last check left
     QComboBox* RecDatDataTypeDDL = nullptr;
     QComboBox* RecDatSlugTestTypeDDL = nullptr;
     QComboBox* RecDatTimeUnitsDDL = nullptr;

@@ -38,16 +38,18 @@ QBoxLayout* Captioned(const QString& caption, QComboBox* list) {
 
 } // namespace
 
-RecoveryDataPanel::RecoveryDataPanel(Analysis& analysis, QWidget* parent)
-    : Panel(analysis, parent)
-    , model_(new RecoveryGridModel(analysis.state, this)) {
+RecoveryDataPanel::RecoveryDataPanel(ProjectState& state, RecoveryData& checked, QWidget* parent)
+    : Panel(parent)
+    , state_(state)
+    , data_(checked)
+    , model_(new RecoveryGridModel(state, this)) {
     QWidget* settings = BuildSettings();
     grid_ = new RecDatGrid(*model_);
     grid_->setToolTip(QStringLiteral(
         "One row for each reading: the time since the start of the test and the water level.\n"
         "Tab or Enter goes to the next cell. Readings can be pasted from a spreadsheet or a "
         "logger's program."));
-    insertRows_ = new InsertRowsPanel(analysis.state);
+    insertRows_ = new InsertRowsPanel(state);
     auto* columns = new QHBoxLayout;
     columns->addWidget(grid_, 3);
     columns->addLayout(BuildCommands());
@@ -57,6 +59,11 @@ RecoveryDataPanel::RecoveryDataPanel(Analysis& analysis, QWidget* parent)
     rows->addLayout(columns, 1);
 
     ConnectLists();
+    connect(this, &RecoveryDataPanel::HeadingsChanged, this, &RecoveryDataPanel::Edited);
+    connect(model_, &QAbstractItemModel::dataChanged, this, &RecoveryDataPanel::Edited);
+    connect(model_, &QAbstractItemModel::rowsInserted, this, &RecoveryDataPanel::Edited);
+    connect(model_, &QAbstractItemModel::rowsRemoved, this, &RecoveryDataPanel::Edited);
+    connect(model_, &QAbstractItemModel::modelReset, this, &RecoveryDataPanel::Edited);
     connect(insertRows_, &InsertRowsPanel::InsertRequested, this,
             [this](int count, InsertPlace place) {
                 grid_->Editor().InsertRows(count, place);
@@ -157,7 +164,7 @@ QBoxLayout* RecoveryDataPanel::BuildCommands() {
 }
 
 QBoxLayout* RecoveryDataPanel::BuildCheckColumn() {
-    checkGrid_ = new RecDatCheckGrid(analysis_.state);
+    checkGrid_ = new RecDatCheckGrid(state_);
     checkGrid_->setToolTip(QStringLiteral(
         "Y is the change in head: how far the water level is from where it was before the test"));
     auto* rows = new QVBoxLayout;
@@ -170,23 +177,26 @@ QBoxLayout* RecoveryDataPanel::BuildCheckColumn() {
 }
 
 void RecoveryDataPanel::ConnectLists() {
-    ProjectState& state = analysis_.state;
-    connect(RecDatDataTypeDDL, &QComboBox::activated, this, [this, &state](int position) {
-        state.RecDatDataTypeDDL = position;
+    connect(RecDatDataTypeDDL, &QComboBox::activated, this, [this](int position) {
+        state_.RecDatDataTypeDDL = position;
         SetRecoveryHeadings();
     });
-    connect(RecDatWaterLevelUnitsDDL, &QComboBox::activated, this, [this, &state](int position) {
-        state.RecDatWaterLevelUnitsDDL = position;
+    connect(RecDatWaterLevelUnitsDDL, &QComboBox::activated, this, [this](int position) {
+        state_.RecDatWaterLevelUnitsDDL = position;
         SetRecoveryHeadings();
     });
-    connect(RecDatTimeUnitsDDL, &QComboBox::activated, this, [this, &state](int position) {
-        state.RecDatTimeUnitsDDL = position;
+    connect(RecDatTimeUnitsDDL, &QComboBox::activated, this, [this](int position) {
+        state_.RecDatTimeUnitsDDL = position;
         SetTimeHeading();
     });
-    connect(RecDatSlugTestTypeDDL, &QComboBox::activated, this,
-            [&state](int position) { state.RecDatSlugTestTypeDDL = position; });
-    connect(RecDatPreSlugHeadText, &QLineEdit::textEdited, this,
-            [&state](const QString& text) { state.RecDatPreSlugHeadText = ToUtf8(text); });
+    connect(RecDatSlugTestTypeDDL, &QComboBox::activated, this, [this](int position) {
+        state_.RecDatSlugTestTypeDDL = position;
+        Q_EMIT Edited();
+    });
+    connect(RecDatPreSlugHeadText, &QLineEdit::textEdited, this, [this](const QString& text) {
+        state_.RecDatPreSlugHeadText = ToUtf8(text);
+        Q_EMIT Edited();
+    });
 }
 
 } // namespace quarnel

@@ -50,7 +50,7 @@ Result TakeDiameter(ProjectState& state, int index, const std::string& name,
     return result;
 }
 
-Result TakePorosity(ProjectState& state, ComputedValues& computed) {
+Result TakePorosity(ProjectState& state, WellDimensions& well) {
     std::string text = TrimBox(state, GeoDpor);
     if (text.empty())
         text = "0";
@@ -61,23 +61,23 @@ Result TakePorosity(ProjectState& state, ComputedValues& computed) {
     if (*percent < 0 || *percent > 100)
         return Result::Error(
             "Well Geometry: dpor, drained filter pack porosity, must be from 0 to 100 %.");
-    computed.dporText = text;
-    computed.n = *percent / 100;
+    well.dporText = text;
+    well.n = *percent / 100;
     return Result::Ok();
 }
 
-Result TakeEntries(ProjectState& state, ComputedValues& computed) {
-    Result result = TakeLength(state, GeoH, "H", computed.H);
+Result TakeEntries(ProjectState& state, WellDimensions& well) {
+    Result result = TakeLength(state, GeoH, "H", well.H);
     if (!result.IsError())
-        result = TakeLength(state, GeoLw, "Lw", computed.Lw);
+        result = TakeLength(state, GeoLw, "Lw", well.Lw);
     if (!result.IsError())
-        result = TakeLength(state, GeoLe, "Le", computed.Le);
+        result = TakeLength(state, GeoLe, "Le", well.Le);
     if (!result.IsError())
-        result = TakeDiameter(state, GeoDw, "dw, well borehole diameter,", computed.dw);
+        result = TakeDiameter(state, GeoDw, "dw, well borehole diameter,", well.dw);
     if (!result.IsError())
-        result = TakeDiameter(state, GeoDc, "dc, well casing diameter,", computed.dc);
+        result = TakeDiameter(state, GeoDc, "dc, well casing diameter,", well.dc);
     if (!result.IsError())
-        result = TakePorosity(state, computed);
+        result = TakePorosity(state, well);
     return result;
 }
 
@@ -86,43 +86,43 @@ bool ExceedsAsSingle(double a, double b) {
     return static_cast<float>(a) > static_cast<float>(b);
 }
 
-Result CompareLengths(const ComputedValues& computed) {
+Result CompareLengths(const WellDimensions& well) {
     Result result;
-    if (ExceedsAsSingle(computed.Lw.value, computed.H.value))
+    if (ExceedsAsSingle(well.Lw.value, well.H.value))
         result = Result::Error("Well Geometry: Lw must <= H.");
-    if (ExceedsAsSingle(computed.Le.value, computed.Lw.value))
+    if (ExceedsAsSingle(well.Le.value, well.Lw.value))
         result = Result::Error("Well Geometry: Le must <= Lw.");
-    if (ExceedsAsSingle(computed.dc.value, computed.dw.value))
+    if (ExceedsAsSingle(well.dc.value, well.dw.value))
         result = Result::Error("Well Geometry: dc must be <= dw, well casing diameter must be <= "
                                "well borehole diameter.");
     return result;
 }
 
-void DeriveLengths(const ProjectState& state, ComputedValues& computed) {
-    computed.verticalUnit = state.WellGeoVertUnitsDDL;
-    computed.radialUnit = state.WellGeoRadUnitsDDL;
-    const double verticalFactor = UnitFactorToCm(computed.verticalUnit);
-    computed.H.cm = computed.H.value * verticalFactor;
-    computed.Lw.cm = computed.Lw.value * verticalFactor;
-    computed.Le.cm = computed.Le.value * verticalFactor;
-    const double radialFactor = UnitFactorToCm(computed.radialUnit);
-    const double rw = computed.dw.radius;
-    const double rc = computed.dc.radius;
-    computed.dw.radiusCm = rw * radialFactor;
-    computed.dc.radiusCm = rc * radialFactor;
-    computed.re = std::sqrt((rw * rw - rc * rc) * computed.n + rc * rc);
-    computed.reCm = computed.re * radialFactor;
-    computed.reText = SingleToText(computed.re);
+void DeriveLengths(const ProjectState& state, WellDimensions& well) {
+    well.verticalUnit = state.WellGeoVertUnitsDDL;
+    well.radialUnit = state.WellGeoRadUnitsDDL;
+    const double verticalFactor = UnitFactorToCm(well.verticalUnit);
+    well.H.cm = well.H.value * verticalFactor;
+    well.Lw.cm = well.Lw.value * verticalFactor;
+    well.Le.cm = well.Le.value * verticalFactor;
+    const double radialFactor = UnitFactorToCm(well.radialUnit);
+    const double rw = well.dw.radius;
+    const double rc = well.dc.radius;
+    well.dw.radiusCm = rw * radialFactor;
+    well.dc.radiusCm = rc * radialFactor;
+    well.re = std::sqrt((rw * rw - rc * rc) * well.n + rc * rc);
+    well.reCm = well.re * radialFactor;
+    well.reText = SingleToText(well.re);
 }
 
 } // namespace
 
-Result CheckWellGeometry(ProjectState& state, ComputedValues& computed) {
-    Result result = TakeEntries(state, computed);
+Result CheckWellGeometry(ProjectState& state, WellDimensions& well) {
+    Result result = TakeEntries(state, well);
     if (result.IsError())
         return result;
-    result = CompareLengths(computed);
-    DeriveLengths(state, computed);
+    result = CompareLengths(well);
+    DeriveLengths(state, well);
     return result;
 }
 

@@ -48,8 +48,9 @@ QString Name(const char* name, std::size_t index) {
 
 } // namespace
 
-WellGeometryPanel::WellGeometryPanel(Analysis& analysis, QWidget* parent)
-    : Panel(analysis, parent) {
+WellGeometryPanel::WellGeometryPanel(ProjectState& state, QWidget* parent)
+    : Panel(parent)
+    , state_(state) {
     auto* check = new QPushButton(tr("Check Data"), this);
     check->setObjectName(QStringLiteral("SSCmdWellGeoCheckData"));
     check->setToolTip(tr("Check that the dimensions are complete and fit together"));
@@ -74,8 +75,10 @@ void WellGeometryPanel::AddBox(int index, QGridLayout& grid, int row) {
     box->setToolTip(tr(FieldToolTips[i]));
     box->setAccessibleName(tr(FieldNames[i]));
     box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QLatin1Char('0')) * BoxCharacters);
-    connect(box, &QLineEdit::textEdited, this,
-            [this, i](const QString& text) { analysis_.state.WellGeoText[i] = ToUtf8(text); });
+    connect(box, &QLineEdit::textEdited, this, [this, i](const QString& text) {
+        state_.WellGeoText[i] = ToUtf8(text);
+        Q_EMIT Edited();
+    });
     auto* label = new QLabel(ToQString(WellGeoFields[i].label), this);
     label->setObjectName(Name("WellGeoLbl", i));
     label->setToolTip(box->toolTip());
@@ -94,8 +97,10 @@ QComboBox* WellGeometryPanel::AddUnitList(const QString& name, const QString& ac
     list->setToolTip(accessibleName);
     for (const std::string_view text : LengthUnitNames)
         list->addItem(ToQString(text));
-    connect(list, &QComboBox::activated, this,
-            [this, unit](int index) { analysis_.state.*unit = index; });
+    connect(list, &QComboBox::activated, this, [this, unit](int index) {
+        state_.*unit = index;
+        Q_EMIT Edited();
+    });
     auto* label = new QLabel(tr("Units"), this);
     label->setBuddy(list);
     grid.addWidget(label, grid.rowCount(), 0);
@@ -181,27 +186,27 @@ QWidget* WellGeometryPanel::BuildIllustration() {
 }
 
 void WellGeometryPanel::ChoosePicture(bool firstIsPressed) {
-    analysis_.state.SSRibbon1Pressed = firstIsPressed;
+    state_.SSRibbon1Pressed = firstIsPressed;
     Image1[0]->setVisible(firstIsPressed);
     Image1[1]->setVisible(!firstIsPressed);
 }
 
 void WellGeometryPanel::ShowState() {
-    const ProjectState& state = analysis_.state;
     for (std::size_t i = 0; i < WellGeoText.size(); ++i) {
-        const QString text = ToQString(state.WellGeoText[i]);
+        const QString text = ToQString(state_.WellGeoText[i]);
         if (WellGeoText[i]->text() != text)
             WellGeoText[i]->setText(text);
     }
-    WellGeoVertUnitsDDL->setCurrentIndex(state.WellGeoVertUnitsDDL);
-    WellGeoRadUnitsDDL->setCurrentIndex(state.WellGeoRadUnitsDDL);
-    const bool firstIsPressed = state.SSRibbon1Pressed;
+    WellGeoVertUnitsDDL->setCurrentIndex(state_.WellGeoVertUnitsDDL);
+    WellGeoRadUnitsDDL->setCurrentIndex(state_.WellGeoRadUnitsDDL);
+    const bool firstIsPressed = state_.SSRibbon1Pressed;
     (firstIsPressed ? SSRibbon1 : SSRibbon2)->setChecked(true);
     ChoosePicture(firstIsPressed);
 }
 
 void WellGeometryPanel::CheckData() {
-    const Result result = CheckWellGeometry(analysis_.state, analysis_.computed);
+    WellDimensions checked;
+    const Result result = CheckWellGeometry(state_, checked);
     ShowState();
     if (result.IsError())
         ShowMessage(this, ToQString(result.message), tr("Data Error"));

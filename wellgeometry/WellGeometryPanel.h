@@ -1,5 +1,6 @@
 #pragma once
 
+#include "project/ProjectState.h"
 #include "widgets/Panel.h"
 
 #include <array>
@@ -19,7 +20,7 @@ class WellSectionPicture;
 class WellGeometryPanel : public Panel {
     Q_OBJECT
 public:
-    explicit WellGeometryPanel(Analysis& analysis, QWidget* parent = nullptr);
+    explicit WellGeometryPanel(ProjectState& state, QWidget* parent = nullptr);
     void ShowState() override;
 
 private:
@@ -34,6 +35,7 @@ private:
     void ChoosePicture(bool firstIsPressed);
     void CheckData();
 
+    ProjectState& state_;
     std::array<QLineEdit*, 6> WellGeoText = {};
     std::array<QLabel*, 7> WellGeoLbl = {};
     QComboBox* WellGeoVertUnitsDDL = nullptr;

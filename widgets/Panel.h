@@ -1,22 +1,20 @@
 #pragma once
 
-#include "kcompute/Analysis.h"
-
 #include <QWidget>
 
 namespace quarnel {
 
-/// One panel of the main window, bound to the analysis: what the user types goes into the state at
-/// once, and ShowState shows the state again after New, Open or a check that trimmed texts.
+/// One panel of the main window: what the user types goes into what the panel is bound to at once,
+/// and ShowState shows that again after New, Open or a check that trimmed texts.
 class Panel : public QWidget {
+    Q_OBJECT
 public:
-    explicit Panel(Analysis& analysis, QWidget* parent = nullptr)
-        : QWidget(parent)
-        , analysis_(analysis) {}
+    using QWidget::QWidget;
     virtual void ShowState() = 0;
 
-protected:
-    Analysis& analysis_;
+Q_SIGNALS:
+    /// The user changed something that a computation is made from.
+    void Edited();
 };
 
 } // namespace quarnel

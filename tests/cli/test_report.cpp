@@ -17,8 +17,8 @@ protected:
         Analysis analysis;
         OpenProjectFile(path.toStdString(), analysis);
         if (PrepareComputation(analysis).pointsChecked)
-            ComputeAndKeep(analysis);
-        return ReportBytes(analysis);
+            Compute(analysis);
+        return ReportBytes(analysis.state, analysis.computation.get());
     }
 };
 

@@ -18,10 +18,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     quarnel::OpenProjectBytes(old, "file", analysis.state);
     if (quarnel::PrepareComputation(analysis).result.IsError())
         return 0;
-    const bool failed = quarnel::ComputeAndKeep(analysis).IsError();
-    quarnel::fuzz::Require(failed != analysis.computed.KIsComputed);
-    quarnel::fuzz::Require(std::isfinite(analysis.computed.KInCmPerSec));
-    quarnel::fuzz::Require(quarnel::ComputedKText(analysis.state, analysis.computed).empty() ==
-                           failed);
+    const bool failed = quarnel::Compute(analysis).IsError();
+    quarnel::fuzz::Require(failed == (analysis.computation == nullptr));
+    quarnel::fuzz::Require(failed || std::isfinite(analysis.computation->KInCmPerSec));
+    quarnel::fuzz::Require(
+        quarnel::ShowComputedK(analysis.state, analysis.computation.get()).empty() == failed);
     return 0;
 }

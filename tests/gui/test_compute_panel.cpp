@@ -249,13 +249,13 @@ private Q_SLOTS:
         QCOMPARE(program.Mark(3), u"Use"_s);
         program.Compute();
         QCOMPARE(program.Marks(), QStringList({u"Use"_s, u"Use"_s, u"Ignore"_s, u"Ignore"_s}));
-        QCOMPARE(program.Window().Current().computed.usedCount, 2);
+        QCOMPARE(program.Window().Current().computation->usedCount, 2);
     }
 
     void ChangingAUnitRedisplaysWithoutANewFit() {
         ComputeProgram program(Falling);
         program.Compute();
-        const double k = program.Window().Current().computed.KInCmPerSec;
+        const double k = program.Window().Current().computation->KInCmPerSec;
         auto& time = program.Find<QComboBox>(u"CmboKTimeUnits"_s);
         auto& length = program.Find<QComboBox>(u"CmboKLengthUnits"_s);
         length.setFocus();
@@ -266,7 +266,7 @@ private Q_SLOTS:
         QCOMPARE(perSecond, ToQString(NumberText(k)));
         QTest::keyClick(&time, Qt::Key_End);
         QCOMPARE(program.K(), ToQString(NumberText(k * 86400)));
-        QCOMPARE(program.Window().Current().computed.KInCmPerSec, k);
+        QCOMPARE(program.Window().Current().computation->KInCmPerSec, k);
     }
 
     void ChoosingAUnitBeforeComputingShowsNoK() {
@@ -277,15 +277,16 @@ private Q_SLOTS:
         QCOMPARE(program.K(), QString());
     }
 
-    void APreparationKeepsPlotAndLabelButNoKIsComputed() {
+    void ALookAtAnotherTabChangesNothing() {
         ComputeProgram program(Falling);
         program.Compute();
         const QString k = program.K();
+        const ComputationPtr computation = program.Window().Current().computation;
         program.ClickTab(1);
         program.ClickTab(5);
         QCOMPARE(program.K(), k);
         QVERIFY(!program.Plot().Drawing().IsEmpty());
-        QVERIFY(!program.Window().Current().computed.KIsComputed);
+        QCOMPARE(program.Window().Current().computation, computation);
     }
 
     void NewEmptiesPlotKMarksAndDetails() {
@@ -295,7 +296,7 @@ private Q_SLOTS:
         QVERIFY(program.Plot().Drawing().IsEmpty());
         QCOMPARE(program.K(), QString());
         QCOMPARE(program.Grid().model()->rowCount(), 1);
-        QVERIFY(!program.Window().Current().details.isFilled);
+        QVERIFY(program.Window().Current().computation == nullptr);
     }
 
     void OpeningAnotherProjectLeavesNothingOfTheLastOne() {
@@ -305,7 +306,7 @@ private Q_SLOTS:
         program.Window().OpenPath(QStringLiteral(QUARNEL_SOURCE_DIR "/examples/every-field.qn2"));
         QVERIFY(program.Plot().Drawing().IsEmpty());
         QCOMPARE(program.K(), QString());
-        QVERIFY(!program.Window().Current().details.isFilled);
+        QVERIFY(program.Window().Current().computation == nullptr);
         QCOMPARE(program.Find<QPlainTextEdit>(u"SummaryText"_s).toPlainText(), QString());
         QCOMPARE(program.Find<QTableView>(u"ComputeYGrid"_s).model()->rowCount(), 0);
     }
@@ -322,8 +323,21 @@ private Q_SLOTS:
         QCOMPARE(grid.index(1, 0).data().toString(), u"2"_s);
         QCOMPARE(grid.index(1, 1).data().toString(), u"10"_s);
         QCOMPARE(grid.index(1, 2).data().toString(), u" 0.8"_s);
-        const double fitted = FittedY(program.Window().Current().details, 1);
+        const double fitted = FittedY(*program.Window().Current().computation, 1);
         QCOMPARE(grid.index(1, 3).data().toString(), ToQString(NumberText(fitted)));
+    }
+
+    void MarksAreUndoneAndDoneAgainByKeys() {
+        ComputeProgram program(Falling);
+        program.ClickCell(1, CriteriaColumn);
+        program.ClickCell(2, CriteriaColumn, Qt::ShiftModifier);
+        QTest::keyClick(&program.Grid(), 'I', Qt::ShiftModifier);
+        QCOMPARE(program.Marks(), QStringList({u"Ignore"_s, u"Ignore"_s, u"Use"_s, u"Use"_s}));
+        QTest::keyClick(&program.Grid(), Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(program.Marks(), QStringList(4, u"Use"_s));
+        QVERIFY(program.Window().Current().state.IgnoreKeyList.empty());
+        QTest::keyClick(&program.Grid(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(program.Marks(), QStringList({u"Ignore"_s, u"Ignore"_s, u"Use"_s, u"Use"_s}));
     }
 
     void ARightClickOffersTheMarks() {

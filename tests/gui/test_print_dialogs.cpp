@@ -69,7 +69,8 @@ private Q_SLOTS:
         QVERIFY(folder_.isValid());
     }
 
-    // ---- Report --------------------------------------------------------------------------------
+    // ---- Report
+    // ------------------------------------------------------------------------------------
 
     void SaveToFileWritesTheReport() {
         ComputedProgram program;
@@ -82,7 +83,9 @@ private Q_SLOTS:
         answers.FileName(u" "_s + path + u" "_s);
         PressIn(program.Results(), "CmdPrtResults");
         QVERIFY2(answers.AllGiven(), answers.Complaints());
-        QCOMPARE(FileBytes(path).toStdString(), ReportBytes(program.Window().Current()));
+        QCOMPARE(FileBytes(path).toStdString(),
+                 ReportBytes(program.Window().Current().state,
+                             program.Window().Current().computation.get()));
         PressIn(program.Results(), "CmdClose");
         QVERIFY(!program.Results().isVisible());
     }
@@ -148,7 +151,8 @@ private Q_SLOTS:
         QVERIFY(text.contains(u"354.9"_s));
     }
 
-    // ---- Plot ----------------------------------------------------------------------------------
+    // ---- Plot
+    // --------------------------------------------------------------------------------------
 
     void TitlesStayAfterCancelAndAfterTheFrame() {
         ComputedProgram program;

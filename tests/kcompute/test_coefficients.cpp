@@ -187,7 +187,7 @@ TEST(LnReOverRw, ANegativeResultIsShownAsItComes) {
 }
 
 struct Computed {
-    ComputedValues values;
+    BouwerRiceValues values;
     Result result;
 };
 
@@ -196,9 +196,10 @@ Computed ComputeFrom(const std::array<std::string, 6>& texts) {
     state.WellGeoText = texts;
     state.WellGeoVertUnitsDDL = Centimetre;
     state.WellGeoRadUnitsDDL = Centimetre;
+    WellDimensions well;
+    EXPECT_FALSE(CheckWellGeometry(state, well).IsError());
     Computed computed;
-    EXPECT_FALSE(CheckWellGeometry(state, computed.values).IsError());
-    computed.result = ComputeCoefficientsAndRadii(computed.values);
+    computed.result = ComputeCoefficientsAndRadii(well, computed.values);
     return computed;
 }
 
@@ -216,16 +217,14 @@ TEST(CoefficientsAndRadii, StoresValuesAndTexts) {
     EXPECT_DOUBLE_EQ(values.lnReOverRw,
                      1 / (1.1 / std::log(90.0) + (2.42 + 0.35 * std::log(10.0)) / 30));
     EXPECT_EQ(values.lnReOverRwText, "2.84");
-    EXPECT_EQ(values.coefficientStatus, ComputationStatus::Ok);
-    EXPECT_EQ(values.coefficientMessage, "");
+    EXPECT_EQ(values.message, "");
 }
 
 TEST(CoefficientsAndRadii, KeepsTheWarningOfAClampedRatio) {
     const auto [small, smallResult] = ComputeFrom({"1000", "900", "38", "20", "10", "0"});
     EXPECT_EQ(smallResult.status, ComputationStatus::Warning);
     EXPECT_EQ(smallResult.message, TooSmall);
-    EXPECT_EQ(small.coefficientStatus, ComputationStatus::Warning);
-    EXPECT_EQ(small.coefficientMessage, TooSmall);
+    EXPECT_EQ(small.message, TooSmall);
     EXPECT_EQ(small.aText, "1.7");
     EXPECT_EQ(small.leOverRwText, "3.8");
     EXPECT_GT(small.lnReOverRw, 0);
@@ -258,9 +257,10 @@ TEST(CoefficientsAndRadii, HJustBelowLwInSinglePrecisionIsAFault) {
 TEST(CoefficientsAndRadii, NoUnitSelectedIsAFault) {
     ProjectState state = test::SmallProject();
     state.WellGeoVertUnitsDDL = -1;
-    ComputedValues computed;
-    EXPECT_FALSE(CheckWellGeometry(state, computed).IsError());
-    EXPECT_EQ(ComputeCoefficientsAndRadii(computed).message, Fault);
+    WellDimensions well;
+    EXPECT_FALSE(CheckWellGeometry(state, well).IsError());
+    BouwerRiceValues values;
+    EXPECT_EQ(ComputeCoefficientsAndRadii(well, values).message, Fault);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "kcompute/Analysis.h"
 #include "kcompute/ComputationDetails.h"
+#include "kcompute/KText.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -21,7 +22,7 @@ Analysis Computed() {
     state.RecDatGrid[2] = {"3", "8.00"};
     state.IgnoreKeyList = {"38.00"};
     EXPECT_FALSE(PrepareComputation(analysis).result.IsError());
-    EXPECT_FALSE(ComputeAndKeep(analysis).IsError());
+    EXPECT_FALSE(Compute(analysis).IsError());
     return analysis;
 }
 
@@ -29,18 +30,18 @@ Analysis Computed() {
 
 TEST(SummaryText, AccountsForTheComputationLineByLine) {
     const Analysis analysis = Computed();
-    const ComputationDetails& details = analysis.details;
-    const std::string text = SummaryText(details);
+    const ComputationLines lines(*analysis.computation);
+    const std::string text = SummaryText(analysis.state, analysis.computation.get());
     const std::string expected =
-        "SLUG TEST\r\n" + KLine(analysis.state, analysis.computed) +
+        "SLUG TEST\r\n" + KLine(analysis.state, analysis.computation.get()) +
         "\r\nMonitoring Well: MW-3\r\nTest Date: 4/12/98\r\n \r\n"
         "WELL GEOMETRY\r\nH: 32.5 ft\r\nLw: 9.8 ft\r\nLe: 9.8 ft\r\n"
         "dw: 8.25 in,  rw: 4.13 in\r\ndc: 2 in,  rc: 1.0 in\r\n"
         "Drained Filter Pack Porosity (%): 30\r\nEffective Radius (re): " +
-        analysis.computed.reText +
+        analysis.working.geometry.reText +
         " in\r\n \r\nBOUWER-RICE COEFFICIENTS\r\nLe/rw: 28.5\r\nA: 2.38\r\nB: 0.343\r\nC: 1.93\r\n"
         "Ln(Re/rw): 2.16\r\n \r\nLEAST SQUARES BEST FIT\r\nLn(Y)-cm versus Time-sec\r\n" +
-        details.slopeLine + "\r\n" + details.interceptLine + "\r\n \r\n";
+        lines.slope + "\r\n" + lines.intercept + "\r\n \r\n";
     EXPECT_EQ(text.substr(0, expected.size()), expected);
     const std::string recovery = text.substr(expected.size());
     EXPECT_NE(recovery.find("Slug Test Type: Rising head \r\n"
@@ -53,11 +54,12 @@ TEST(SummaryText, AccountsForTheComputationLineByLine) {
 
 TEST(SummaryText, ShowsTheWarningOfAClampedRatio) {
     Analysis analysis = Computed();
-    EXPECT_EQ(SummaryText(analysis.details).find("Le/rw ratio"), std::string::npos);
+    EXPECT_EQ(SummaryText(analysis.state, analysis.computation.get()).find("Le/rw ratio"),
+              std::string::npos);
     analysis.state.WellGeoText[GeoLe] = "1";
     PrepareComputation(analysis);
-    ASSERT_FALSE(ComputeAndKeep(analysis).IsError());
-    EXPECT_NE(SummaryText(analysis.details)
+    ASSERT_FALSE(Compute(analysis).IsError());
+    EXPECT_NE(SummaryText(analysis.state, analysis.computation.get())
                   .find("Le/rw ratio is smaller than smallest value in Bouwer-Rice paper. Smallest "
                         "values for A, B and C given by Bouwer-Rice are being used.\r\n"),
               std::string::npos);
@@ -67,48 +69,54 @@ TEST(SummaryText, NamesNoStaticLevelForChangesInHead) {
     Analysis analysis = Computed();
     analysis.state.RecDatDataTypeDDL = ChangeInHead;
     PrepareComputation(analysis);
-    ASSERT_FALSE(ComputeAndKeep(analysis).IsError());
-    const std::string text = SummaryText(analysis.details);
+    ASSERT_FALSE(Compute(analysis).IsError());
+    const std::string text = SummaryText(analysis.state, analysis.computation.get());
     EXPECT_NE(text.find("Slug Test Type: Not Applicable\r\n"), std::string::npos);
     EXPECT_NE(text.find("Static Water Level: Not Applicable\r\n"), std::string::npos);
 }
 
-TEST(Details, HeadingsDifferInTheirBlank) {
-    const ComputationDetails details = Computed().details;
-    EXPECT_EQ(details.timeHeading, "Time (min)");
-    EXPECT_EQ(details.yHeading, "Y(ft)");
-    EXPECT_EQ(details.fitYHeading, "Fit Y(ft)");
-    EXPECT_EQ(details.criteriaHeading, "Fit Criteria");
-}
-
-TEST(Details, FittedYIsInTheEnteredUnit) {
-    const ComputationDetails details = Computed().details;
-    const double lnY = details.line.slope * 90 + details.line.intercept;
-    EXPECT_EQ(FittedY(details, 1), std::exp(lnY) * (1 / 30.48));
-    EXPECT_EQ(FittedYText(details, 1).substr(0, 4), "1.09");
-}
-
-TEST(Details, FittedLnYOfMinusThirtyOrLessIsZero) {
-    EXPECT_EQ(FittedYCm({-1, 0}, 30), 0);
-    EXPECT_EQ(FittedYCm({-1, 0}, 31), 0);
-    EXPECT_EQ(FittedYCm({-1, 0}, 29.5), std::exp(-29.5));
-}
-
-TEST(Details, FailedComputationKeepsTheLastSuccessfulOnes) {
+TEST(SummaryText, NamesWellAndDateAsTheyStandNow) {
     Analysis analysis = Computed();
-    const std::string before = SummaryText(analysis.details);
+    analysis.state.WellTestIDTxt[WellLabel] = "MW-4";
+    analysis.state.CmboKTimeUnits = Second;
+    const std::string text = SummaryText(analysis.state, analysis.computation.get());
+    EXPECT_NE(text.find("\r\nMonitoring Well: MW-4\r\n"), std::string::npos);
+    EXPECT_NE(text.find(" m/sec\r\n"), std::string::npos);
+}
+
+TEST(SummaryText, AlignsItsColumnsByCharacters) {
+    Analysis analysis = Computed();
+    // Two bytes a character; a number by the user's separator.
+    analysis.state.DecimalSeparator = "\u066B";
+    analysis.state.RecDatGrid[1].time = "1\u066B5";
+    PrepareComputation(analysis);
+    ASSERT_FALSE(Compute(analysis).IsError());
+    const std::string text = SummaryText(analysis.state, analysis.computation.get());
+    EXPECT_NE(text.find("2        1\u066B5           8.41"), std::string::npos) << text;
+}
+
+TEST(FittedYOfAComputation, IsInTheEnteredUnit) {
+    const Analysis analysis = Computed();
+    const Computation& computation = *analysis.computation;
+    const double lnY = computation.line.slope * 90 + computation.line.intercept;
+    EXPECT_EQ(FittedY(computation, 1), std::exp(lnY) * (1 / 30.48));
+    EXPECT_EQ(FittedYText(computation, 1).substr(0, 4), "1.09");
+}
+
+TEST(Details, OfAFailedComputationAreEmpty) {
+    Analysis analysis = Computed();
     analysis.state.IgnoreKeyList = {"09.80", "1.58.41", "38.00"};
     PrepareComputation(analysis);
-    ASSERT_TRUE(ComputeAndKeep(analysis).IsError());
-    EXPECT_EQ(SummaryText(analysis.details), before);
+    ASSERT_TRUE(Compute(analysis).IsError());
+    EXPECT_EQ(SummaryText(analysis.state, analysis.computation.get()), "");
 }
 
 TEST(Details, NewEmptiesThem) {
     Analysis analysis = Computed();
     ResetAnalysis(analysis);
-    EXPECT_FALSE(analysis.details.isFilled);
-    EXPECT_EQ(SummaryText(analysis.details), "");
-    EXPECT_EQ(KLine(analysis.state, analysis.computed), "");
+    EXPECT_EQ(analysis.computation, nullptr);
+    EXPECT_EQ(SummaryText(analysis.state, analysis.computation.get()), "");
+    EXPECT_EQ(KLine(analysis.state, analysis.computation.get()), "");
 }
 
 } // namespace quarnel

@@ -2,6 +2,9 @@
 
 #include "kcompute/Analysis.h"
 
+#include "kcompute/ComputationDetails.h"
+#include "kcompute/ComputeK.h"
+#include "kcompute/KText.h"
 #include "kcompute/UseIgnore.h"
 #include "tests/CoreTestSupport.h"
 
@@ -17,14 +20,6 @@ Analysis Small() {
     return analysis;
 }
 
-void ExpectNothingComputed(const ComputedValues& computed) {
-    EXPECT_FALSE(computed.KIsComputed);
-    EXPECT_EQ(computed.KInCmPerSec, 0);
-    EXPECT_EQ(computed.usedCount, 0);
-    EXPECT_EQ(computed.FitSlope, 0);
-    EXPECT_EQ(computed.FitIntercept, 0);
-}
-
 TEST(PrepareComputation, MakesEverythingReadyForTheFit) {
     Analysis analysis = Small();
     analysis.state.IgnoreKeyList = {"152.0"};
@@ -37,12 +32,11 @@ TEST(PrepareComputation, MakesEverythingReadyForTheFit) {
     EXPECT_TRUE(preparation.pointsChecked);
     EXPECT_EQ(preparation.coefficientWarning, "");
     EXPECT_EQ(preparation.yWarning, "");
-    EXPECT_EQ(analysis.computed.RecoveryPoints->size(), 6U);
-    EXPECT_EQ(analysis.computed.ValidYCount, 6);
-    EXPECT_GT(analysis.computed.lnReOverRw, 0);
-    EXPECT_EQ(analysis.computed.Criteria.size(), 6U);
-    EXPECT_EQ(analysis.computed.Criteria[1].View(), "Ignore");
-    ExpectNothingComputed(analysis.computed);
+    EXPECT_EQ(analysis.working.recovery.RecoveryPoints->size(), 6U);
+    EXPECT_EQ(analysis.working.recovery.ValidYCount, 6);
+    EXPECT_GT(analysis.working.coefficients.lnReOverRw, 0);
+    EXPECT_EQ(analysis.working.marks.size(), 6U);
+    EXPECT_EQ(analysis.working.marks[1], Mark::Ignore);
 }
 
 TEST(PrepareComputation, AnIncompleteGeometryLandsOnItsTab) {
@@ -89,7 +83,7 @@ TEST(PrepareComputation, WithRowsTheChecksOwnMessageIsShown) {
     Preparation preparation = PrepareComputation(analysis);
     EXPECT_EQ(preparation.result.message, "Missing Recovery data in row 3.");
     EXPECT_EQ(preparation.faultyTab, FaultyTab::RecoveryData);
-    EXPECT_TRUE(analysis.computed.RecoveryPoints->empty());
+    EXPECT_TRUE(analysis.working.recovery.RecoveryPoints->empty());
     analysis = Small();
     analysis.state.RecDatDataTypeDDL = GroundwaterHead;
     preparation = PrepareComputation(analysis);
@@ -114,89 +108,98 @@ TEST(PrepareComputation, WarningsAreKeptAndTheWorstToldFirst) {
     EXPECT_TRUE(preparation.pointsChecked);
 }
 
-TEST(PrepareComputation, NothingOfAnEarlierComputationSurvives) {
+TEST(PrepareComputation, NothingOfAnEarlierCheckSurvives) {
     Analysis analysis = Small();
     PrepareComputation(analysis);
-    EXPECT_FALSE(ComputeAndKeep(analysis).IsError());
-    EXPECT_NE(ComputedKText(analysis.state, analysis.computed), "");
-    PrepareComputation(analysis);
-    ExpectNothingComputed(analysis.computed);
-    EXPECT_EQ(ComputedKText(analysis.state, analysis.computed), "");
-
-    EXPECT_FALSE(ComputeAndKeep(analysis).IsError());
     analysis.state.WellGeoText[GeoH] = "";
     PrepareComputation(analysis);
-    ExpectNothingComputed(analysis.computed);
-    EXPECT_EQ(analysis.computed.H.text, "");
-    EXPECT_EQ(analysis.computed.re, 0);
-    EXPECT_EQ(analysis.computed.reText, "");
-    EXPECT_EQ(analysis.computed.aText, "");
-    EXPECT_EQ(analysis.computed.lnReOverRw, 0);
-    EXPECT_TRUE(analysis.computed.RecoveryPoints->empty());
+    EXPECT_EQ(analysis.working.geometry.H.text, "");
+    EXPECT_EQ(analysis.working.geometry.re, 0);
+    EXPECT_EQ(analysis.working.geometry.reText, "");
+    EXPECT_EQ(analysis.working.coefficients.aText, "");
+    EXPECT_EQ(analysis.working.coefficients.lnReOverRw, 0);
+    EXPECT_TRUE(analysis.working.recovery.RecoveryPoints->empty());
+    EXPECT_TRUE(analysis.working.marks.empty());
 }
 
-TEST(PrepareComputation, TheDetailsOfTheLastComputationStay) {
+TEST(PrepareComputation, LeavesTheComputationAsItIs) {
     Analysis analysis = Small();
     PrepareComputation(analysis);
-    EXPECT_FALSE(ComputeAndKeep(analysis).IsError());
-    const std::string slope = analysis.details.slopeLine;
+    EXPECT_FALSE(Compute(analysis).IsError());
+    const ComputationPtr computation = analysis.computation;
+    const std::string text = SummaryText(analysis.state, computation.get());
     analysis.state.RecDatGrid = {{"1", "1"}, {"2", "x"}};
     PrepareComputation(analysis);
-    EXPECT_TRUE(analysis.details.isFilled);
-    EXPECT_EQ(analysis.details.slopeLine, slope);
-    EXPECT_EQ(analysis.details.points->size(), 6U);
-    EXPECT_EQ(KLine(analysis.state, analysis.computed), "");
+    EXPECT_EQ(analysis.computation, computation);
+    EXPECT_EQ(SummaryText(analysis.state, computation.get()), text);
+    EXPECT_EQ(computation->recovery.RecoveryPoints->size(), 6U);
+    analysis.state.WellGeoText[GeoH] = "";
+    PrepareComputation(analysis);
+    EXPECT_EQ(analysis.computation, computation);
+    EXPECT_EQ(SummaryText(analysis.state, computation.get()), text);
 }
 
 TEST(ClearComputedValues, EmptiesEveryValue) {
     Analysis analysis = Small();
     PrepareComputation(analysis);
-    EXPECT_FALSE(ComputeAndKeep(analysis).IsError());
-    ClearComputedValues(analysis.computed);
-    const ComputedValues& computed = analysis.computed;
+    ClearComputedValues(analysis.working);
+    const WellDimensions& well = analysis.working.geometry;
+    const BouwerRiceValues& values = analysis.working.coefficients;
+    const RecoveryData& recovery = analysis.working.recovery;
     for (const std::string& text :
-         {computed.H.text, computed.Lw.text, computed.Le.text, computed.dw.text, computed.dc.text,
-          computed.dporText, computed.reText, computed.leOverRwText, computed.aText, computed.bText,
-          computed.cText, computed.lnReOverRwText, computed.coefficientMessage,
-          computed.preSlugText})
+         {well.H.text, well.Lw.text, well.Le.text, well.dw.text, well.dc.text, well.dporText,
+          well.reText, values.leOverRwText, values.aText, values.bText, values.cText,
+          values.lnReOverRwText, values.message, recovery.preSlugText})
         EXPECT_EQ(text, "");
     for (const double number :
-         {computed.H.cm, computed.Lw.value, computed.dw.radius, computed.dc.radiusCm, computed.n,
-          computed.re, computed.reCm, computed.leOverRw, computed.A, computed.B, computed.C,
-          computed.lnReOverRw, computed.FitSlope, computed.KInCmPerSec})
+         {well.H.cm, well.Lw.value, well.dw.radius, well.dc.radiusCm, well.n, well.re, well.reCm,
+          values.leOverRw, values.A, values.B, values.C, values.lnReOverRw})
         EXPECT_EQ(number, 0);
-    EXPECT_TRUE(computed.RecoveryPoints->empty());
-    EXPECT_TRUE(computed.Criteria.empty());
-    EXPECT_EQ(computed.ValidYCount, 0);
+    EXPECT_TRUE(recovery.RecoveryPoints->empty());
+    EXPECT_TRUE(analysis.working.marks.empty());
+    EXPECT_EQ(recovery.ValidYCount, 0);
 }
 
-TEST(ClearComputedValues, LeavesTheKeptPointsAlone) {
+TEST(ClearComputedValues, LeavesThePointsOfTheComputationAlone) {
     Analysis analysis = Small();
     PrepareComputation(analysis);
-    EXPECT_FALSE(ComputeAndKeep(analysis).IsError());
-    ClearComputedValues(analysis.computed);
-    EXPECT_EQ(analysis.details.points->size(), 6U);
+    EXPECT_FALSE(Compute(analysis).IsError());
+    ClearComputedValues(analysis.working);
+    const RecoveryPointList& points = *analysis.computation->recovery.RecoveryPoints;
+    EXPECT_EQ(points.size(), 6U);
     analysis.state.RecDatGrid = {{"1", "9"}};
     CheckDataShowYs(analysis);
-    EXPECT_EQ(analysis.details.points->size(), 6U);
-    EXPECT_EQ(analysis.details.points->front().level, 2.5);
-    EXPECT_EQ(analysis.computed.RecoveryPoints->size(), 1U);
+    EXPECT_EQ(points.size(), 6U);
+    EXPECT_EQ(points.front().level, 2.5);
+    EXPECT_EQ(analysis.working.recovery.RecoveryPoints->size(), 1U);
+}
+
+TEST(SharedPoints, ChangingSharedPointsLeavesTheOthersAlone) {
+    SharedPoints points;
+    points.Renew(2).resize(2);
+    const SharedPoints kept = points;
+    points.Change()[0].y = 5;
+    EXPECT_EQ((*kept)[0].y, 0);
+    EXPECT_EQ((*points)[0].y, 5);
+    // Alone, nothing is copied.
+    const RecoveryPoint* first = points->data();
+    points.Change()[1].y = 6;
+    EXPECT_EQ(points->data(), first);
+    EXPECT_EQ(points.Renew(2).data(), first);
 }
 
 TEST(CheckDataShowYs, NothingOfThePointsBeforeStaysInMemoryUsedAgain) {
     Analysis analysis = Small();
     EXPECT_EQ(CheckDataShowYs(analysis).message, "");
-    CheckFitSelection(analysis.state, analysis.computed);
     analysis.state.RecDatGrid = {{"1", "-1"}, {"2", "-2"}};
     CheckDataShowYs(analysis);
-    ASSERT_EQ(analysis.computed.RecoveryPoints->size(), 2U);
-    for (const RecoveryPoint& point : *analysis.computed.RecoveryPoints) {
+    ASSERT_EQ(analysis.working.recovery.RecoveryPoints->size(), 2U);
+    for (const RecoveryPoint& point : *analysis.working.recovery.RecoveryPoints) {
         EXPECT_EQ(point.log10Y, 0);
         EXPECT_EQ(point.lnYCm, 0);
-        EXPECT_EQ(point.weight, 0);
         EXPECT_EQ(point.yValid, 0);
     }
-    EXPECT_EQ(analysis.computed.Criteria.size(), 2U);
+    EXPECT_EQ(analysis.working.marks.size(), 2U);
 }
 
 TEST(ResetAnalysis, IsANewProjectWithTheSameConsultant) {
@@ -212,7 +215,7 @@ TEST(ResetAnalysis, IsANewProjectWithTheSameConsultant) {
     analysis.state.OriginalToKeep = "/data/a.qn2";
     analysis.state.DecimalSeparator = ",";
     PrepareComputation(analysis);
-    ComputeAndKeep(analysis);
+    Compute(analysis);
     ResetAnalysis(analysis);
     ProjectState expected;
     for (std::size_t i = 11; i <= 17; ++i)
@@ -222,9 +225,8 @@ TEST(ResetAnalysis, IsANewProjectWithTheSameConsultant) {
     EXPECT_EQ(analysis.state.CurrentProjectFile, "");
     EXPECT_EQ(analysis.state.OriginalToKeep, "");
     EXPECT_EQ(analysis.state.DecimalSeparator, ",");
-    EXPECT_FALSE(analysis.details.isFilled);
-    EXPECT_TRUE(analysis.computed.RecoveryPoints->empty());
-    ExpectNothingComputed(analysis.computed);
+    EXPECT_EQ(analysis.computation, nullptr);
+    EXPECT_TRUE(analysis.working.recovery.RecoveryPoints->empty());
 }
 
 TEST(NewProject, ListsShowTheirStartEntries) {
@@ -243,111 +245,127 @@ TEST(NewProject, ListsShowTheirStartEntries) {
     EXPECT_EQ(NameAt(TimeUnitNames, 4), "");
 }
 
-TEST(OpenProjectFile, ARecognisedFileEmptiesTheKeptDetails) {
+TEST(OpenProjectFile, ARecognisedFileDropsTheComputation) {
     Analysis analysis = Small();
     PrepareComputation(analysis);
-    EXPECT_FALSE(ComputeAndKeep(analysis).IsError());
+    EXPECT_FALSE(Compute(analysis).IsError());
     const ReadReport missing = OpenProjectFile("/absent-quarnel-file", analysis);
     EXPECT_EQ(missing.messages, std::vector<std::string>{"53 File not found"});
-    EXPECT_TRUE(analysis.details.isFilled);
-    EXPECT_TRUE(analysis.computed.KIsComputed);
+    EXPECT_NE(analysis.computation, nullptr);
+    EXPECT_NE(analysis.computation, nullptr);
     const std::string example = std::string(QUARNEL_SOURCE_DIR) + "/examples/every-field.qn2";
     EXPECT_TRUE(OpenProjectFile(example, analysis).messages.empty());
-    EXPECT_FALSE(analysis.details.isFilled);
-    ExpectNothingComputed(analysis.computed);
-    EXPECT_EQ(KLine(analysis.state, analysis.computed), "");
+    EXPECT_EQ(analysis.computation, nullptr);
+    EXPECT_EQ(KLine(analysis.state, analysis.computation.get()), "");
 }
 
 TEST(CheckDataShowYs, ChecksComputesAndMarks) {
     Analysis analysis = Small();
     analysis.state.IgnoreKeyList = {"152.0"};
     EXPECT_EQ(CheckDataShowYs(analysis).message, "");
-    EXPECT_EQ(analysis.computed.Criteria[1].View(), "Ignore");
-    EXPECT_EQ(analysis.computed.RecoveryPoints->front().y, 2.5);
+    EXPECT_EQ(analysis.working.marks[1], Mark::Ignore);
+    EXPECT_EQ(analysis.working.recovery.RecoveryPoints->front().y, 2.5);
     analysis.state.RecDatGrid[1].level = "-2";
     EXPECT_EQ(CheckDataShowYs(analysis).status, ComputationStatus::Warning);
     analysis.state.RecDatGrid[1].level = "x";
     EXPECT_EQ(CheckDataShowYs(analysis).message,
               "Recovery data in row 2 cannot be evaluated as a number. Please re-enter.");
-    EXPECT_TRUE(analysis.computed.Criteria.empty());
+    EXPECT_TRUE(analysis.working.marks.empty());
 }
 
-TEST(ComputationDetails, KeepsTheLinesOfTheComputation) {
+TEST(ComputationLines, AreThoseOfTheComputation) {
     Analysis analysis = Small();
     analysis.state.IgnoreKeyList = {"152.0"};
     analysis.state.WellGeoText = {"32.5", " 19.8 ", "9.8", "8.25", "2.067", "27.5"};
     analysis.state.RecDatTimeUnitsDDL = Minute;
     PrepareComputation(analysis);
-    EXPECT_FALSE(ComputeAndKeep(analysis).IsError());
-    const ComputationDetails& details = analysis.details;
-    EXPECT_TRUE(details.isFilled);
-    EXPECT_EQ(details.hLine, "H: 32.5 ft");
-    EXPECT_EQ(details.lwLine, "Lw: 19.8 ft");
-    EXPECT_EQ(details.leLine, "Le: 9.8 ft");
-    EXPECT_EQ(details.dwLine, "dw: 8.25 in");
-    EXPECT_EQ(details.rwLine, "rw: 4.13 in");
-    EXPECT_EQ(details.dcLine, "dc: 2.067 in");
-    EXPECT_EQ(details.rcLine, "rc: 1.03 in");
-    EXPECT_EQ(details.porosityLine, "Drained Filter Pack Porosity (%): 27.5");
-    EXPECT_EQ(details.reLine, "Effective Radius (re): 2.335313 in");
-    EXPECT_EQ(details.leOverRwLine, "Le/rw: 28.5");
-    EXPECT_EQ(details.aLine, "A: 2.38");
-    EXPECT_EQ(details.bLine, "B: 0.343");
-    EXPECT_EQ(details.cLine, "C: 1.93");
-    EXPECT_EQ(details.lnReOverRwLine, "Ln(Re/rw): " + analysis.computed.lnReOverRwText);
-    EXPECT_EQ(details.timeHeading, "Time (min)");
-    EXPECT_EQ(details.yHeading, "Y(ft)");
-    EXPECT_EQ(details.fitYHeading, "Fit Y(ft)");
-    EXPECT_EQ(details.criteriaHeading, "Fit Criteria");
-    EXPECT_EQ(details.slugTestTypeLine, "Slug Test Type: Not Applicable");
-    EXPECT_EQ(details.dataTypeLine, "Recovery Data Type: Y: Change in Head ");
-    EXPECT_EQ(details.staticLevelLine, "Static Water Level: Not Applicable");
-    EXPECT_EQ(details.coefficientMessage, "");
-    EXPECT_EQ(details.used, (std::vector<std::uint8_t>{1, 0, 1, 1, 1, 1}));
-    EXPECT_EQ(details.slopeLine.substr(0, 8), "Slope: -");
-    EXPECT_EQ(details.interceptLine.substr(0, 11), "Intercept: ");
-    EXPECT_EQ(KLine(analysis.state, analysis.computed),
-              "Hydraulic Conductivity: " + ComputedKText(analysis.state, analysis.computed) +
-                  " m/day");
+    EXPECT_FALSE(Compute(analysis).IsError());
+    const ComputationLines lines(*analysis.computation);
+    EXPECT_EQ(lines.h, "H: 32.5 ft");
+    EXPECT_EQ(lines.lw, "Lw: 19.8 ft");
+    EXPECT_EQ(lines.le, "Le: 9.8 ft");
+    EXPECT_EQ(lines.dw, "dw: 8.25 in");
+    EXPECT_EQ(lines.rw, "rw: 4.13 in");
+    EXPECT_EQ(lines.dc, "dc: 2.067 in");
+    EXPECT_EQ(lines.rc, "rc: 1.03 in");
+    EXPECT_EQ(lines.porosity, "Drained Filter Pack Porosity (%): 27.5");
+    EXPECT_EQ(lines.re, "Effective Radius (re): 2.335313 in");
+    EXPECT_EQ(lines.leOverRw, "Le/rw: 28.5");
+    EXPECT_EQ(lines.a, "A: 2.38");
+    EXPECT_EQ(lines.b, "B: 0.343");
+    EXPECT_EQ(lines.c, "C: 1.93");
+    EXPECT_EQ(lines.lnReOverRw, "Ln(Re/rw): " + analysis.working.coefficients.lnReOverRwText);
+    EXPECT_EQ(lines.slugTestType, "Slug Test Type: Not Applicable");
+    EXPECT_EQ(lines.dataType, "Recovery Data Type: Y: Change in Head ");
+    EXPECT_EQ(lines.staticLevel, "Static Water Level: Not Applicable");
+    EXPECT_EQ(lines.coefficientWarning, "");
+    EXPECT_EQ(lines.slope.substr(0, 8), "Slope: -");
+    EXPECT_EQ(lines.intercept.substr(0, 11), "Intercept: ");
+    EXPECT_EQ(analysis.computation->usedCount, 5);
+    EXPECT_EQ(analysis.computation->marks[1], Mark::Ignore);
+    EXPECT_EQ(KLine(analysis.state, analysis.computation.get()),
+              "Hydraulic Conductivity: " +
+                  ShowComputedK(analysis.state, analysis.computation.get()) + " m/day");
 }
 
-TEST(ComputationDetails, NamesTheLevelOfDepthsAndHeads) {
+TEST(ComputationLines, NameTheLevelOfDepthsAndHeads) {
     Analysis analysis = Small();
     analysis.state.RecDatDataTypeDDL = GroundwaterHead;
     analysis.state.RecDatSlugTestTypeDDL = FallingHead;
     analysis.state.RecDatPreSlugHeadText = " -7.50";
     analysis.state.RecDatWaterLevelUnitsDDL = Metre;
     PrepareComputation(analysis);
-    EXPECT_FALSE(ComputeAndKeep(analysis).IsError());
-    EXPECT_EQ(analysis.details.slugTestTypeLine, "Slug Test Type: Falling head ");
-    EXPECT_EQ(analysis.details.dataTypeLine, "Recovery Data Type: H: Groundwater Head ");
-    EXPECT_EQ(analysis.details.staticLevelLine, "Static Water Level: -7.50 m");
-    EXPECT_EQ(analysis.details.dataTypeLetter, "H");
+    EXPECT_FALSE(Compute(analysis).IsError());
+    const ComputationLines lines(*analysis.computation);
+    EXPECT_EQ(lines.slugTestType, "Slug Test Type: Falling head ");
+    EXPECT_EQ(lines.dataType, "Recovery Data Type: H: Groundwater Head ");
+    EXPECT_EQ(lines.staticLevel, "Static Water Level: -7.50 m");
 }
 
-TEST(ComputationDetails, FittedYIsInTheEnteredUnit) {
+TEST(PointHeadings, FollowTheListsOnlyBeforeAComputation) {
+    Analysis analysis = Small();
+    analysis.state.RecDatTimeUnitsDDL = Minute;
+    PrepareComputation(analysis);
+    EXPECT_FALSE(Compute(analysis).IsError());
+    analysis.state.RecDatTimeUnitsDDL = Hour;
+    analysis.state.RecDatWaterLevelUnitsDDL = Centimetre;
+    analysis.state.RecDatDataTypeDDL = GroundwaterHead;
+    const PointHeadings made(analysis.state, analysis.computation.get());
+    EXPECT_EQ(made.time, "Time (min)");
+    EXPECT_EQ(made.reading, "Y(ft)");
+    EXPECT_EQ(made.y, "Y(ft)");
+    EXPECT_EQ(made.fitY, "Fit Y(ft)");
+    EXPECT_EQ(made.criteria, "Fit Criteria");
+    const PointHeadings before(analysis.state, nullptr);
+    EXPECT_EQ(before.time, "Time (hr)");
+    EXPECT_EQ(before.reading, "H(cm)");
+    EXPECT_EQ(before.y, "Y(cm)");
+    EXPECT_EQ(before.fitY, "Fit Y(cm)");
+}
+
+TEST(FittedY, IsInTheEnteredUnit) {
     Analysis analysis = Small();
     analysis.state.RecDatGrid = {{"0", "2"}, {"10", "1"}, {"1e6", "0.5"}};
     analysis.state.IgnoreKeyList = {"1e60.5"};
     PrepareComputation(analysis);
-    EXPECT_FALSE(ComputeAndKeep(analysis).IsError());
-    EXPECT_DOUBLE_EQ(FittedY(analysis.details, 0), 2);
-    EXPECT_DOUBLE_EQ(FittedY(analysis.details, 1), 1);
-    EXPECT_EQ(FittedYText(analysis.details, 0), "2.0");
-    EXPECT_EQ(FittedYText(analysis.details, 1), "1.0");
-    EXPECT_EQ(FittedY(analysis.details, 2), 0);
-    EXPECT_EQ(FittedYText(analysis.details, 2), "0.00e+0");
+    EXPECT_FALSE(Compute(analysis).IsError());
+    EXPECT_DOUBLE_EQ(FittedY(*analysis.computation, 0), 2);
+    EXPECT_DOUBLE_EQ(FittedY(*analysis.computation, 1), 1);
+    EXPECT_EQ(FittedYText(*analysis.computation, 0), "2.0");
+    EXPECT_EQ(FittedYText(*analysis.computation, 1), "1.0");
+    EXPECT_EQ(FittedY(*analysis.computation, 2), 0);
+    EXPECT_EQ(FittedYText(*analysis.computation, 2), "0.00e+0");
 }
 
-TEST(ComputeAndKeep, AnErrorLeavesTheKeptDetails) {
+TEST(Compute, AnErrorLeavesNoComputation) {
     Analysis analysis = Small();
     PrepareComputation(analysis);
-    EXPECT_FALSE(ComputeAndKeep(analysis).IsError());
-    const std::string slope = analysis.details.slopeLine;
-    analysis.computed.Criteria.assign(6, "Ignore");
-    EXPECT_TRUE(ComputeAndKeep(analysis).IsError());
-    EXPECT_EQ(analysis.details.slopeLine, slope);
-    EXPECT_EQ(KLine(analysis.state, analysis.computed), "");
+    EXPECT_FALSE(Compute(analysis).IsError());
+    analysis.working.marks.assign(6, Mark::Ignore);
+    EXPECT_TRUE(Compute(analysis).IsError());
+    EXPECT_EQ(analysis.computation, nullptr);
+    EXPECT_EQ(KLine(analysis.state, analysis.computation.get()), "");
+    EXPECT_EQ(SummaryText(analysis.state, analysis.computation.get()), "");
 }
 
 } // namespace

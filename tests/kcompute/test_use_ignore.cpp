@@ -14,13 +14,26 @@ using Keys = std::vector<std::string>;
 
 struct Marked {
     ProjectState state;
-    ComputedValues computed;
+    RecoveryData data;
+    std::vector<Mark> marks;
 
     std::string Marks() const {
-        std::string marks;
-        for (const CellText& criterion : computed.Criteria)
-            marks += criterion.View() == "Use" ? 'U' : criterion.View() == "Ignore" ? 'I' : '?';
-        return marks;
+        std::string letters;
+        for (const Mark mark : marks)
+            letters += MarkText(mark).front();
+        return letters;
+    }
+    /// What a look at another tab and back does.
+    void LookAwayAndBack() {
+        EXPECT_FALSE(CheckRecoveryData(state, data).IsError());
+        marks = RestoredMarks(state.IgnoreKeyList, *data.RecoveryPoints);
+    }
+    void Press(std::size_t first, std::size_t last, MarkKey key) {
+        std::vector<Mark> pressed(marks.begin() + static_cast<std::ptrdiff_t>(first),
+                                  marks.begin() + static_cast<std::ptrdiff_t>(last) + 1);
+        for (Mark& mark : pressed)
+            mark = MarkAfter(key, mark);
+        SetMarks(state.IgnoreKeyList, *data.RecoveryPoints, marks, first, pressed);
     }
 };
 
@@ -29,9 +42,13 @@ Marked Restore(std::vector<RecoveryRow> rows, Keys keys) {
     marked.state.RecDatDataTypeDDL = ChangeInHead;
     marked.state.RecDatGrid = std::move(rows);
     marked.state.IgnoreKeyList = std::move(keys);
-    EXPECT_FALSE(CheckRecoveryData(marked.state, marked.computed).IsError());
-    RestoreMarks(marked.state, marked.computed);
+    marked.LookAwayAndBack();
     return marked;
+}
+
+TEST(MarkText, IsUseOrIgnore) {
+    EXPECT_EQ(MarkText(Mark::Use), "Use");
+    EXPECT_EQ(MarkText(Mark::Ignore), "Ignore");
 }
 
 TEST(IgnoreKey, JoinsTimeAndReadingDirectly) {
@@ -50,129 +67,118 @@ TEST(IgnoreKey, JoinsTimeAndReadingDirectly) {
     EXPECT_EQ(IgnoreKey(point), "a  b");
 }
 
-TEST(Criteria, AreComparedWithoutCaseAndBlanks) {
-    for (const char* use : {"Use", " use ", "USE", "uSe  "}) {
-        EXPECT_TRUE(IsUse(use)) << use;
-        EXPECT_FALSE(IsIgnore(use)) << use;
-    }
-    for (const char* ignore : {"Ignore", " ignore ", "IGNORE"}) {
-        EXPECT_TRUE(IsIgnore(ignore)) << ignore;
-        EXPECT_FALSE(IsUse(ignore)) << ignore;
-    }
-    for (const char* neither : {"", "U", "Used", "Us", "I", "x", "\tUse", "Ignor"}) {
-        EXPECT_FALSE(IsUse(neither)) << neither;
-        EXPECT_FALSE(IsIgnore(neither)) << neither;
-    }
-}
-
-TEST(RestoreMarks, EveryPointIsUsedButThoseOfTheKeys) {
+TEST(RestoredMarks, EveryPointIsUsedButThoseOfTheKeys) {
     EXPECT_EQ(Restore({{"1", "5"}, {"2", "6"}, {"3", "7"}}, {}).Marks(), "UUU");
     EXPECT_EQ(Restore({{"1", "5"}, {"2", "6"}, {"3", "7"}}, {"37", "15"}).Marks(), "IUI");
     EXPECT_EQ(Restore({{"1", "5"}, {"2", "6"}}, {"  26 "}).Marks(), "UI");
     EXPECT_EQ(Restore({}, {"15"}).Marks(), "");
 }
 
-TEST(RestoreMarks, PointsThatShareAKeyComeBackOnTheFirstOnly) {
+TEST(RestoredMarks, PointsThatShareAKeyComeBackOnTheFirstOnly) {
     EXPECT_EQ(Restore({{"1", "5"}, {"1", "5"}}, {"15"}).Marks(), "IU");
     EXPECT_EQ(Restore({{"1", "5"}, {"1", "5"}}, {"15", "15"}).Marks(), "IU");
     EXPECT_EQ(Restore({{"1", "59.41"}, {"15", "9.41"}}, {"159.41"}).Marks(), "IU");
     EXPECT_EQ(Restore({{"15", "9.41"}, {"1", "59.41"}}, {"159.41"}).Marks(), "IU");
 }
 
-TEST(RestoreMarks, AKeyWithoutItsPointStaysInTheList) {
+TEST(RestoredMarks, AKeyWithoutItsPointStaysInTheList) {
     const Marked marked = Restore({{"1", "5"}}, {"99", "15"});
     EXPECT_EQ(marked.Marks(), "I");
     EXPECT_EQ(marked.state.IgnoreKeyList, (Keys{"99", "15"}));
 }
 
-TEST(RestoreMarks, KeysAreTheTextsAsTyped) {
+TEST(RestoredMarks, KeysAreTheTextsAsTyped) {
     // An edited point comes back as "Use", even where the value stayed.
     EXPECT_EQ(Restore({{"15", "9.410"}}, {"159.41"}).Marks(), "U");
     EXPECT_EQ(Restore({{" 15 ", " 9.41 "}}, {"159.41"}).Marks(), "I");
 }
 
-TEST(RestoreMarks, MarksSurviveAChangeOfDataTypeAndPreSlugCondition) {
+TEST(RestoredMarks, MarksSurviveAChangeOfDataTypeAndPreSlugCondition) {
     Marked marked = Restore({{"1", "5"}, {"2", "6"}}, {"26"});
     marked.state.RecDatDataTypeDDL = DepthToGroundwater;
     marked.state.RecDatSlugTestTypeDDL = FallingHead;
     marked.state.RecDatPreSlugHeadText = "3";
-    EXPECT_FALSE(CheckRecoveryData(marked.state, marked.computed).IsError());
-    ComputeRecoveryY(marked.computed);
-    RestoreMarks(marked.state, marked.computed);
+    marked.LookAwayAndBack();
     EXPECT_EQ(marked.Marks(), "UI");
 }
 
 const std::vector<RecoveryRow> FourRows = {{"1", "5"}, {"2", "6"}, {"3", "7"}, {"4", "8"}};
 
-TEST(ChangeMarks, SpaceTurnsEachRowOver) {
+TEST(SetMarks, SpaceTurnsEachRowOver) {
     Marked marked = Restore(FourRows, {"26"});
-    ChangeMarks(marked.state, marked.computed, 0, 2, MarkKey::TurnOver);
+    marked.Press(0, 2, MarkKey::TurnOver);
     EXPECT_EQ(marked.Marks(), "IUIU");
     EXPECT_EQ(marked.state.IgnoreKeyList, (Keys{"15", "37"}));
-    ChangeMarks(marked.state, marked.computed, 0, 3, MarkKey::TurnOver);
+    marked.Press(0, 3, MarkKey::TurnOver);
     EXPECT_EQ(marked.Marks(), "UIUI");
     EXPECT_EQ(marked.state.IgnoreKeyList, (Keys{"26", "48"}));
 }
 
-TEST(ChangeMarks, SpaceTurnsAnythingButUseIntoUse) {
+TEST(SetMarks, LettersSetTheMark) {
     Marked marked = Restore(FourRows, {});
-    marked.computed.Criteria[0] = "other";
-    marked.computed.Criteria[1] = " use ";
-    marked.computed.Criteria[2] = " IGNORE";
-    ChangeMarks(marked.state, marked.computed, 0, 2, MarkKey::TurnOver);
-    EXPECT_EQ(marked.Marks(), "UIUU");
-}
-
-TEST(ChangeMarks, LettersSetTheMark) {
-    Marked marked = Restore(FourRows, {});
-    ChangeMarks(marked.state, marked.computed, 1, 2, MarkKey::Ignore);
+    marked.Press(1, 2, MarkKey::Ignore);
     EXPECT_EQ(marked.Marks(), "UIIU");
     EXPECT_EQ(marked.state.IgnoreKeyList, (Keys{"26", "37"}));
     // Once more changes nothing and adds no second key.
-    ChangeMarks(marked.state, marked.computed, 1, 3, MarkKey::Ignore);
+    marked.Press(1, 3, MarkKey::Ignore);
     EXPECT_EQ(marked.state.IgnoreKeyList, (Keys{"26", "37", "48"}));
-    ChangeMarks(marked.state, marked.computed, 0, 1, MarkKey::Use);
+    marked.Press(0, 1, MarkKey::Use);
     EXPECT_EQ(marked.Marks(), "UUII");
     EXPECT_EQ(marked.state.IgnoreKeyList, (Keys{"37", "48"}));
 }
 
-TEST(ChangeMarks, UseRemovesOneKeyOfPointsThatShareIt) {
+TEST(SetMarks, UseRemovesOneKeyOfPointsThatShareIt) {
     Marked marked = Restore({{"1", "5"}, {"1", "5"}, {"2", "6"}}, {});
-    ChangeMarks(marked.state, marked.computed, 0, 2, MarkKey::Ignore);
+    marked.Press(0, 2, MarkKey::Ignore);
     EXPECT_EQ(marked.state.IgnoreKeyList, (Keys{"15", "15", "26"}));
-    ChangeMarks(marked.state, marked.computed, 1, 1, MarkKey::Use);
+    marked.Press(1, 1, MarkKey::Use);
     EXPECT_EQ(marked.Marks(), "IUI");
     EXPECT_EQ(marked.state.IgnoreKeyList, (Keys{"15", "26"}));
 }
 
-TEST(ChangeMarks, UseFindsAKeyWithBlanksAroundIt) {
-    Marked marked = Restore({{"1", "5"}, {"2", "6"}}, {" 15 "});
-    ChangeMarks(marked.state, marked.computed, 0, 0, MarkKey::Use);
+TEST(SetMarks, UseOfTheFirstOfTwoWithOneKeyStaysUse) {
+    // Both were ignored when they were gathered; only the first comes back as ignored.
+    Marked marked = Restore({{"1", "5"}, {"1", "5"}, {"2", "6"}}, {"15", "15"});
+    EXPECT_EQ(marked.Marks(), "IUU");
+    marked.Press(0, 0, MarkKey::Use);
+    EXPECT_TRUE(marked.state.IgnoreKeyList.empty());
+    marked.LookAwayAndBack();
+    EXPECT_EQ(marked.Marks(), "UUU");
+}
+
+TEST(SetMarks, UseKeepsAKeyForEachPointThatStillSaysIgnore) {
+    Marked marked = Restore({{"1", "5"}, {"1", "5"}, {"1", "5"}}, {});
+    marked.Press(0, 2, MarkKey::Ignore);
+    EXPECT_EQ(marked.state.IgnoreKeyList, (Keys{"15", "15", "15"}));
+    marked.Press(0, 0, MarkKey::Use);
+    EXPECT_EQ(marked.state.IgnoreKeyList, (Keys{"15", "15"}));
+    marked.Press(1, 2, MarkKey::Use);
     EXPECT_TRUE(marked.state.IgnoreKeyList.empty());
 }
 
-TEST(ChangeMarks, OtherKeysOfTheListStay) {
+TEST(SetMarks, TurningOverPointsThatShareAKeyKeepsOneForTheIgnored) {
+    Marked marked = Restore({{"1", "5"}, {"1", "5"}}, {"15"});
+    marked.Press(0, 1, MarkKey::TurnOver);
+    EXPECT_EQ(marked.Marks(), "UI");
+    EXPECT_EQ(marked.state.IgnoreKeyList, (Keys{"15"}));
+}
+
+TEST(SetMarks, UseFindsAKeyWithBlanksAroundIt) {
+    Marked marked = Restore({{"1", "5"}, {"2", "6"}}, {" 15 "});
+    marked.Press(0, 0, MarkKey::Use);
+    EXPECT_TRUE(marked.state.IgnoreKeyList.empty());
+}
+
+TEST(SetMarks, OtherKeysOfTheListStay) {
     Marked marked = Restore(FourRows, {"99", "15", "88"});
-    ChangeMarks(marked.state, marked.computed, 0, 0, MarkKey::Use);
+    marked.Press(0, 0, MarkKey::Use);
     EXPECT_EQ(marked.state.IgnoreKeyList, (Keys{"99", "88"}));
 }
 
-TEST(ChangeMarks, IsCutToThePointsThereAre) {
+TEST(SetMarks, MarksChangedByKeysComeBackAfterARefill) {
     Marked marked = Restore(FourRows, {});
-    ChangeMarks(marked.state, marked.computed, 3, 100, MarkKey::Ignore);
-    EXPECT_EQ(marked.Marks(), "UUUI");
-    ChangeMarks(marked.state, marked.computed, 4, 4, MarkKey::Ignore);
-    EXPECT_EQ(marked.Marks(), "UUUI");
-    Marked empty = Restore({}, {"15"});
-    ChangeMarks(empty.state, empty.computed, 0, 0, MarkKey::Ignore);
-    EXPECT_EQ(empty.state.IgnoreKeyList, (Keys{"15"}));
-}
-
-TEST(ChangeMarks, MarksChangedByKeysComeBackAfterARefill) {
-    Marked marked = Restore(FourRows, {});
-    ChangeMarks(marked.state, marked.computed, 2, 3, MarkKey::Ignore);
-    EXPECT_FALSE(CheckRecoveryData(marked.state, marked.computed).IsError());
-    RestoreMarks(marked.state, marked.computed);
+    marked.Press(2, 3, MarkKey::Ignore);
+    marked.LookAwayAndBack();
     EXPECT_EQ(marked.Marks(), "UUII");
 }
 

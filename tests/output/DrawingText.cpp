@@ -56,9 +56,10 @@ std::string ExampleDrawings(const std::string& projectPath) {
     Analysis analysis;
     OpenProjectFile(projectPath, analysis);
     PrepareComputation(analysis);
-    ComputeAndKeep(analysis);
+    Compute(analysis);
     return "on screen\n" +
-           DrawingText(DrawPlot(analysis.computed, ScreenPlotLayout(AreaWidth, AreaHeight))) +
+           DrawingText(DrawPlot(PlotContents(*analysis.computation),
+                                ScreenPlotLayout(AreaWidth, AreaHeight))) +
            "on Letter\n" + DrawingText(DrawPlotPage(analysis, LetterWidth, LetterHeight));
 }
 

@@ -27,12 +27,12 @@ Analysis Computed(const std::vector<std::pair<const char*, const char*>>& readin
     for (std::size_t i = 0; i < readings.size(); ++i)
         analysis.state.RecDatGrid[i] = {readings[i].first, readings[i].second};
     PrepareComputation(analysis);
-    ComputeAndKeep(analysis);
+    Compute(analysis);
     return analysis;
 }
 
 PlotDrawing Draw(const Analysis& analysis) {
-    return DrawPlot(analysis.computed, ScreenPlotLayout(Width, Height));
+    return DrawPlot(PlotContents(*analysis.computation), ScreenPlotLayout(Width, Height));
 }
 
 bool HasLine(const PlotDrawing& drawing, double x1, double y1, double x2, double y2) {
@@ -86,8 +86,8 @@ TEST(PlotDrawing, TimeAxisHasSixLinesWithTicksAndLabels) {
 
 TEST(PlotDrawing, YAxisFrom1To100CarriesItsLabelsAndTenTicksInEachDecade) {
     const Analysis analysis = Computed({{"0", "50"}, {"10", "5"}});
-    ASSERT_EQ(analysis.computed.bounds.PlotYAxisMin, 1);
-    ASSERT_EQ(analysis.computed.bounds.PlotYAxisMax, 100);
+    ASSERT_EQ(analysis.working.recovery.bounds.PlotYAxisMin, 1);
+    ASSERT_EQ(analysis.working.recovery.bounds.PlotYAxisMax, 100);
     const PlotDrawing drawing = Draw(analysis);
     const double middle = (Top + AxisY) / 2;
     for (const auto& [text, y] :
@@ -130,8 +130,8 @@ TEST(PlotDrawing, PointsStandWhereTimeAndLogYPutThem) {
 
 TEST(PlotDrawing, IgnoredPointsAreBlueUsedOnesRedAndThoseWithoutALogarithmMissing) {
     Analysis analysis = Computed({{"0", "50"}, {"5", "20"}, {"10", "5"}, {"12", "-1"}});
-    analysis.computed.Criteria[1] = CellText("Ignore");
-    ASSERT_FALSE(ComputeAndKeep(analysis).IsError());
+    analysis.working.marks[1] = Mark::Ignore;
+    ASSERT_FALSE(Compute(analysis).IsError());
     const PlotDrawing drawing = Draw(analysis);
     ASSERT_EQ(drawing.circles.size(), 3U);
     EXPECT_EQ(drawing.circles[0].colour, PlotColour::Red);
@@ -152,9 +152,9 @@ TEST(PlotDrawing, FittedLineRunsThroughTwoPoints) {
 TEST(PlotDrawing, FittedLineEndsWhereItMeetsTheBounds) {
     // Steep between the used points, so it runs out of the plot above and below.
     Analysis analysis = Computed({{"0", "9"}, {"4", "9"}, {"5", "1.1"}, {"10", "1.1"}});
-    analysis.computed.Criteria[0] = CellText("Ignore");
-    analysis.computed.Criteria[3] = CellText("Ignore");
-    ASSERT_FALSE(ComputeAndKeep(analysis).IsError());
+    analysis.working.marks[0] = Mark::Ignore;
+    analysis.working.marks[3] = Mark::Ignore;
+    ASSERT_FALSE(Compute(analysis).IsError());
     const PlotDrawing drawing = Draw(analysis);
     const PlotLine* line = RedLine(drawing);
     ASSERT_NE(line, nullptr);
@@ -167,16 +167,17 @@ TEST(PlotDrawing, FittedLineEndsWhereItMeetsTheBounds) {
 
 TEST(PlotDrawing, RisingFitDrawsNoLine) {
     const Analysis analysis = Computed({{"0", "50"}, {"10", "60"}});
-    EXPECT_FALSE(FittedLineFalls(analysis.computed));
+    EXPECT_FALSE(analysis.computation->line.Falls());
     EXPECT_EQ(RedLine(Draw(analysis)), nullptr);
     EXPECT_EQ(Draw(analysis).circles.size(), 2U);
 }
 
 TEST(PlotDrawing, FlatFitDrawsNoLine) {
-    Analysis analysis = Computed({{"0", "50"}, {"10", "40"}});
-    analysis.computed.FitSlope = 0;
-    EXPECT_FALSE(FittedLineFalls(analysis.computed));
-    EXPECT_EQ(RedLine(Draw(analysis)), nullptr);
+    const Analysis analysis = Computed({{"0", "50"}, {"10", "40"}});
+    Computation level = *analysis.computation;
+    level.line.slope = 0;
+    EXPECT_FALSE(level.line.Falls());
+    EXPECT_EQ(RedLine(DrawPlot(PlotContents(level), ScreenPlotLayout(Width, Height))), nullptr);
 }
 
 TEST(PlotDrawing, LineIsDrawnInTheEnteredUnits) {
@@ -184,7 +185,7 @@ TEST(PlotDrawing, LineIsDrawnInTheEnteredUnits) {
     analysis.state.RecDatTimeUnitsDDL = Hour;
     analysis.state.RecDatWaterLevelUnitsDDL = Foot;
     PrepareComputation(analysis);
-    ASSERT_FALSE(ComputeAndKeep(analysis).IsError());
+    ASSERT_FALSE(Compute(analysis).IsError());
     const PlotDrawing drawing = Draw(analysis);
     const PlotLine* line = RedLine(drawing);
     ASSERT_NE(line, nullptr);
@@ -196,7 +197,10 @@ TEST(PlotDrawing, LineIsDrawnInTheEnteredUnits) {
 
 TEST(PlotDrawing, NothingNotFiniteReachesAnAxis) {
     const Analysis analysis = Computed({{"0", "50"}, {"0", "5"}});
-    const PlotDrawing drawing = Draw(analysis);
+    ASSERT_EQ(analysis.computation, nullptr); // all at one time
+    const PlotDrawing drawing =
+        DrawPlot(PlotContents(analysis.working), ScreenPlotLayout(Width, Height));
+    EXPECT_EQ(drawing.circles.size(), 2U);
     for (const PlotLine& line : drawing.lines)
         EXPECT_TRUE(std::isfinite(line.x1 + line.x2 + line.y1 + line.y2));
     for (const PlotCircle& circle : drawing.circles)

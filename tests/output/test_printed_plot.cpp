@@ -22,7 +22,7 @@ Analysis Pratt() {
     Analysis analysis;
     OpenProjectFile(std::string(QUARNEL_SOURCE_DIR) + "/examples/pratt-county-1998.qn2", analysis);
     EXPECT_FALSE(PrepareComputation(analysis).result.IsError());
-    EXPECT_FALSE(ComputeAndKeep(analysis).IsError());
+    EXPECT_FALSE(Compute(analysis).IsError());
     return analysis;
 }
 
@@ -85,7 +85,7 @@ TEST(PrintedPlot, PointsAndLineAreMappedAndColoured) {
     const Analysis analysis = Pratt();
     const PlotDrawing page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
     const double axisY = LetterHeight - 3960;
-    const auto& point = (*analysis.computed.RecoveryPoints)[47];
+    const auto& point = (*analysis.working.recovery.RecoveryPoints)[47];
     const double x = 2160 + 79.5 / 354.9 * 8640;
     const double y = axisY - (point.log10Y + 3) / 3 * 8640;
     const auto circle =
@@ -112,7 +112,7 @@ TEST(PrintedPlot, RisingFitDrawsNoLine) {
     analysis.state.RecDatGrid[0] = {"0", "1"};
     analysis.state.RecDatGrid[1] = {"5", "2"};
     PrepareComputation(analysis);
-    ASSERT_FALSE(ComputeAndKeep(analysis).IsError());
+    ASSERT_FALSE(Compute(analysis).IsError());
     const PlotDrawing page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
     EXPECT_EQ(page.circles.size(), 2U);
     for (const PlotLine& line : page.lines)
@@ -188,12 +188,30 @@ TEST(PrintedPlot, LongNamesDoNotRunIntoEachOther) {
     }
 }
 
-TEST(PrintedPlot, StatesNoKWhileNoComputationIsCurrent) {
+TEST(PrintedPlot, WithoutAComputationShowsThePreparedPointsAllBlue) {
     Analysis analysis = Pratt();
-    PrepareComputation(analysis);
+    analysis.computation.reset();
     const PlotDrawing page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
     for (const PlotLabel& label : page.labels)
         EXPECT_EQ(label.text.find("Hydraulic"), std::string::npos);
+    EXPECT_FALSE(page.circles.empty());
+    for (const PlotCircle& circle : page.circles)
+        EXPECT_EQ(circle.colour, PlotColour::Blue);
+    for (const PlotLine& line : page.lines)
+        EXPECT_NE(line.colour, PlotColour::Red);
+}
+
+TEST(PrintedPlot, IsThatOfTheComputationWhateverIsPreparedAfterwards) {
+    Analysis analysis = Pratt();
+    const PlotDrawing before = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    analysis.state.RecDatGrid[0].level = "99";
+    analysis.state.RecDatTimeUnitsDDL = Minute;
+    CheckDataShowYs(analysis);
+    const PlotDrawing after = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    ASSERT_EQ(after.labels.size(), before.labels.size());
+    for (std::size_t i = 0; i < after.labels.size(); ++i)
+        EXPECT_EQ(after.labels[i].text, before.labels[i].text);
+    EXPECT_EQ(after.circles.size(), before.circles.size());
 }
 
 TEST(PrintedPlot, EmptyProjectGivesAHeaderAndNoPlot) {
@@ -211,7 +229,7 @@ TEST(PrintedPlot, AHundredThousandPointsAreDrawnOncePerSpot) {
         analysis.state.RecDatGrid.push_back(
             {std::to_string(i), std::to_string(9.0 * std::exp(-i * 2e-5))});
     PrepareComputation(analysis);
-    ASSERT_FALSE(ComputeAndKeep(analysis).IsError());
+    ASSERT_FALSE(Compute(analysis).IsError());
     const PlotDrawing page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
     EXPECT_GT(page.circles.size(), 500U);
     EXPECT_LT(page.circles.size(), 8000U);

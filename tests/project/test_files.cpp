@@ -174,7 +174,6 @@ TEST_F(Files, OpensAProjectFromDisk) {
     EXPECT_EQ(OpenProjectFile(path, state).format, FileFormat::Current);
     EXPECT_EQ(state.WellGeoText[GeoH], "5");
     EXPECT_EQ(state.CurrentProjectFile, path);
-    EXPECT_EQ(MainWindowTitle(state), "Quarnel: Bouwer-Rice Slug Test Analysis/ " + path);
 }
 
 TEST(OpenProject, TheHeaderStandsAnywhereInTheFirstLine) {
@@ -219,13 +218,6 @@ TEST(OpenProject, ALegacyFileNeedsItsHeadingInLineFive) {
     ProjectState state;
     EXPECT_EQ(OpenProjectBytes("1\n2\n3\n4\n H Le Lw\n", "p", state).format, FileFormat::Legacy);
     EXPECT_EQ(OpenProjectBytes("1\r2\r\n3\n4\nx Le ", "p", state).format, FileFormat::Legacy);
-}
-
-TEST(MainWindowTitle, IsTheProgramsNameUntilThereIsAFile) {
-    ProjectState state;
-    EXPECT_EQ(MainWindowTitle(state), "Quarnel: Bouwer-Rice Slug Test Analysis");
-    state.CurrentProjectFile = "/data/a [*] b.qn2";
-    EXPECT_EQ(MainWindowTitle(state), "Quarnel: Bouwer-Rice Slug Test Analysis/ /data/a [*] b.qn2");
 }
 
 } // namespace

@@ -193,9 +193,9 @@ TEST(RoundTrip, TheExampleProjectsAreSavedByteForByte) {
 std::uint64_t KBits(const ProjectState& project) {
     Analysis analysis;
     analysis.state = project;
-    if (PrepareComputation(analysis).result.IsError() || ComputeAndKeep(analysis).IsError())
+    if (PrepareComputation(analysis).result.IsError() || Compute(analysis).IsError())
         return 0;
-    return std::bit_cast<std::uint64_t>(analysis.computed.KInCmPerSec);
+    return std::bit_cast<std::uint64_t>(analysis.computation->KInCmPerSec);
 }
 
 std::string Number(test::Random& random, double least, double most) {

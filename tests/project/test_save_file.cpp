@@ -22,8 +22,7 @@ std::string BytesOf(const ProjectState& state) {
 
 } // namespace
 
-// ---- SaveFileBytes
-// -----------------------------------------------------------------------------------
+// ---- SaveFileBytes -----------------------------------------------------------------------------
 
 TEST_F(SaveFile, NewFileHoldsTheBytesAndNothingElseIsLeft) {
     EXPECT_EQ(SaveFileBytes(Path("a.qn2"), "one\r\n"), FileFailure::None);
@@ -142,8 +141,7 @@ TEST_F(SaveFile, LinkInACircleIsRefused) {
     EXPECT_TRUE(fs::is_symlink(Path("a")) && fs::is_symlink(Path("b")));
 }
 
-// ---- WriteProjectFile
-// ----------------------------------------------------------------------------------
+// ---- WriteProjectFile --------------------------------------------------------------------------
 
 TEST_F(SaveFile, ProjectTakesTheNameItIsSavedUnder) {
     ProjectState state = SmallProject();

@@ -317,11 +317,5 @@ TEST(SingleToText, RoundsToASingleBeforeItRoundsToDigits) {
     EXPECT_EQ(SingleToText(16777217.0), "1.677722E+07");
 }
 
-TEST(Texts, WholeNumbersArePlainDigits) {
-    EXPECT_EQ(WholeToText(0), "0");
-    EXPECT_EQ(WholeToText(-1), "-1");
-    EXPECT_EQ(WholeToText(1'000'000), "1000000");
-}
-
 } // namespace
 } // namespace quarnel

@@ -31,8 +31,7 @@ constexpr const char* NotCompatible =
 constexpr const char* TooManyColumns =
     "A column to be pasted exceeds the number of columns in the grid.";
 
-// ---- Copy
-// ------------------------------------------------------------------------------------------
+// ---- Copy --------------------------------------------------------------------------------------
 
 TEST(GridCopy, CellsAreSeparatedByTabAndRowsEndedByCarriageReturnWithOneMoreAtTheEnd) {
     Grid grid(FourRows);
@@ -47,8 +46,7 @@ TEST(GridCopy, TheCornersMayLieAnyWayRound) {
     EXPECT_EQ(grid.At(Select(50, 1)).editor.CopyText(), "\r\r");
 }
 
-// ---- Typing
-// ----------------------------------------------------------------------------------------
+// ---- Typing ------------------------------------------------------------------------------------
 
 TEST(GridTyping, TheFirstCharacterReplacesTheCellAndTheNextAreAdded) {
     Grid grid(FourRows);
@@ -140,8 +138,7 @@ TEST(GridSelecting, ACornerBeyondTheGridComesToItsEdge) {
     EXPECT_EQ(grid.editor.Selection(), Select(1, 1, 50, 2));
 }
 
-// ---- Clear
-// -----------------------------------------------------------------------------------------
+// ---- Clear -------------------------------------------------------------------------------------
 
 TEST(GridClear, EmptiesTheBlockAndItsFirstCellBecomesCurrent) {
     Grid grid(FourRows);
@@ -156,8 +153,7 @@ TEST(GridClear, OfEmptyCellsIsNoChangeToTakeBack) {
     EXPECT_FALSE(grid.editor.CanUndo());
 }
 
-// ---- Paste
-// -----------------------------------------------------------------------------------------
+// ---- Paste -------------------------------------------------------------------------------------
 
 TEST(GridPaste, TwoByTwoIntoOneCellFillsTwoByTwoFromThere) {
     Grid grid;
@@ -277,8 +273,7 @@ TEST(GridPaste, WhatWasCopiedComesBackTheSame) {
     }
 }
 
-// ---- Insert
-// ----------------------------------------------------------------------------------------
+// ---- Insert ------------------------------------------------------------------------------------
 
 TEST(GridInsert, NumberOfRowsIsRoundedHalfToEven) {
     const std::pair<const char*, int> cases[] = {
@@ -332,8 +327,7 @@ TEST(GridInsert, LessThanOneRowInsertsNothing) {
     EXPECT_FALSE(grid.editor.CanUndo());
 }
 
-// ---- Delete
-// ----------------------------------------------------------------------------------------
+// ---- Delete ------------------------------------------------------------------------------------
 
 TEST(GridDelete, AllRowsOfANewGridLeaveFiftyEmptyOnes) {
     Grid grid(FourRows);
@@ -369,16 +363,15 @@ TEST(GridDelete, RowsWithoutATextHoldNoData) {
     EXPECT_TRUE(grid.At(Select(5, 1)).editor.SelectionHoldsData());
 }
 
-// ---- Sort
-// ------------------------------------------------------------------------------------------
+// ---- Sort --------------------------------------------------------------------------------------
 
 RecoveryPointList PointsOf(const GridRows& rows) {
     ProjectState state;
     state.RecDatDataTypeDDL = ChangeInHead;
     state.RecDatGrid = rows;
-    ComputedValues computed;
-    EXPECT_EQ(CheckRecoveryData(state, computed).message, "");
-    return *computed.RecoveryPoints;
+    RecoveryData data;
+    EXPECT_EQ(CheckRecoveryData(state, data).message, "");
+    return *data.RecoveryPoints;
 }
 
 TEST(GridSort, BlankRowsBetweenDisappear) {
@@ -419,8 +412,7 @@ TEST(GridSort, WithoutReadingsNothingHappens) {
     EXPECT_FALSE(grid.editor.CanUndo());
 }
 
-// ---- History
-// ---------------------------------------------------------------------------------------
+// ---- History -----------------------------------------------------------------------------------
 
 TEST(GridHistory, TheTypingOfACellIsTakenBackAsOneChange) {
     Grid grid(FourRows);

@@ -158,9 +158,9 @@ public:
 
 private:
     void SortReal() {
-        ComputedValues computed;
-        if (!CheckRecoveryData(state_, computed).IsError())
-            editor_.SortByTime(*computed.RecoveryPoints);
+        RecoveryData data;
+        if (!CheckRecoveryData(state_, data).IsError())
+            editor_.SortByTime(*data.RecoveryPoints);
     }
 
     std::string PressReal(const Step& step) {

@@ -13,7 +13,7 @@ using Rows = std::vector<RecoveryRow>;
 
 struct Checked {
     ProjectState state;
-    ComputedValues computed;
+    RecoveryData data;
     Result result;
 };
 
@@ -22,22 +22,22 @@ Checked Check(Rows rows, int dataType = ChangeInHead, const std::string& preSlug
     checked.state.RecDatGrid = std::move(rows);
     checked.state.RecDatDataTypeDDL = dataType;
     checked.state.RecDatPreSlugHeadText = preSlug;
-    checked.result = CheckRecoveryData(checked.state, checked.computed);
+    checked.result = CheckRecoveryData(checked.state, checked.data);
     return checked;
 }
 
 TEST(CheckRecoveryData, AnEmptyGridHasNoPointsAndNoMessage) {
-    const auto [state, computed, result] = Check(Rows(50));
+    const auto [state, data, result] = Check(Rows(50));
     EXPECT_EQ(result.status, ComputationStatus::Ok);
     EXPECT_EQ(result.message, "");
-    EXPECT_TRUE(computed.RecoveryPoints->empty());
+    EXPECT_TRUE(data.RecoveryPoints->empty());
 }
 
 TEST(CheckRecoveryData, GathersThePointsOfTheRowsThatAreNotBlank) {
-    const auto [state, computed, result] =
+    const auto [state, data, result] =
         Check({{}, {" 0 ", "2.5"}, {" ", "   "}, {"15", " 2.25 "}, {}, {"7", "-1e-1"}, {}});
     EXPECT_EQ(result.message, "");
-    const RecoveryPointList& points = *computed.RecoveryPoints;
+    const RecoveryPointList& points = *data.RecoveryPoints;
     ASSERT_EQ(points.size(), 3U);
     EXPECT_EQ(points[0].timeText.View(), "0");
     EXPECT_EQ(points[0].time, 0);
@@ -50,7 +50,7 @@ TEST(CheckRecoveryData, GathersThePointsOfTheRowsThatAreNotBlank) {
 }
 
 TEST(CheckRecoveryData, TrimmedTextsAreWrittenBack) {
-    const auto [state, computed, result] =
+    const auto [state, data, result] =
         Check({{" 1 ", " 2 "}, {"  ", " "}, {" 3 ", " 4"}}, DepthToGroundwater, "  7.5 ");
     EXPECT_EQ(state.RecDatPreSlugHeadText, "7.5");
     EXPECT_EQ(state.RecDatGrid[0].time.View(), "1");
@@ -61,7 +61,7 @@ TEST(CheckRecoveryData, TrimmedTextsAreWrittenBack) {
 }
 
 TEST(CheckRecoveryData, TextsStayTrimmedWhenTheCheckFails) {
-    const auto [state, computed, result] = Check({{" 1 ", " 2 "}, {" x ", " 2 "}, {" 3 ", " 4 "}});
+    const auto [state, data, result] = Check({{" 1 ", " 2 "}, {" x ", " 2 "}, {" 3 ", " 4 "}});
     EXPECT_TRUE(result.IsError());
     EXPECT_EQ(state.RecDatGrid[0].time.View(), "1");
     EXPECT_EQ(state.RecDatGrid[1].time.View(), "x");
@@ -90,10 +90,10 @@ TEST(CheckRecoveryData, EveryFaultOfARowHasItsMessage) {
           Case{{"5", "   "}, "Missing Recovery data in row 2."},
           Case{{"5", "abc"},
                "Recovery data in row 2 cannot be evaluated as a number. Please re-enter."}}) {
-        const auto [state, computed, result] = Check({{"1", "2"}, c.row, {"x", "y"}});
+        const auto [state, data, result] = Check({{"1", "2"}, c.row, {"x", "y"}});
         EXPECT_EQ(result.status, ComputationStatus::Error);
         EXPECT_EQ(result.message, c.message);
-        EXPECT_TRUE(computed.RecoveryPoints->empty());
+        EXPECT_TRUE(data.RecoveryPoints->empty());
     }
 }
 
@@ -123,29 +123,29 @@ TEST(CheckRecoveryData, ThePreSlugConditionIsNeededForDepthAndHead) {
         EXPECT_EQ(Check({{"x", "y"}}, dataType, "abc").result.message,
                   "Value entered for Pre-Slug Test Condition cannot be evaluated as a number. "
                   "Please re-enter.");
-        const auto [state, computed, result] = Check({{"1", "2"}}, dataType, " -7.50 ");
+        const auto [state, data, result] = Check({{"1", "2"}}, dataType, " -7.50 ");
         EXPECT_FALSE(result.IsError());
-        EXPECT_EQ(computed.preSlugText, "-7.50");
-        EXPECT_EQ(computed.preSlug, -7.5);
+        EXPECT_EQ(data.preSlugText, "-7.50");
+        EXPECT_EQ(data.preSlug, -7.5);
     }
 }
 
 TEST(CheckRecoveryData, ChangesInHeadIgnoreThePreSlugBox) {
     for (const char* text : {"", "abc", " 7 "}) {
-        const auto [state, computed, result] = Check({{"1", "2"}}, ChangeInHead, text);
+        const auto [state, data, result] = Check({{"1", "2"}}, ChangeInHead, text);
         EXPECT_FALSE(result.IsError());
-        EXPECT_EQ(computed.preSlugText, "");
-        EXPECT_EQ(computed.preSlug, 0);
+        EXPECT_EQ(data.preSlugText, "");
+        EXPECT_EQ(data.preSlug, 0);
         EXPECT_EQ(state.RecDatPreSlugHeadText, text);
     }
 }
 
 TEST(CheckRecoveryData, ThePreSlugValueOfAnEarlierCheckIsForgotten) {
-    auto [state, computed, result] = Check({{"1", "2"}}, DepthToGroundwater, "7");
+    auto [state, data, result] = Check({{"1", "2"}}, DepthToGroundwater, "7");
     state.RecDatDataTypeDDL = ChangeInHead;
-    EXPECT_FALSE(CheckRecoveryData(state, computed).IsError());
-    EXPECT_EQ(computed.preSlug, 0);
-    EXPECT_EQ(computed.preSlugText, "");
+    EXPECT_FALSE(CheckRecoveryData(state, data).IsError());
+    EXPECT_EQ(data.preSlug, 0);
+    EXPECT_EQ(data.preSlugText, "");
 }
 
 TEST(CheckRecoveryData, StoresTheListPositions) {
@@ -155,22 +155,22 @@ TEST(CheckRecoveryData, StoresTheListPositions) {
     state.RecDatTimeUnitsDDL = Hour;
     state.RecDatWaterLevelUnitsDDL = Metre;
     state.RecDatPreSlugHeadText = "1";
-    ComputedValues computed;
-    EXPECT_FALSE(CheckRecoveryData(state, computed).IsError());
-    EXPECT_EQ(computed.dataType, GroundwaterHead);
-    EXPECT_EQ(computed.slugTestType, FallingHead);
-    EXPECT_EQ(computed.timeUnit, Hour);
-    EXPECT_EQ(computed.levelUnit, Metre);
+    RecoveryData data;
+    EXPECT_FALSE(CheckRecoveryData(state, data).IsError());
+    EXPECT_EQ(data.dataType, GroundwaterHead);
+    EXPECT_EQ(data.slugTestType, FallingHead);
+    EXPECT_EQ(data.timeUnit, Hour);
+    EXPECT_EQ(data.levelUnit, Metre);
 }
 
-TEST(CheckRecoveryData, MakesANewListSoThatKeptDetailsKeepTheirs) {
-    auto [state, computed, result] = Check({{"1", "2"}});
-    const std::shared_ptr<RecoveryPointList> kept = computed.RecoveryPoints;
+TEST(CheckRecoveryData, MakesANewListSoThatAComputationKeepsItsOwn) {
+    auto [state, data, result] = Check({{"1", "2"}});
+    const SharedPoints kept = data.RecoveryPoints;
     state.RecDatGrid = {{"8", "9"}, {"10", "11"}};
-    EXPECT_FALSE(CheckRecoveryData(state, computed).IsError());
+    EXPECT_FALSE(CheckRecoveryData(state, data).IsError());
     EXPECT_EQ(kept->size(), 1U);
     EXPECT_EQ(kept->front().time, 1);
-    EXPECT_EQ(computed.RecoveryPoints->size(), 2U);
+    EXPECT_EQ(data.RecoveryPoints->size(), 2U);
 }
 
 TEST(CheckRecoveryData, NumbersMayUseTheLocalesSeparator) {
@@ -179,11 +179,11 @@ TEST(CheckRecoveryData, NumbersMayUseTheLocalesSeparator) {
     state.RecDatDataTypeDDL = DepthToGroundwater;
     state.RecDatPreSlugHeadText = "7,5";
     state.RecDatGrid = {{"1,5", "10.25"}};
-    ComputedValues computed;
-    EXPECT_FALSE(CheckRecoveryData(state, computed).IsError());
-    EXPECT_EQ(computed.preSlug, 7.5);
-    EXPECT_EQ(computed.RecoveryPoints->front().time, 1.5);
-    EXPECT_EQ(computed.RecoveryPoints->front().level, 10.25);
+    RecoveryData data;
+    EXPECT_FALSE(CheckRecoveryData(state, data).IsError());
+    EXPECT_EQ(data.preSlug, 7.5);
+    EXPECT_EQ(data.RecoveryPoints->front().time, 1.5);
+    EXPECT_EQ(data.RecoveryPoints->front().level, 10.25);
 }
 
 TEST(HasRecoveryRows, SeesAnyCellThatIsNotBlank) {

@@ -26,7 +26,7 @@ struct Setting {
 };
 
 struct Computed {
-    ComputedValues values;
+    RecoveryData values;
     Result result;
     const RecoveryPoint& Point(std::size_t number) const {
         return values.RecoveryPoints->at(number - 1);
@@ -41,10 +41,10 @@ Computed Compute(std::vector<RecoveryRow> rows, const Setting& setting = {}) {
     state.RecDatPreSlugHeadText = setting.preSlug;
     state.RecDatTimeUnitsDDL = setting.timeUnit;
     state.RecDatWaterLevelUnitsDDL = setting.levelUnit;
-    Computed computed;
-    EXPECT_FALSE(CheckRecoveryData(state, computed.values).IsError());
-    computed.result = ComputeRecoveryY(computed.values);
-    return computed;
+    Computed data;
+    EXPECT_FALSE(CheckRecoveryData(state, data.values).IsError());
+    data.result = ComputeRecoveryY(data.values);
+    return data;
 }
 
 TEST(YSign, FollowsDataTypeAndSlugTestType) {
@@ -60,16 +60,16 @@ TEST(YSign, FollowsDataTypeAndSlugTestType) {
 }
 
 TEST(ComputeRecoveryY, ADepthThatRises) {
-    const Computed computed = Compute({{"0", "12.5"}}, {DepthToGroundwater, RisingHead, "10"});
-    const RecoveryPoint& point = computed.Point(1);
-    EXPECT_EQ(computed.result.status, ComputationStatus::Ok);
-    EXPECT_EQ(computed.result.message, "");
+    const Computed data = Compute({{"0", "12.5"}}, {DepthToGroundwater, RisingHead, "10"});
+    const RecoveryPoint& point = data.Point(1);
+    EXPECT_EQ(data.result.status, ComputationStatus::Ok);
+    EXPECT_EQ(data.result.message, "");
     EXPECT_EQ(point.y, 2.5);
     EXPECT_EQ(point.yCm, 76.2);
     EXPECT_DOUBLE_EQ(point.lnYCm, 4.333361462692600627);  // ln 76.2
     EXPECT_DOUBLE_EQ(point.log10Y, 0.397940008672037609); // log10 2.5
     EXPECT_EQ(point.yValid, 1);
-    EXPECT_EQ(computed.values.ValidYCount, 1);
+    EXPECT_EQ(data.values.ValidYCount, 1);
 }
 
 TEST(ComputeRecoveryY, AHeadThatRisesOrFalls) {
@@ -85,44 +85,43 @@ TEST(ComputeRecoveryY, AHeadThatRisesOrFalls) {
 
 TEST(ComputeRecoveryY, IsExactToTheLastBit) {
     // (reading - pre-slug) x sign, then x factor, in doubles.
-    const Computed computed = Compute({{"0.1", "9.80"}, {"1.1", "9.41"}},
-                                      {DepthToGroundwater, RisingHead, "7.32", Minute});
-    EXPECT_EQ(computed.Point(1).y, 0x1.3d70a3d70a3d8p+1);
-    EXPECT_EQ(computed.Point(1).yCm, 0x1.2e5c91d14e3bep+6);
-    EXPECT_EQ(computed.Point(2).y, 0x1.0b851eb851eb8p+1);
-    EXPECT_EQ(computed.Point(2).yCm, 0x1.fda027525460ap+5);
-    EXPECT_DOUBLE_EQ(computed.Point(1).lnYCm, 4.325329290995336551);
-    EXPECT_DOUBLE_EQ(computed.Point(2).lnYCm, 4.154234796795165088);
-    EXPECT_EQ(computed.Point(1).timeSec, 6);
-    EXPECT_EQ(computed.Point(2).timeSec, 66.0);
+    const Computed data = Compute({{"0.1", "9.80"}, {"1.1", "9.41"}},
+                                  {DepthToGroundwater, RisingHead, "7.32", Minute});
+    EXPECT_EQ(data.Point(1).y, 0x1.3d70a3d70a3d8p+1);
+    EXPECT_EQ(data.Point(1).yCm, 0x1.2e5c91d14e3bep+6);
+    EXPECT_EQ(data.Point(2).y, 0x1.0b851eb851eb8p+1);
+    EXPECT_EQ(data.Point(2).yCm, 0x1.fda027525460ap+5);
+    EXPECT_DOUBLE_EQ(data.Point(1).lnYCm, 4.325329290995336551);
+    EXPECT_DOUBLE_EQ(data.Point(2).lnYCm, 4.154234796795165088);
+    EXPECT_EQ(data.Point(1).timeSec, 6);
+    EXPECT_EQ(data.Point(2).timeSec, 66.0);
 }
 
 TEST(ComputeRecoveryY, AllPointsAreComputedWhenSomeAreNotAboveZero) {
-    const Computed computed =
+    const Computed data =
         Compute({{"1", "-2"}, {"2", "0"}, {"3", "5"}, {"4", "-0"}, {"5", "7"}}, {.timeUnit = Hour});
-    EXPECT_EQ(computed.result.status, ComputationStatus::Warning);
-    EXPECT_EQ(computed.result.message, Warning);
-    EXPECT_EQ(computed.values.ValidYCount, 2);
+    EXPECT_EQ(data.result.status, ComputationStatus::Warning);
+    EXPECT_EQ(data.result.message, Warning);
+    EXPECT_EQ(data.values.ValidYCount, 2);
     for (const std::size_t number : {1U, 2U, 4U}) {
-        const RecoveryPoint& point = computed.Point(number);
+        const RecoveryPoint& point = data.Point(number);
         EXPECT_EQ(point.yValid, 0);
         EXPECT_EQ(point.log10Y, 0);
         EXPECT_EQ(point.lnYCm, 0);
-        EXPECT_EQ(point.weight, 0);
     }
-    EXPECT_EQ(computed.Point(1).yCm, -2 * 30.48);
-    EXPECT_EQ(computed.Point(5).y, 7);
-    EXPECT_EQ(computed.Point(5).timeSec, 18000);
-    EXPECT_EQ(computed.Point(5).yValid, 1);
+    EXPECT_EQ(data.Point(1).yCm, -2 * 30.48);
+    EXPECT_EQ(data.Point(5).y, 7);
+    EXPECT_EQ(data.Point(5).timeSec, 18000);
+    EXPECT_EQ(data.Point(5).yValid, 1);
 }
 
 TEST(ComputeRecoveryY, EveryUnitHasItsFactor) {
     const double seconds[] = {1, 60, 3600, 86400};
     const double centimetres[] = {2.54, 30.48, 1, 100};
     for (int unit = 0; unit < 4; ++unit) {
-        const Computed computed = Compute({{"3", "7"}}, {.timeUnit = unit, .levelUnit = unit});
-        EXPECT_EQ(computed.Point(1).timeSec, 3 * seconds[unit]);
-        EXPECT_EQ(computed.Point(1).yCm, 7 * centimetres[unit]);
+        const Computed data = Compute({{"3", "7"}}, {.timeUnit = unit, .levelUnit = unit});
+        EXPECT_EQ(data.Point(1).timeSec, 3 * seconds[unit]);
+        EXPECT_EQ(data.Point(1).yCm, 7 * centimetres[unit]);
     }
     const Computed none = Compute({{"3", "7"}}, {.timeUnit = -1, .levelUnit = 4});
     EXPECT_EQ(none.Point(1).timeSec, 0);
@@ -147,9 +146,9 @@ TEST(YText, HasABlankOrAMinusInFront) {
 }
 
 TEST(PlotBounds, AreTheExtremesOfTheValidPoints) {
-    const Computed computed = Compute({{"900", "-2"}, {"10", "4.2"}, {"30", "0.03"}, {"20", "0.5"}},
-                                      {.levelUnit = Metre});
-    const PlotBounds& bounds = computed.values.bounds;
+    const Computed data = Compute({{"900", "-2"}, {"10", "4.2"}, {"30", "0.03"}, {"20", "0.5"}},
+                                  {.levelUnit = Metre});
+    const PlotBounds& bounds = data.values.bounds;
     EXPECT_EQ(bounds.PlotMaxTime, 30);
     EXPECT_EQ(bounds.PlotMinY, 0.03);
     EXPECT_EQ(bounds.PlotMaxY, 4.2);
@@ -159,8 +158,8 @@ TEST(PlotBounds, AreTheExtremesOfTheValidPoints) {
 }
 
 TEST(PlotBounds, WithoutPointsTheyAreFixed) {
-    for (const Computed& computed : {Compute({}), Compute({{"5", "-1"}, {"7", "0"}})}) {
-        const PlotBounds& bounds = computed.values.bounds;
+    for (const Computed& data : {Compute({}), Compute({{"5", "-1"}, {"7", "0"}})}) {
+        const PlotBounds& bounds = data.values.bounds;
         EXPECT_EQ(bounds.PlotMaxTime, 10);
         EXPECT_EQ(bounds.PlotMinY, 1);
         EXPECT_EQ(bounds.PlotMaxY, 10);

@@ -18,7 +18,7 @@ constexpr std::string_view DporRange =
 
 struct Checked {
     ProjectState state;
-    ComputedValues computed;
+    WellDimensions well;
     Result result;
 };
 
@@ -27,7 +27,7 @@ Checked Check(const std::array<std::string, 6>& texts, int vertical = Foot, int 
     checked.state.WellGeoText = texts;
     checked.state.WellGeoVertUnitsDDL = vertical;
     checked.state.WellGeoRadUnitsDDL = radial;
-    checked.result = CheckWellGeometry(checked.state, checked.computed);
+    checked.result = CheckWellGeometry(checked.state, checked.well);
     return checked;
 }
 
@@ -40,40 +40,40 @@ Checked CheckWith(int index, const std::string& text) {
 }
 
 TEST(CheckWellGeometry, StoresTextsValuesAndCentimetres) {
-    const auto [state, computed, result] = Check({" 12.4 ", "10", "9.5", "8.25", "2", "30"});
+    const auto [state, well, result] = Check({" 12.4 ", "10", "9.5", "8.25", "2", "30"});
     EXPECT_EQ(result.status, ComputationStatus::Ok);
     EXPECT_EQ(result.message, "");
-    EXPECT_EQ(computed.H.text, "12.4");
-    EXPECT_EQ(computed.H.value, 12.4);
-    EXPECT_EQ(computed.H.cm, 12.4 * 30.48);
-    EXPECT_EQ(computed.Lw.text, "10");
-    EXPECT_EQ(computed.Lw.value, 10);
-    EXPECT_EQ(computed.Lw.cm, 304.8);
-    EXPECT_EQ(computed.Le.text, "9.5");
-    EXPECT_EQ(computed.Le.cm, 9.5 * 30.48);
-    EXPECT_EQ(computed.dw.text, "8.25");
-    EXPECT_EQ(computed.dw.value, 8.25);
-    EXPECT_EQ(computed.dw.radius, 4.125);
-    EXPECT_EQ(computed.dw.radiusCm, 4.125 * 2.54);
-    EXPECT_EQ(computed.dc.text, "2");
-    EXPECT_EQ(computed.dc.radius, 1);
-    EXPECT_EQ(computed.dc.radiusCm, 2.54);
-    EXPECT_EQ(computed.dporText, "30");
-    EXPECT_EQ(computed.n, 0.3);
-    EXPECT_EQ(computed.verticalUnit, Foot);
-    EXPECT_EQ(computed.radialUnit, Inch);
+    EXPECT_EQ(well.H.text, "12.4");
+    EXPECT_EQ(well.H.value, 12.4);
+    EXPECT_EQ(well.H.cm, 12.4 * 30.48);
+    EXPECT_EQ(well.Lw.text, "10");
+    EXPECT_EQ(well.Lw.value, 10);
+    EXPECT_EQ(well.Lw.cm, 304.8);
+    EXPECT_EQ(well.Le.text, "9.5");
+    EXPECT_EQ(well.Le.cm, 9.5 * 30.48);
+    EXPECT_EQ(well.dw.text, "8.25");
+    EXPECT_EQ(well.dw.value, 8.25);
+    EXPECT_EQ(well.dw.radius, 4.125);
+    EXPECT_EQ(well.dw.radiusCm, 4.125 * 2.54);
+    EXPECT_EQ(well.dc.text, "2");
+    EXPECT_EQ(well.dc.radius, 1);
+    EXPECT_EQ(well.dc.radiusCm, 2.54);
+    EXPECT_EQ(well.dporText, "30");
+    EXPECT_EQ(well.n, 0.3);
+    EXPECT_EQ(well.verticalUnit, Foot);
+    EXPECT_EQ(well.radialUnit, Inch);
 }
 
 TEST(CheckWellGeometry, EveryUnitHasItsFactor) {
     const double factors[] = {2.54, 30.48, 1.0, 100.0};
     for (int unit = 0; unit < 4; ++unit) {
         const Checked vertical = Check(Accepted, unit, Centimetre);
-        EXPECT_EQ(vertical.computed.H.cm, 12.4 * factors[unit]);
-        EXPECT_EQ(vertical.computed.dw.radiusCm, 4.125);
+        EXPECT_EQ(vertical.well.H.cm, 12.4 * factors[unit]);
+        EXPECT_EQ(vertical.well.dw.radiusCm, 4.125);
         const Checked radial = Check(Accepted, Centimetre, unit);
-        EXPECT_EQ(radial.computed.H.cm, 12.4);
-        EXPECT_EQ(radial.computed.dw.radiusCm, 4.125 * factors[unit]);
-        EXPECT_EQ(radial.computed.reCm, radial.computed.re * factors[unit]);
+        EXPECT_EQ(radial.well.H.cm, 12.4);
+        EXPECT_EQ(radial.well.dw.radiusCm, 4.125 * factors[unit]);
+        EXPECT_EQ(radial.well.reCm, radial.well.re * factors[unit]);
     }
 }
 
@@ -96,9 +96,9 @@ TEST(CheckWellGeometry, TheEffectiveRadiusIsExactToTheLastBit) {
           Case{"0.25", "0.128", "0", 0.064, "0.064"},
           Case{"0.25", "0.128", "100", 0.125, "0.125"}}) {
         const Checked checked = Check({"12", "10", "9", c.dw, c.dc, c.dpor});
-        EXPECT_EQ(checked.computed.re, c.re) << c.dw;
-        EXPECT_EQ(checked.computed.reText, c.text);
-        EXPECT_EQ(checked.computed.reCm, c.re * 2.54);
+        EXPECT_EQ(checked.well.re, c.re) << c.dw;
+        EXPECT_EQ(checked.well.reText, c.text);
+        EXPECT_EQ(checked.well.reCm, c.re * 2.54);
     }
 }
 
@@ -133,18 +133,18 @@ TEST(CheckWellGeometry, TheLastFailingComparisonIsReported) {
 
 TEST(CheckWellGeometry, AFailingComparisonDerivesTheLengthsAllTheSame) {
     const Checked checked = Check({"10", "11", "9", "8", "2", "0"}, Metre, Centimetre);
-    EXPECT_EQ(checked.computed.Lw.cm, 1100);
-    EXPECT_EQ(checked.computed.re, 1);
-    EXPECT_EQ(checked.computed.reText, "1");
+    EXPECT_EQ(checked.well.Lw.cm, 1100);
+    EXPECT_EQ(checked.well.re, 1);
+    EXPECT_EQ(checked.well.reText, "1");
 }
 
 TEST(CheckWellGeometry, AnEmptyPorosityIsZero) {
     for (const char* text : {"", "   "}) {
         const Checked checked = CheckWith(GeoDpor, text);
         EXPECT_FALSE(checked.result.IsError());
-        EXPECT_EQ(checked.computed.dporText, "0");
-        EXPECT_EQ(checked.computed.n, 0);
-        EXPECT_EQ(checked.computed.re, checked.computed.dc.radius);
+        EXPECT_EQ(checked.well.dporText, "0");
+        EXPECT_EQ(checked.well.n, 0);
+        EXPECT_EQ(checked.well.re, checked.well.dc.radius);
     }
 }
 
@@ -181,49 +181,48 @@ TEST(CheckWellGeometry, AFailureLeavesTheLaterBoxesUncheckedAndUnstored) {
         ProjectState state;
         state.WellGeoText = {" 12.4 ", " 10 ", " 9.5 ", " 8.25 ", " 2 ", " 30 "};
         state.WellGeoText[static_cast<std::size_t>(failing)] = " x ";
-        ComputedValues computed;
-        EXPECT_TRUE(CheckWellGeometry(state, computed).IsError());
-        const std::array<std::string, 6> stored = {computed.H.text,  computed.Lw.text,
-                                                   computed.Le.text, computed.dw.text,
-                                                   computed.dc.text, computed.dporText};
+        WellDimensions well;
+        EXPECT_TRUE(CheckWellGeometry(state, well).IsError());
+        const std::array<std::string, 6> stored = {well.H.text,  well.Lw.text, well.Le.text,
+                                                   well.dw.text, well.dc.text, well.dporText};
         for (int i = 0; i < 6; ++i) {
             const auto at = static_cast<std::size_t>(i);
             EXPECT_EQ(stored[at], i < failing ? Accepted[at] : "") << failing << i;
             // The box at fault is trimmed too, since that comes before its check.
             EXPECT_EQ(state.WellGeoText[at].front() == ' ', i > failing) << failing << i;
         }
-        EXPECT_EQ(computed.H.cm, 0);
-        EXPECT_EQ(computed.re, 0);
-        EXPECT_EQ(computed.reText, "");
+        EXPECT_EQ(well.H.cm, 0);
+        EXPECT_EQ(well.re, 0);
+        EXPECT_EQ(well.reText, "");
     }
 }
 
 TEST(CheckWellGeometry, AFailureKeepsWhatAnEarlierCheckStoredBehindIt) {
-    auto [state, computed, result] = Check(Accepted);
+    auto [state, well, result] = Check(Accepted);
     state.WellGeoText = {"20", "x", "5", "5", "5", "5"};
-    EXPECT_TRUE(CheckWellGeometry(state, computed).IsError());
-    EXPECT_EQ(computed.H.value, 20);
-    EXPECT_EQ(computed.H.cm, 12.4 * 30.48);
-    EXPECT_EQ(computed.Lw.value, 10);
-    EXPECT_EQ(computed.dporText, "30");
+    EXPECT_TRUE(CheckWellGeometry(state, well).IsError());
+    EXPECT_EQ(well.H.value, 20);
+    EXPECT_EQ(well.H.cm, 12.4 * 30.48);
+    EXPECT_EQ(well.Lw.value, 10);
+    EXPECT_EQ(well.dporText, "30");
 }
 
 TEST(CheckWellGeometry, NumbersMayUseTheLocalesSeparator) {
     ProjectState state;
     state.WellGeoText = {"12,4", "10.5", "9,5", "8,25", "2", "27,5"};
     state.DecimalSeparator = ",";
-    ComputedValues computed;
-    EXPECT_FALSE(CheckWellGeometry(state, computed).IsError());
-    EXPECT_EQ(computed.H.value, 12.4);
-    EXPECT_EQ(computed.H.text, "12,4");
-    EXPECT_EQ(computed.Lw.value, 10.5);
-    EXPECT_EQ(computed.n, 27.5 / 100);
+    WellDimensions well;
+    EXPECT_FALSE(CheckWellGeometry(state, well).IsError());
+    EXPECT_EQ(well.H.value, 12.4);
+    EXPECT_EQ(well.H.text, "12,4");
+    EXPECT_EQ(well.Lw.value, 10.5);
+    EXPECT_EQ(well.n, 27.5 / 100);
 }
 
 TEST(CheckWellGeometry, AnEffectiveRadiusBeyondSinglePrecisionHasNoText) {
     const Checked checked = Check({"12", "10", "9", "2e100", "1e100", "0"});
-    EXPECT_EQ(checked.computed.reText, "");
-    EXPECT_EQ(checked.computed.re, 0.5e100);
+    EXPECT_EQ(checked.well.reText, "");
+    EXPECT_EQ(checked.well.re, 0.5e100);
 }
 
 TEST(UnitFactors, ArePairedWithTheirListPositions) {

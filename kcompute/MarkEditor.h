@@ -1,0 +1,57 @@
+#pragma once
+
+#include "kcompute/UseIgnore.h"
+#include "kcompute/WorkingValues.h"
+#include "project/ProjectState.h"
+
+#include <cstddef>
+#include <vector>
+
+namespace quarnel {
+
+/// Changes the marks of the prepared points, each command as one step that can be undone, and
+/// carries every change into the ignore keys of the project at once. The steps hold as long as the
+/// points are the same readings: a look at another tab keeps them, an edited reading ends them.
+class MarkEditor {
+public:
+    MarkEditor(ProjectState& state, WorkingValues& working);
+
+    /// Applies a key to the points first..last (counted from 0, cut to the points there are).
+    void Press(MarkKey key, std::size_t first, std::size_t last);
+    /// "Use" for these points (rising, counted from 0), "Ignore" for all others.
+    void UseOnly(const std::vector<std::size_t>& points);
+
+    bool CanUndo() const { return !undo_.empty(); }
+    bool CanRedo() const { return !redo_.empty(); }
+    void Undo();
+    void Redo();
+
+    /// To be called when the points were made anew; forgets the steps if they are other readings.
+    void PointsWereMade();
+
+private:
+    /// Points first..last, both included.
+    struct Run {
+        std::size_t first = 0;
+        std::size_t last = 0;
+    };
+    using Runs = std::vector<Run>;
+    /// What one command changed.
+    struct Step {
+        Runs toUse;
+        Runs toIgnore;
+    };
+
+    /// Takes over marks of points `first` on; one step of the history unless nothing changes.
+    void Take(std::size_t first, const std::vector<Mark>& marks);
+    /// Gives the points of a step other marks, all at once.
+    void Set(const Runs& toUse, const Runs& toIgnore);
+
+    ProjectState& state_;
+    WorkingValues& working_;
+    SharedPoints points_; ///< that the steps were made on
+    std::vector<Step> undo_;
+    std::vector<Step> redo_;
+};
+
+} // namespace quarnel
