@@ -112,20 +112,6 @@ TEST(SolinstCsv, AnEmptyLocationIsNone) {
     EXPECT_EQ(test::ChannelTexts(reading), List({"LEVEL|m"}));
 }
 
-TEST(SolinstCsv, ReadsTheExample) {
-    const LoggerReading reading = Read(test::ReadExample("mw-4-logger.csv"));
-    EXPECT_EQ(reading.fault, "");
-    EXPECT_EQ(reading.record.location, "MW-4");
-    EXPECT_EQ(reading.record.serial, "2012345");
-    EXPECT_EQ(test::ChannelTexts(reading), List({"LEVEL|m", "TEMPERATURE|\xC2\xB0"
-                                                            "C"}));
-    ASSERT_EQ(reading.record.times.size(), 140U);
-    EXPECT_EQ(reading.leftOut.count, 0U);
-    EXPECT_EQ(test::ClockText(reading.record.times[0]), "2024-03-05 11:56:40.000000");
-    EXPECT_EQ(test::ClockText(reading.record.times[40]), "2024-03-05 12:00:00.000000");
-    EXPECT_EQ(reading.record.channels[0].values[40], 4.4995);
-}
-
 TEST(SolinstCsv, NeedsTwoRows) {
     const std::string fault = "No table of readings was found in log.csv.";
     EXPECT_EQ(Read(NewAbove + NewHeading).fault, fault);
