@@ -1,37 +1,68 @@
 #include "loggerfiles/DateOrders.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace quarnel {
 
 namespace {
 
-/// The times read in one order; those of no date are left out.
-std::vector<std::int64_t> TimesInOrder(const std::vector<std::int64_t>& openTimes,
-                                       DateOrder order) {
-    std::vector<std::int64_t> times;
-    times.reserve(openTimes.size());
-    for (const std::int64_t open : openTimes)
-        if (const std::optional<std::int64_t> time = TimeOfOpen(open, order))
-            times.push_back(*time);
-    return times;
+/// What one look at all times tells of an order.
+struct OrderFindings {
+    std::size_t dates = 0; ///< how many are dates in it
+    bool rises = true;
+};
+
+/// What it tells of both.
+struct BothFindings {
+    OrderFindings monthDay, dayMonth;
+    bool secondsAgree = true; ///< where all are dates in both
+};
+
+BothFindings LookAt(const std::vector<std::int64_t>& openTimes) {
+    struct Walk {
+        OpenTimeReader reader;
+        OrderFindings& findings;
+        std::int64_t time = 0, before = std::numeric_limits<std::int64_t>::min();
+
+        void Step(std::int64_t open) {
+            if (!reader.Read(open, time))
+                return;
+            ++findings.dates;
+            findings.rises = findings.rises && time >= before;
+            before = time;
+        }
+    };
+    BothFindings both;
+    Walk monthDay{OpenTimeReader(DateOrder::MonthDay), both.monthDay};
+    Walk dayMonth{OpenTimeReader(DateOrder::DayMonth), both.dayMonth};
+    std::int64_t firstDifference = 0;
+    for (std::size_t i = 0; i < openTimes.size(); ++i) {
+        monthDay.Step(openTimes[i]);
+        dayMonth.Step(openTimes[i]);
+        const std::int64_t difference = monthDay.time - dayMonth.time;
+        if (i == 0)
+            firstDifference = difference;
+        both.secondsAgree = both.secondsAgree && difference == firstDifference;
+    }
+    return both;
 }
 
-bool SecondsAgree(const std::vector<std::int64_t>& a, const std::vector<std::int64_t>& b) {
-    for (std::size_t i = 0; i < a.size(); ++i)
-        if (a[i] - a.front() != b[i] - b.front())
-            return false;
-    return true;
-}
-
-/// How many different steps lie between the times, which it overwrites.
-std::size_t DifferentSteps(std::vector<std::int64_t>& times) {
-    for (std::size_t i = 0; i + 1 < times.size(); ++i)
-        times[i] = times[i + 1] - times[i];
-    if (!times.empty())
-        times.pop_back();
-    std::sort(times.begin(), times.end());
-    return static_cast<std::size_t>(std::unique(times.begin(), times.end()) - times.begin());
+/// How many different steps lie between the times, all of them dates in `order`.
+std::size_t DifferentSteps(const std::vector<std::int64_t>& openTimes, DateOrder order) {
+    std::vector<std::int64_t> steps;
+    steps.reserve(openTimes.size());
+    OpenTimeReader reader(order);
+    std::int64_t before = 0;
+    std::int64_t time = 0;
+    for (std::size_t i = 0; i < openTimes.size(); ++i) {
+        reader.Read(openTimes[i], time);
+        if (i > 0)
+            steps.push_back(time - before);
+        before = time;
+    }
+    std::sort(steps.begin(), steps.end());
+    return static_cast<std::size_t>(std::unique(steps.begin(), steps.end()) - steps.begin());
 }
 
 std::optional<DateOrder> FirstIf(bool monthDay, bool dayMonth) {
@@ -40,36 +71,38 @@ std::optional<DateOrder> FirstIf(bool monthDay, bool dayMonth) {
     return monthDay ? DateOrder::MonthDay : DateOrder::DayMonth;
 }
 
+/// The order of dates that are all valid both ways.
+std::optional<DateOrder> OrderByRows(const std::vector<std::int64_t>& openTimes,
+                                     const BothFindings& both) {
+    if (both.secondsAgree)
+        return DateOrder::MonthDay;
+    if (both.monthDay.rises != both.dayMonth.rises)
+        return FirstIf(both.monthDay.rises, both.dayMonth.rises);
+    const std::size_t monthDaySteps = DifferentSteps(openTimes, DateOrder::MonthDay);
+    const std::size_t dayMonthSteps = DifferentSteps(openTimes, DateOrder::DayMonth);
+    return FirstIf(monthDaySteps < dayMonthSteps, dayMonthSteps < monthDaySteps);
+}
+
 } // namespace
 
 DateDecision DecideDateOrder(const std::vector<std::int64_t>& openTimes,
                              std::optional<DateOrder> chosen) {
-    std::vector<std::int64_t> monthDay = TimesInOrder(openTimes, DateOrder::MonthDay);
-    std::vector<std::int64_t> dayMonth = TimesInOrder(openTimes, DateOrder::DayMonth);
+    const BothFindings both = LookAt(openTimes);
+    const std::size_t monthDay = both.monthDay.dates;
+    const std::size_t dayMonth = both.dayMonth.dates;
     DateDecision decision;
-    decision.bothArePossible =
-        monthDay.size() == openTimes.size() && dayMonth.size() == openTimes.size();
-    decision.order = chosen;
-    if (!chosen && !decision.bothArePossible) {
-        // A damaged date alone must not turn the others around.
-        decision.order =
-            FirstIf(monthDay.size() > dayMonth.size(), dayMonth.size() > monthDay.size());
-        decision.bothArePossible = !decision.order;
-    } else if (!chosen) {
-        decision.secondsAgree = SecondsAgree(monthDay, dayMonth);
-        decision.order = decision.secondsAgree
-                             ? DateOrder::MonthDay
-                             : FirstIf(std::is_sorted(monthDay.begin(), monthDay.end()),
-                                       std::is_sorted(dayMonth.begin(), dayMonth.end()));
-        if (!decision.order) {
-            const std::size_t monthDaySteps = DifferentSteps(monthDay);
-            const std::size_t dayMonthSteps = DifferentSteps(dayMonth);
-            decision.order = FirstIf(monthDaySteps < dayMonthSteps, dayMonthSteps < monthDaySteps);
-        }
-        return decision;
-    }
+    // Where a damaged date makes both impossible, it must not turn the others around.
+    decision.bothArePossible = monthDay == dayMonth;
+    const bool allAreDates = decision.bothArePossible && monthDay == openTimes.size();
+    if (chosen)
+        decision.order = chosen;
+    else if (allAreDates)
+        decision.order = OrderByRows(openTimes, both);
+    else
+        decision.order = FirstIf(monthDay > dayMonth, dayMonth > monthDay);
+    decision.secondsAgree = !chosen && allAreDates && both.secondsAgree;
     const bool isDayMonth = decision.order == DateOrder::DayMonth;
-    decision.someAreInvalid = (isDayMonth ? dayMonth : monthDay).size() < openTimes.size();
+    decision.someAreInvalid = (isDayMonth ? dayMonth : monthDay) < openTimes.size();
     return decision;
 }
 

@@ -113,8 +113,9 @@ std::optional<DateOrder> RecordBuilder::OrderDates() {
     const DateOrder order = decision.order.value_or(DateOrder::MonthDay);
     if (decision.someAreInvalid)
         return order;
+    OpenTimeReader ordered(order);
     for (std::int64_t& time : record_.times)
-        time = TimeOfOpen(time, order).value_or(0);
+        ordered.Read(time, time);
     return std::nullopt;
 }
 

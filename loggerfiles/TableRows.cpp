@@ -183,7 +183,8 @@ void ReadTableRows(LineReader& lines, const TableLayout& layout, RecordBuilder& 
     RowReader rows(layout, builder);
     std::string_view line;
     while (builder.GoesOn(lines.Read()) && lines.Next(line)) {
-        if (line.find_first_not_of(" \t") == std::string_view::npos)
+        // A spreadsheet fills blank lines up with delimiters.
+        if (line.find_first_not_of(" \t,;") == std::string_view::npos)
             continue;
         if (!layout.lastLine.empty() && StartsWithIgnoringCase(TrimSpace(line), layout.lastLine))
             break;

@@ -342,16 +342,24 @@ bool TimeParser::Parse(std::string_view date, std::string_view clock, std::int64
     return true;
 }
 
-std::optional<std::int64_t> TimeOfOpen(std::int64_t open, DateOrder order) {
-    const auto micros = open & ((std::int64_t{1} << MicroBits) - 1);
+bool OpenTimeReader::Read(std::int64_t open, std::int64_t& time) {
     const std::int64_t numbers = open >> MicroBits;
-    const auto second = static_cast<int>(numbers & LargestNumber);
-    const auto first = static_cast<int>((numbers >> NumberBits) & LargestNumber);
-    const auto year = static_cast<int>(numbers >> (2 * NumberBits));
-    const bool monthFirst = order == DateOrder::MonthDay;
-    const std::optional<std::int64_t> date =
-        MicrosOfDate(year, monthFirst ? first : second, monthFirst ? second : first);
-    return date ? std::optional<std::int64_t>(*date + micros) : std::nullopt;
+    if (numbers != numbers_) {
+        const auto second = static_cast<int>(numbers & LargestNumber);
+        const auto first = static_cast<int>((numbers >> NumberBits) & LargestNumber);
+        const auto year = static_cast<int>(numbers >> (2 * NumberBits));
+        date_ = MicrosOfDate(year, monthFirst_ ? first : second, monthFirst_ ? second : first);
+        numbers_ = numbers;
+    }
+    if (date_)
+        time = *date_ + (open & ((std::int64_t{1} << MicroBits) - 1));
+    return date_.has_value();
+}
+
+std::optional<std::int64_t> TimeOfOpen(std::int64_t open, DateOrder order) {
+    std::int64_t time = 0;
+    return OpenTimeReader(order).Read(open, time) ? std::optional<std::int64_t>(time)
+                                                  : std::nullopt;
 }
 
 std::optional<TimeUnit> TimeUnitOfHeading(std::string_view heading) {

@@ -74,8 +74,23 @@ private:
 // is not known yet
 // ---------------------------------------------------------------------------------------------
 
-/// The time of `open` read in `order`, in microseconds since 1970, or nothing where that is no
-/// date.
+/// Reads open times in one order; those of one day share their work.
+class OpenTimeReader {
+public:
+    explicit OpenTimeReader(DateOrder order)
+        : monthFirst_(order == DateOrder::MonthDay) {}
+
+    /// The time of `open` in microseconds since 1970 into `time`; false where it is no date in this
+    /// order.
+    bool Read(std::int64_t open, std::int64_t& time);
+
+private:
+    bool monthFirst_;
+    std::int64_t numbers_ = -1; ///< the date that was read last
+    std::optional<std::int64_t> date_;
+};
+
+/// The same for a single time, or nothing where it is no date.
 std::optional<std::int64_t> TimeOfOpen(std::int64_t open, DateOrder order);
 
 // ---- Units of plain numbers

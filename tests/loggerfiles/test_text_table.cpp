@@ -117,7 +117,7 @@ TEST(TextTable, TakesTwoSensors) {
 
 TEST(TextTable, TellsOfCommentsAndEmptyCells) {
     const LoggerReading reading =
-        Read("Time,Level\n11:58:20,1\n# moved the logger\n\n11:58:21,\n11:58:22\n11:58:23,2\n"
+        Read("Time,Level\n11:58:20,1\n# moved the logger\n , \n11:58:21,\n11:58:22\n11:58:23,2\n"
              "\"noon\",3\n");
     EXPECT_EQ(reading.record.times.size(), 4U);
     EXPECT_EQ(test::LeftOut(reading),
