@@ -119,7 +119,7 @@ void ReadHoboCsv(std::string_view text, RecordBuilder& builder) {
     TableLayout layout;
     layout.delimiter = heading->delimiter;
     layout.comma = heading->delimiter != ',';
-    layout.emptyReadingsPass = true;
+    builder.PassOverEmptyReadings();
     std::vector<std::string_view> fields;
     if (!FindTimeBelow(lines, layout, fields))
         return;

@@ -172,7 +172,9 @@ private:
         if (hasTimestamp_ && !parser_.HadFraction())
             builder_.AddTimestamp(timestamp_);
         for (const auto& [field, channel] : readings_) {
-            const std::string_view text = field < cellCount_ ? TrimAll(cells_[field].text) : "";
+            if (field >= cellCount_)
+                break;
+            const std::string_view text = TrimAll(cells_[field].text);
             double number = 0;
             if (ParseReading(text, true, number))
                 builder_.AddNumber(channel, number);

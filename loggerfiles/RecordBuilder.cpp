@@ -145,8 +145,27 @@ void RecordBuilder::UseTimestamps() {
 void RecordBuilder::FinishChannels() {
     std::erase_if(record_.channels,
                   [](const LoggerChannel& channel) { return channel.values.empty(); });
-    for (LoggerChannel& channel : record_.channels)
+    for (LoggerChannel& channel : record_.channels) {
         FillTo(channel.values, record_.times.size());
+        if (!emptyReadingsPass_)
+            TellEmptyReadings(channel);
+    }
+}
+
+/// Adds the rows without a reading to those with something else in its place. They are told at the
+/// end, since a short row would have to be told for each channel that it does not reach.
+void RecordBuilder::TellEmptyReadings(LoggerChannel& channel) const {
+    const LeftOutRows other = std::move(channel.notNumbers);
+    channel.notNumbers = {};
+    auto next = other.first.begin();
+    for (std::size_t row = 0; row < channel.values.size(); ++row) {
+        if (!std::isnan(channel.values[row]))
+            continue;
+        const bool isOther = next != other.first.end() && next->line == record_.lines[row];
+        channel.notNumbers.Add(record_.lines[row], isOther ? next->text : "",
+                               LeftOutReason::NotANumber);
+        next += isOther ? 1 : 0;
+    }
 }
 
 void RecordBuilder::CheckRise() {

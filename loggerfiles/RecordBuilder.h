@@ -46,11 +46,16 @@ public:
             AddNumberBehindGap(values, number);
     }
 
-    /// What stands in the row that was added last is no number, and the user is told.
+    /// What stands in the row that was added last is no number, and the user is told. Where nothing
+    /// stands nothing needs to be said: see PassOverEmptyReadings.
     void AddNotNumber(std::size_t channel, std::string_view text) {
-        record_.channels[channel].notNumbers.Add(record_.lines.back(), text,
-                                                 LeftOutReason::NotANumber);
+        if (!text.empty())
+            record_.channels[channel].notNumbers.Add(record_.lines.back(), text,
+                                                     LeftOutReason::NotANumber);
     }
+
+    /// Rows without a reading are of another kind, so that the user is not told of them.
+    void PassOverEmptyReadings() { emptyReadingsPass_ = true; }
 
     /// A row without a time.
     void LeaveOut(std::size_t line, std::string_view text) {
@@ -75,6 +80,7 @@ private:
     void PassMidnights();
     void UseTimestamps();
     void FinishChannels();
+    void TellEmptyReadings(LoggerChannel& channel) const;
     void CheckRise();
 
     LoggerReading& reading_;
@@ -85,6 +91,7 @@ private:
     TimeForm form_ = TimeForm::Number;
     std::vector<std::int64_t> timestampsMs_;
     std::size_t gapCells_ = 0;
+    bool emptyReadingsPass_ = false;
     std::size_t nextReport_ = 0;
 };
 

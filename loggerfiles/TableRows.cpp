@@ -40,8 +40,11 @@ public:
             return;
         }
         builder_.AddRow(lines.Line(), time);
-        for (const ReadingColumn& column : layout_.readings)
+        for (const ReadingColumn& column : layout_.readings) {
+            if (column.field >= fields_.size())
+                break;
             TakeReading(column);
+        }
     }
 
 private:
@@ -50,13 +53,12 @@ private:
     }
 
     void TakeReading(const ReadingColumn& column) {
-        const std::string_view field = Field(column.field);
+        const std::string_view field = fields_[column.field];
         double number = 0;
         if (ParseReading(field, layout_.comma, number))
             builder_.AddNumber(column.channel, number);
-        else if (const std::string_view text = TrimSpace(field);
-                 !layout_.emptyReadingsPass || !text.empty())
-            builder_.AddNotNumber(column.channel, text);
+        else
+            builder_.AddNotNumber(column.channel, TrimSpace(field));
     }
 
     bool ParseTime(std::int64_t& time) {

@@ -36,13 +36,12 @@ struct TableLayout {
     char delimiter = ',';
     bool comma = false; ///< numbers may have a decimal comma
     TimeColumns time;
-    std::size_t fraction = NoColumn; ///< a column of fractions of a second
-    std::int64_t fractionMicros = 0; ///< one of which is so many microseconds
-    std::string_view timeHeading;    ///< names the unit of times that are plain numbers
-    std::vector<ReadingColumn> readings;
-    std::string_view lastLine;      ///< a line beginning so ends the rows; "" where nothing does
-    bool shortRowsPass = false;     ///< rows that end before the first reading are passed over
-    bool emptyReadingsPass = false; ///< a row without a reading is one of another kind, not a fault
+    std::size_t fraction = NoColumn;     ///< a column of fractions of a second
+    std::int64_t fractionMicros = 0;     ///< one of which is so many microseconds
+    std::string_view timeHeading;        ///< names the unit of times that are plain numbers
+    std::vector<ReadingColumn> readings; ///< from left to right
+    std::string_view lastLine;  ///< a line beginning so ends the rows; "" where nothing does
+    bool shortRowsPass = false; ///< rows that end before the first reading are passed over
 };
 
 /// Finds the time columns in the first row of `lines` that has a date or a clock time and puts them
