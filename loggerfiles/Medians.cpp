@@ -1,0 +1,24 @@
+#include "loggerfiles/Medians.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quarnel {
+
+double Millionths(double reading) {
+    // A reading that no well has still must not end in a difference of infinities.
+    constexpr double Largest = 1e300;
+    return std::clamp(std::round(reading * 1e6), -Largest, Largest);
+}
+
+double MedianOf(std::vector<double>& values) {
+    if (values.empty())
+        return 0;
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    if (values.size() % 2 == 1)
+        return *middle;
+    return (*std::max_element(values.begin(), middle) + *middle) / 2;
+}
+
+} // namespace quarnel
