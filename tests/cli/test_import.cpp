@@ -107,6 +107,26 @@ TEST_P(CliImportCaseTest, KIsTheOneOfTheCase) {
     EXPECT_EQ(used, expected.value(Q("points_in_window")).toInt());
 }
 
+TEST_F(CliImportTest, ExampleIsWhatTheGuideSays) {
+    ProjectState geometry;
+    geometry.WellGeoText = {"15", "6", "3", "0.2", "0.1", "0"};
+    geometry.WellGeoVertUnitsDDL = Metre;
+    geometry.WellGeoRadUnitsDDL = Metre;
+    WriteProject("geometry.qn2", geometry);
+    const QJsonObject import =
+        ImportJson(Example("mw-7-logger.csv").toStdString(), {Q("--from"), Q("geometry.qn2")});
+    EXPECT_EQ(import.value(Q("time_zero")), Q("2024-03-05 14:02:01"));
+    EXPECT_EQ(import.value(Q("row_count")), 720);
+    EXPECT_EQ(import.value(Q("rows_imported")), 479);
+    EXPECT_EQ(import.value(Q("static_rows")), 240);
+    EXPECT_EQ(import.value(Q("first_y")), 5 - 4.4);
+    EXPECT_EQ(Messages(import), std::vector<std::string>{"The start was moved 1 row forward: the "
+                                                         "level was still moving away."});
+    ProjectState state = Imported();
+    UseHeadWindow(state);
+    EXPECT_EQ(AnalyzeOne(state, 0).value(Q("k")).toObject().value(Q("text")), Q("1.99"));
+}
+
 // ---- The project
 // -----------------------------------------------------------------------------------------
 
