@@ -1,6 +1,7 @@
 #include "loggerfiles/Drift.h"
 
 #include "loggerfiles/Medians.h"
+#include "loggerfiles/Rounding.h"
 
 #include <algorithm>
 #include <cmath>

@@ -17,9 +17,20 @@ int MostDecimals(std::span<const double> readings) {
     std::size_t decimals = 0;
     for (const double reading : readings)
         while (decimals + 1 < Scales.size() &&
-               std::round(reading * Scales[decimals]) / Scales[decimals] != reading)
+               NearestWhole(reading * Scales[decimals]) / Scales[decimals] != reading)
             ++decimals;
     return static_cast<int>(decimals);
+}
+
+/// The reading step; most records hold two neighbours that differ by one last decimal, and then no
+/// smaller difference need be looked for.
+std::optional<double> StepOf(std::span<const double> readings) {
+    const int decimals = MostDecimals(readings);
+    const double smallest = Millionths(std::pow(10.0, -decimals));
+    for (std::size_t row = 1; row < readings.size(); ++row)
+        if (std::fabs(Millionths(readings[row]) - Millionths(readings[row - 1])) == smallest)
+            return smallest / 1e6;
+    return ReadingStep(readings, decimals);
 }
 
 const LoggerChannel* FirstPressure(const LoggerRecord& record) {
@@ -121,7 +132,7 @@ std::vector<double> ImportReadings::AirPressure() {
 }
 
 void ImportReadings::FindStepAndJump() {
-    step_ = ReadingStep(readings_, MostDecimals(readings_));
+    step_ = StepOf(readings_);
     jump_ = JumpRow(readings_, step_.value_or(0));
 }
 

@@ -1,5 +1,6 @@
 #include "loggerfiles/ImportTexts.h"
 
+#include "loggerfiles/Rounding.h"
 #include "project/Texts.h"
 
 #include <algorithm>
@@ -28,6 +29,34 @@ std::string FractionText(std::int64_t millionths) {
     std::string text = "." + Padded(millionths, 6);
     text.erase(text.find_last_not_of('0') + 1);
     return text;
+}
+
+/// A grid of a million rows is made of such texts, so they are put together without a string.
+CellText DecimalText(bool isNegative, std::int64_t whole, std::int64_t millionths) {
+    std::array<char, 32> text{};
+    char* end = text.data();
+    if (isNegative)
+        *end++ = '-';
+    end = std::to_chars(end, text.data() + text.size(), whole).ptr;
+    if (millionths > 0) {
+        *end++ = '.';
+        for (std::int64_t digit = 100'000; millionths > 0; digit /= 10) {
+            *end++ = static_cast<char>('0' + millionths / digit);
+            millionths %= digit;
+        }
+    }
+    return CellText(std::string_view(text.data(), static_cast<std::size_t>(end - text.data())));
+}
+
+CellText LargeReadingText(double reading) {
+    std::array<char, 400> digits{}; // the greatest double has 309 in front of its point
+    const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), reading,
+                                      std::chars_format::fixed, 6);
+    std::string_view text(digits.data(), static_cast<std::size_t>(result.ptr - digits.data()));
+    text = text.substr(0, text.find_last_not_of('0') + 1);
+    if (text.ends_with('.'))
+        text.remove_suffix(1);
+    return CellText(text);
 }
 
 std::string TimeOfDayText(std::int64_t sinceMidnight) {
@@ -129,18 +158,16 @@ std::optional<std::int64_t> TimeWithoutDate(std::string_view text, std::int64_t 
 
 CellText ElapsedText(std::int64_t microseconds) {
     const std::int64_t milliseconds = (microseconds + 500) / 1000;
-    return CellText(std::to_string(milliseconds / 1000) + FractionText(milliseconds % 1000 * 1000));
+    return DecimalText(false, milliseconds / 1000, milliseconds % 1000 * 1000);
 }
 
 CellText ReadingText(double reading) {
-    std::array<char, 400> digits{}; // the greatest double has 309 in front of its point
-    const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), reading,
-                                      std::chars_format::fixed, 6);
-    std::string_view text(digits.data(), static_cast<std::size_t>(result.ptr - digits.data()));
-    text = text.substr(0, text.find_last_not_of('0') + 1);
-    if (text.ends_with('.'))
-        text.remove_suffix(1);
-    return text == "-0" ? CellText("0") : CellText(text);
+    constexpr double LargestPlain = 1e9;
+    if (!(std::fabs(reading) < LargestPlain))
+        return LargeReadingText(reading);
+    const auto millionths = static_cast<std::int64_t>(std::fabs(Millionths(reading)));
+    return DecimalText(reading < 0 && millionths > 0, millionths / 1'000'000,
+                       millionths % 1'000'000);
 }
 
 std::string RecordTimeText(const LoggerRecord& record, std::int64_t time) {

@@ -1,15 +1,8 @@
 #include "loggerfiles/Medians.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace quarnel {
-
-double Millionths(double reading) {
-    // A reading that no well has still must not end in a difference of infinities.
-    constexpr double Largest = 1e300;
-    return std::clamp(std::round(reading * 1e6), -Largest, Largest);
-}
 
 double MedianOf(std::vector<double>& values) {
     if (values.empty())

@@ -1,9 +1,11 @@
 #include "loggerfiles/StartOfTest.h"
 
 #include "loggerfiles/Medians.h"
+#include "loggerfiles/Rounding.h"
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <vector>
 
 namespace quarnel {
@@ -13,19 +15,52 @@ namespace {
 constexpr double MedianChangesOfAJump = 10;
 constexpr double StepsOfAJump = 5;
 
-/// The changes from each reading to the next, without their signs, in millionths.
-std::vector<double> Changes(std::span<const double> readings) {
-    std::vector<double> changes;
-    if (readings.size() < 2)
-        return changes;
-    changes.reserve(readings.size() - 1);
+/// Calls `take` with the change from each reading to the next, without its sign, in millionths.
+template <typename Take> void ForEachChange(std::span<const double> readings, Take take) {
+    if (readings.empty())
+        return;
     double last = Millionths(readings.front());
     for (const double reading : readings.subspan(1)) {
         const double next = Millionths(reading);
-        changes.push_back(std::fabs(next - last));
+        take(std::fabs(next - last));
         last = next;
     }
-    return changes;
+}
+
+struct Jump {
+    std::size_t row = 0;
+    double change = 0; ///< millionths
+};
+
+Jump GreatestChange(std::span<const double> readings) {
+    Jump greatest;
+    std::size_t row = 0;
+    ForEachChange(readings, [&](double change) {
+        if (change > greatest.change)
+            greatest = {row, change};
+        ++row;
+    });
+    return greatest;
+}
+
+/// Whether the median of the changes is less than `limit` (millionths). Counting them tells it in a
+/// fraction of the time that finding the median of millions takes.
+bool MedianChangeIsBelow(double limit, std::span<const double> readings) {
+    const std::size_t count = readings.size() - 1;
+    std::size_t below = 0;
+    ForEachChange(readings, [&](double change) { below += change < limit ? 1 : 0; });
+    if (count % 2 == 1 || below != count / 2)
+        return below > count / 2;
+    // The limit lies between the middle two, and their mean may lie on either side of it.
+    double lower = 0;
+    double upper = std::numeric_limits<double>::infinity();
+    ForEachChange(readings, [&](double change) {
+        if (change < limit)
+            lower = std::max(lower, change);
+        else
+            upper = std::min(upper, change);
+    });
+    return lower + upper < 2 * limit;
 }
 
 /// How many changes are looked at: all of a short record, those before the last tenth of another.
@@ -44,17 +79,13 @@ std::size_t TailRows(std::size_t rowCount) {
 } // namespace
 
 std::optional<std::size_t> JumpRow(std::span<const double> readings, double readingStep) {
-    std::vector<double> changes = Changes(readings);
-    if (changes.empty())
+    if (readings.size() < 2)
         return std::nullopt;
-    const auto eligibleEnd =
-        changes.begin() + static_cast<std::ptrdiff_t>(EligibleChanges(readings.size()));
-    const auto greatest = std::max_element(changes.begin(), eligibleEnd);
-    const auto row = static_cast<std::size_t>(greatest - changes.begin());
-    const double change = *greatest;
-    const double limit =
-        std::max(MedianChangesOfAJump * MedianOf(changes), StepsOfAJump * Millionths(readingStep));
-    return change > limit ? std::optional(row) : std::nullopt;
+    const Jump jump = GreatestChange(readings.first(EligibleChanges(readings.size()) + 1));
+    if (jump.change <= StepsOfAJump * Millionths(readingStep) ||
+        !MedianChangeIsBelow(jump.change / MedianChangesOfAJump, readings))
+        return std::nullopt;
+    return jump.row;
 }
 
 RowSpan StaticRows(std::size_t rowCount, std::size_t start) {

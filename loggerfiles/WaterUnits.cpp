@@ -1,9 +1,5 @@
 #include "loggerfiles/WaterUnits.h"
 
-#include <algorithm>
-#include <charconv>
-#include <cmath>
-
 namespace quarnel {
 
 namespace {
@@ -145,16 +141,6 @@ std::string SpellingKey(std::string_view text) {
     return key;
 }
 
-/// The seventh decimal of the shortest text that reads back as `value`, which is below 1e10.
-char SeventhDecimal(double value) {
-    std::array<char, 400> digits{}; // a subnormal has more than three hundred zeros in front
-    const auto end =
-        std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed)
-            .ptr;
-    const auto point = std::find(digits.data(), end, '.');
-    return end - point > 7 ? point[7] : '0';
-}
-
 const UnitRow& RowOf(WaterUnit unit) {
     return Units[static_cast<std::size_t>(unit)];
 }
@@ -196,22 +182,6 @@ double ConvertReading(double reading, WaterUnit from, LengthUnit to) {
     const double toMetres = MetresOfLength(to);
     // Readings that stay in their unit must not lose their last bit to a product.
     return fromMetres == toMetres ? reading : reading * fromMetres / toMetres;
-}
-
-double RoundReading(double reading) {
-    constexpr double Scale = 1e6;
-    /// Beyond 2^53 millionths a double has no sixth decimal to round.
-    constexpr double LargestRounded = 9007199254.740992;
-    if (!(std::fabs(reading) < LargestRounded))
-        return reading;
-    const double millionths = std::fabs(reading) * Scale;
-    const double whole = std::floor(millionths);
-    // The product itself is rounded: what lies this near to a half must be told from the digits.
-    constexpr double ProductSlack = 4e-16;
-    const bool nearHalf = std::fabs(millionths - whole - 0.5) <= millionths * ProductSlack;
-    const double rounded = nearHalf ? whole + (SeventhDecimal(std::fabs(reading)) >= '5' ? 1 : 0)
-                                    : std::round(millionths);
-    return std::copysign(rounded / Scale, reading) + 0.0; // no minus zero
 }
 
 std::string UnknownUnitMessage(std::string_view text) {

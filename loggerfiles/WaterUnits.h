@@ -1,5 +1,6 @@
 #pragma once
 
+#include "loggerfiles/Rounding.h"
 #include "project/GlobalDeclar.h"
 
 #include <array>
@@ -54,9 +55,6 @@ double MetresOfLength(LengthUnit unit);
 
 /// `reading` in `from` as a length in `to`, not rounded.
 double ConvertReading(double reading, WaterUnit from, LengthUnit to);
-
-/// Rounded to 6 decimals, half away from zero.
-double RoundReading(double reading);
 
 /// "The unit 'TEXT' is not known. Please choose the unit of the readings."
 std::string UnknownUnitMessage(std::string_view text);

@@ -89,6 +89,9 @@ TEST(ReadingConversion, RoundingIsHalfAwayFromZeroAtTheSixthDecimal) {
         {2.5, 2.5},
         {123456789.1234565, 123456789.123457},
         {1e9, 1e9},
+        {1000000000.123457, 1000000000.123457},
+        {2345678901.1234565, 2345678901.123457},
+        {-0.5, -0.5},
         {1e300, 1e300},
         {0, 0}};
     for (const auto& [reading, rounded] : cases) {

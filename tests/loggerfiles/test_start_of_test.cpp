@@ -1,7 +1,10 @@
 #include "loggerfiles/StartOfTest.h"
 
 #include "loggerfiles/Medians.h"
+#include "tests/CoreTestSupport.h"
 
+#include <algorithm>
+#include <cmath>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -71,6 +74,22 @@ TEST(JumpRow, MedianOfAnEvenCountLiesBetweenTheMiddleTwo) {
     };
     EXPECT_EQ(JumpRow(record(1.5), 0.000001), std::nullopt);
     EXPECT_EQ(JumpRow(record(1.500001), 0.000001), 10U);
+}
+
+TEST(JumpRow, CountsAsTheMedianItselfWouldSay) {
+    Random random(3);
+    for (int round = 0; round < 3000; ++round) {
+        Readings readings(2 + random.Below(9));
+        for (double& reading : readings)
+            reading = random.Between(0, random.OneIn(3) ? 60 : 3) / 10.0;
+        std::vector<double> changes;
+        for (std::size_t i = 1; i < readings.size(); ++i)
+            changes.push_back(
+                std::fabs(std::round(readings[i] * 10) - std::round(readings[i - 1] * 10)));
+        const double greatest = *std::max_element(changes.begin(), changes.end());
+        EXPECT_EQ(JumpRow(readings, 0).has_value(), greatest > 10 * MedianOf(changes))
+            << testing::PrintToString(readings);
+    }
 }
 
 TEST(JumpRow, MustBeGreaterThanFiveReadingSteps) {
