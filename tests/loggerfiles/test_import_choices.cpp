@@ -204,6 +204,8 @@ TEST(ImportChoices, StaticSpanIsChosen) {
     EXPECT_EQ(last->staticRows, (RowSpan{130, 140}));
     EXPECT_EQ(last->driftPerHour, std::nullopt); // they say nothing of the time before
     EXPECT_EQ(MessageLines(*last), "");
+    const Plan few = PlanImport(FileOf(SlugTest(4, -0.6, 136)), choices);
+    EXPECT_EQ(MessageLines(*few), ""); // nobody need be told of rows that he chose
     choices.staticRows = RowSpan{7, 7};
     EXPECT_EQ(PlanImport(FileOf(readings), choices)->staticRows, (RowSpan{0, 20}));
 }

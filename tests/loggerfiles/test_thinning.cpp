@@ -61,6 +61,12 @@ TEST(Thinning, RecordsWithoutAnyLaterTimeKeepTheirEnds) {
     EXPECT_EQ(ThinnedRows(Times{0, 0, 0, 5}, 20), (Rows{0, 3}));
 }
 
+TEST(Thinning, RoundingOfThePowersLosesNoRow) {
+    // 0.07 s times 100 is a little more than 7 s in doubles.
+    EXPECT_EQ(ThinnedRows(Times{0, 70'000, 7'000'000, 8'000'000, 100'000'000}, 1),
+              (Rows{0, 1, 2, 4}));
+}
+
 TEST(Thinning, GapsAreSteppedOver) {
     // From 1 s to a year and on.
     EXPECT_EQ(
