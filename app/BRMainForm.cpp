@@ -7,14 +7,18 @@
 #include "app/SiteIdentificationPanel.h"
 #include "app/WellTestIdentificationPanel.h"
 #include "kcompute/ComputedYFrm.h"
+#include "kcompute/UseIgnore.h"
+#include "kcompute/WorkingValues.h"
 #include "output/PrtPlotFrm.h"
 #include "output/PrtResults.h"
 #include "project/FieldTables.h"
+#include "project/Files.h"
 #include "project/ProjectFileDialogs.h"
+#include "project/Result.h"
 #include "recovery/RecoveryDataPanel.h"
-#include "system/ReplaceFile.h"
 #include "wellgeometry/WellGeometryPanel.h"
 #include "widgets/MessageBoxes.h"
+#include "widgets/Panel.h"
 #include "widgets/QtTexts.h"
 
 #include <QAbstractItemView>
@@ -24,11 +28,18 @@
 #include <QInputMethod>
 #include <QLabel>
 #include <QMenuBar>
+#include <QScopedValueRollback>
 #include <QScrollArea>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <QWindow>
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace quarnel {
 
@@ -145,6 +156,7 @@ QWidget* BRMainForm::MakePanel(int panel, Panel* content) {
         return frame;
     auto* scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setWidgetResizable(true);
     scroll->setWidget(content);
     rows->addWidget(scroll, 1);
@@ -156,8 +168,13 @@ void BRMainForm::BuildDialogs() {
     prtPlotFrm_ = new PrtPlotFrm(analysis_, this);
     computedYFrm_ = new ComputedYFrm(analysis_.state, analysis_.computation, this);
     connect(compute_, &ComputePanel::DetailsRequested, this, [this] { Open(computedYFrm_); });
-    connect(compute_, &ComputePanel::PrintPlotRequested, this, [this] { Open(prtPlotFrm_); });
+    connect(compute_, &ComputePanel::PrintPlotRequested, this, [this] {
+        const BusyPointer busy;
+        Open(prtPlotFrm_);
+    });
     connect(compute_, &ComputePanel::SummaryRequested, this, [this] { Open(prtResults_); });
+    connect(prtResults_, &PrtResults::FileFailed, this, &BRMainForm::ShowStatus);
+    connect(compute_, &ComputePanel::FileFailed, this, &BRMainForm::ShowStatus);
     connect(compute_, &ComputePanel::ComputationChanged, this, &BRMainForm::ShowComputation);
 }
 
@@ -204,8 +221,22 @@ void BRMainForm::DisplaySelectedPanel(int panel) {
 }
 
 void BRMainForm::HidePanels() {
-    for (QWidget* panel : SSPanel1)
+    // What is hidden must not go on taking keys; the page that is shown gets them.
+    QWidget* focus = focusWidget();
+    for (QWidget* panel : SSPanel1) {
+        if (focus != nullptr && panel->isAncestorOf(focus))
+            focus->clearFocus();
         panel->hide();
+    }
+}
+
+void BRMainForm::FocusPage() {
+    contents_[static_cast<std::size_t>(TabStrip2->currentIndex())]->setFocus();
+}
+
+void BRMainForm::GoTo(const FaultPlace& place) {
+    wellGeometry_->GoTo(place);
+    recoveryData_->GoTo(place);
 }
 
 void BRMainForm::SelectTab(int tab) {
@@ -217,6 +248,7 @@ void BRMainForm::SelectTab(int tab) {
 
 void BRMainForm::ClickTab() {
     CommitEdits();
+    const bool onStrip = TabStrip2->hasFocus();
     const int panel = TabPanels[static_cast<std::size_t>(TabStrip2->currentIndex())];
     Preparation preparation;
     {
@@ -233,12 +265,16 @@ void BRMainForm::ClickTab() {
         ShowMessage(this, ToQString(preparation.yWarning));
     if (panel == ComputePanelNumber && !preparation.result.IsError())
         DisplaySelectedPanel(panel);
+    if (preparation.result.IsError())
+        GoTo(preparation.result.place);
+    else if (!onStrip)
+        FocusPage();
     ShowWhetherCurrent();
 }
 
 Preparation BRMainForm::PrepareAndShow() {
     Preparation preparation = PrepareComputation(analysis_);
-    wellGeometry_->ShowState();
+    wellGeometry_->ShowCheckedData();
     recoveryData_->ShowPreparedData();
     compute_->ShowPreparedData();
     if (preparation.result.IsError())
@@ -256,6 +292,7 @@ void BRMainForm::ShowState() {
     prtResults_->ShowState();
     prtPlotFrm_->ShowState();
     ShowComputation();
+    FocusPage();
 }
 
 void BRMainForm::ShowComputation() {
@@ -284,7 +321,7 @@ void BRMainForm::ShowWhetherCurrent() {
 
 void BRMainForm::ShowTitle() {
     // Qt takes "[*]" in a title for the mark of a changed document; doubled, it stands for itself.
-    QString title = ToQString(MainWindowTitle(analysis_.state.CurrentProjectFile));
+    QString title = ToQString(MainWindowTitle(analysis_.file.CurrentProjectFile));
     setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
 }
 
@@ -309,14 +346,20 @@ void BRMainForm::OpenProject() {
 }
 
 void BRMainForm::OpenPath(const QString& path) {
+    OpenNamed(ToUtf8(path));
+}
+
+void BRMainForm::OpenNamed(const std::string& path) {
     ReadReport report;
     {
         const BusyPointer busy;
-        report = OpenProjectFile(ToUtf8(path), analysis_);
+        report = OpenProjectFile(path, analysis_);
         if (report.format != FileFormat::Unrecognised) {
-            RememberFolderOf(path);
+            RememberFolderOf(ToQString(path));
             ShowState();
-            ShowStatus(QStringLiteral("Opened ") + path);
+            ShowStatus(QStringLiteral("Opened ") + ToQString(path));
+        } else {
+            ShowStatus(QStringLiteral("Not opened: ") + ToQString(path));
         }
     }
     for (const std::string& message : report.messages)
@@ -324,10 +367,10 @@ void BRMainForm::OpenPath(const QString& path) {
 }
 
 void BRMainForm::SaveProject() {
-    if (analysis_.state.CurrentProjectFile.empty())
+    if (analysis_.file.CurrentProjectFile.empty())
         SaveProjectAs();
     else
-        Write(ToQString(analysis_.state.CurrentProjectFile));
+        Write(std::string(analysis_.file.CurrentProjectFile));
 }
 
 void BRMainForm::SaveProjectAs() {
@@ -336,14 +379,27 @@ void BRMainForm::SaveProjectAs() {
     if (path.isEmpty())
         return;
     RememberFolderOf(path);
-    Write(path);
+    Write(ToUtf8(path));
 }
 
 namespace {
 
+/// What became of the file that stood there before.
+QString KeptText(const SaveReport& report) {
+    if (report.keptAs.empty())
+        return QString();
+    const QString name = ToQString(report.keptAs);
+    return report.changedOnDisk
+               ? QStringLiteral(". The file had been changed by somebody else meanwhile; that "
+                                "version is kept as ") +
+                     name
+               : QStringLiteral(". The file that was there is kept as ") + name;
+}
+
 /// What the status bar says after a save.
-QString SavedText(const QString& path, const std::vector<std::string>& lost) {
-    QString text = QStringLiteral("Saved ") + path;
+QString SavedText(const QString& path, const SaveReport& report,
+                  const std::vector<std::string>& lost) {
+    QString text = QStringLiteral("Saved ") + path + KeptText(report);
     if (lost.empty())
         return text;
     constexpr std::size_t Named = 20;
@@ -358,22 +414,24 @@ QString SavedText(const QString& path, const std::vector<std::string>& lost) {
 
 } // namespace
 
-void BRMainForm::Write(const QString& path) {
+void BRMainForm::Write(const std::string& path) {
     CommitEdits();
-    std::vector<std::string> messages;
+    SaveReport report;
     {
         const BusyPointer busy;
-        messages = WriteProjectFile(ToUtf8(path), analysis_.state);
+        report = WriteProjectFile(path, analysis_.state, analysis_.file);
     }
     ShowTitle();
-    ShowStatus(messages.empty() ? SavedText(path, FieldsNotReadBackIntact(analysis_.state))
-                                : QStringLiteral("Not saved whole: ") + path);
-    for (const std::string& message : messages)
+    const QString name = ToQString(path);
+    ShowStatus(report.messages.empty()
+                   ? SavedText(name, report, FieldsNotReadBackIntact(analysis_.state))
+                   : QStringLiteral("Not saved whole: ") + name + KeptText(report));
+    for (const std::string& message : report.messages)
         ShowMessage(this, ToQString(message));
 }
 
 void BRMainForm::Exit() {
-    if (!ConfirmExit())
+    if (exitAsked_ || !ConfirmExit())
         return;
     exitConfirmed_ = true;
     close();
@@ -385,6 +443,7 @@ void BRMainForm::About() {
 }
 
 bool BRMainForm::ConfirmExit() {
+    const QScopedValueRollback<bool> asking(exitAsked_, true);
     return AskOkCancel(this, QStringLiteral("Exit QUARNEL? (Unsaved data will be lost.)"),
                        QStringLiteral("Confirm Exit"));
 }
@@ -402,6 +461,11 @@ void BRMainForm::closeEvent(QCloseEvent* event) {
 }
 
 bool BRMainForm::eventFilter(QObject* receiver, QEvent* event) {
+    // The toolkit takes a second request to close for granted while the first is being answered.
+    if (exitAsked_ && event->type() == QEvent::Close && receiver == windowHandle()) {
+        event->ignore();
+        return true;
+    }
     const auto* widget = qobject_cast<QWidget*>(receiver);
     if (widget != nullptr && widget->window() == this) {
         const QString path = DroppedProject(event);

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "kcompute/Analysis.h"
+#include "project/Result.h"
 
 #include <QMainWindow>
 #include <QTabBar>
 #include <array>
+#include <string>
 
 class QDialog;
 class QLabel;
@@ -19,6 +21,7 @@ class Panel;
 class PrtPlotFrm;
 class PrtResults;
 class RecoveryDataPanel;
+class WellGeometryPanel;
 
 /// The main window: tab strip, six panels, menus. It holds the one analysis of the program.
 class BRMainForm : public QMainWindow {
@@ -36,12 +39,15 @@ public:
     void ShowState();
     /// Opens the project at `path` as the Open command does once a file is chosen.
     void OpenPath(const QString& path);
+    /// The same for a name of any bytes, which need not be a text.
+    void OpenNamed(const std::string& path);
 
     Analysis& Current() { return analysis_; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
-    /// A project dropped on the window, whichever control it falls on, opens.
+    /// A project dropped on the window, whichever control it falls on, opens; the window cannot be
+    /// closed while "Confirm Exit" stands.
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
 private:
@@ -55,6 +61,10 @@ private:
     void BuildMenus();
 
     void HidePanels();
+    /// Gives the keyboard to the page that is shown.
+    void FocusPage();
+    /// Leads to the text that a message names.
+    void GoTo(const FaultPlace& place);
     void ClickTab();
     /// Lets every window that shows the computation show it again.
     void ShowComputation();
@@ -71,7 +81,7 @@ private:
     void OpenProject();
     void SaveProject();
     void SaveProjectAs();
-    void Write(const QString& path);
+    void Write(const std::string& path);
     void Exit();
     void About();
     /// Whether the user confirms the end of the program.
@@ -79,6 +89,7 @@ private:
 
     Analysis analysis_;
     bool exitConfirmed_ = false;
+    bool exitAsked_ = false; ///< "Confirm Exit" stands
     QTimer* currencyCheck_ = nullptr;
 
     QTabBar* TabStrip2 = nullptr;
@@ -88,7 +99,7 @@ private:
     std::array<Panel*, 5> contents_{};
     RecoveryDataPanel* recoveryData_ = nullptr;
     ComputePanel* compute_ = nullptr;
-    Panel* wellGeometry_ = nullptr;
+    WellGeometryPanel* wellGeometry_ = nullptr;
     QLabel* status_ = nullptr;
 
     PrtResults* prtResults_ = nullptr;

@@ -1,23 +1,35 @@
 #include "app/ComputePanel.h"
 
+#include "kcompute/Computation.h"
 #include "kcompute/ComputeK.h"
 #include "kcompute/KText.h"
 #include "kcompute/UseIgnoreGrid.h"
 #include "output/PlotWidget.h"
+#include "project/FixedLists.h"
+#include "project/Result.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
 #include "widgets/StaleLabel.h"
 
 #include <QComboBox>
+#include <QEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QSplitter>
+#include <array>
+#include <cstddef>
+#include <initializer_list>
+#include <string_view>
+#include <vector>
 
 namespace quarnel {
 
 namespace {
+
+/// How much of the text's colour the grey of an old K keeps.
+constexpr double GreyPart = 0.6;
 
 template <std::size_t N>
 QComboBox* UnitList(const QString& name, const std::array<std::string_view, N>& units,
@@ -59,7 +71,19 @@ ComputePanel::ComputePanel(Analysis& analysis, QWidget* parent)
     StaleText = new StaleLabel(QStringLiteral("StaleText"), ToQString(NotCurrentMessage), this);
     layout->addWidget(StaleText);
     layout->addLayout(BuildCommands());
+    setFocusProxy(RecDatWeightGrid);
+    SetTabOrder();
+    MakeGrey();
     ShowState();
+}
+
+/// As the page is read: the plot, the marks, then the commands with the units of K among them.
+void ComputePanel::SetTabOrder() {
+    const std::array<QWidget*, 8> read = {
+        Plot1,          RecDatWeightGrid, CmdComputeK,  CmboKLengthUnits,
+        CmboKTimeUnits, CmdDetails,       CmdPrintPlot, CmdPrtSummary};
+    for (std::size_t i = 1; i < read.size(); ++i)
+        setTabOrder(read[i - 1], read[i]);
 }
 
 QWidget* ComputePanel::BuildPlotSide() {
@@ -67,6 +91,7 @@ QWidget* ComputePanel::BuildPlotSide() {
     auto* layout = new QVBoxLayout(side);
     layout->setContentsMargins(0, 0, 0, 0);
     Plot1 = new PlotWidget(side);
+    connect(Plot1, &PlotWidget::FileFailed, this, &ComputePanel::FileFailed);
     layout->addWidget(Plot1, 1);
     layout->addWidget(BuildLegend(side), 0, Qt::AlignHCenter);
     return side;
@@ -190,6 +215,24 @@ void ComputePanel::UseOnly(const std::vector<std::size_t>& points) {
     marks_.UseOnly(points);
     RecDatWeightGrid->ShowMarks();
     Q_EMIT Edited();
+}
+
+/// The grey of the desktop's placeholders is too pale for a number that someone may have to read.
+void ComputePanel::MakeGrey() {
+    const QColor text = palette().color(QPalette::WindowText);
+    const QColor ground = palette().color(QPalette::Window);
+    const auto mix = [](int of, int with) { return qRound(of * GreyPart + with * (1 - GreyPart)); };
+    QPalette greyed;
+    greyed.setColor(QPalette::PlaceholderText,
+                    QColor(mix(text.red(), ground.red()), mix(text.green(), ground.green()),
+                           mix(text.blue(), ground.blue())));
+    ComputedKLabel->setPalette(greyed);
+}
+
+void ComputePanel::changeEvent(QEvent* event) {
+    Panel::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        MakeGrey();
 }
 
 void ComputePanel::ShowComputation() {

@@ -4,6 +4,9 @@
 #include "kcompute/MarkEditor.h"
 #include "widgets/Panel.h"
 
+#include <cstddef>
+#include <vector>
+
 class QBoxLayout;
 class QComboBox;
 class QLabel;
@@ -36,10 +39,17 @@ Q_SIGNALS:
     void DetailsRequested();   ///< CmdDetails
     void PrintPlotRequested(); ///< CmdPrintPlot
     void SummaryRequested();   ///< CmdPrtSummary
+    /// A picture of the plot could not be written; `said` names its file.
+    void FileFailed(const QString& said);
     /// "Compute K/ Plot" has made or dropped the computation, or K is shown in other units.
     void ComputationChanged();
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    void SetTabOrder();
+    void MakeGrey();
     QWidget* BuildPlotSide();
     QWidget* BuildMarkSide();
     QBoxLayout* BuildCommands();

@@ -3,8 +3,9 @@
 #include "app/QuarnelApplication.h"
 
 #include <QCommandLineParser>
-#include <QFileInfo>
 #include <cstdio>
+#include <filesystem>
+#include <string>
 
 namespace {
 
@@ -19,11 +20,25 @@ void SetUp(QCommandLineParser& parser) {
                                  QStringLiteral("[project]"));
 }
 
-/// Help and version are for a terminal and must not need a display. They end the program.
-void AnswerWithoutDisplay(QCommandLineParser& parser, int& argc, char** argv) {
+/// Command lines are bytes in no particular encoding: one character for each keeps every file name.
+QStringList Arguments(int argc, char** argv) {
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
-        arguments.append(QString::fromLocal8Bit(argv[i]));
+        arguments.append(QString::fromLatin1(argv[i]));
+    return arguments;
+}
+
+/// The full path of a file named on the command line.
+std::string FullPath(const QString& argument) {
+    const std::string name = argument.toLatin1().toStdString();
+    std::error_code unknown;
+    const std::filesystem::path path = std::filesystem::absolute(name, unknown);
+    return unknown ? name : path.lexically_normal().string();
+}
+
+/// Help and version are for a terminal and must not need a display. They end the program.
+void AnswerWithoutDisplay(QCommandLineParser& parser, int& argc, char** argv) {
+    const QStringList arguments = Arguments(argc, argv);
     parser.parse(arguments);
     if (parser.isSet(QStringLiteral("help")) || parser.isSet(QStringLiteral("help-all")) ||
         parser.isSet(QStringLiteral("version"))) {
@@ -41,7 +56,8 @@ int main(int argc, char** argv) {
     AnswerWithoutDisplay(parser, argc, argv);
 
     quarnel::QuarnelApplication application(argc, argv);
-    parser.process(application);
+    // The application has taken the words that are for the toolkit out of argc and argv.
+    parser.process(Arguments(argc, argv));
     const QStringList projects = parser.positionalArguments();
     if (projects.size() > 1) {
         std::fputs("quarnel: one project at a time; see quarnel --help\n", stderr);
@@ -53,9 +69,7 @@ int main(int argc, char** argv) {
     if (!projects.isEmpty())
         QMetaObject::invokeMethod(
             window.get(),
-            [&window, path = QFileInfo(projects.constFirst()).absoluteFilePath()] {
-                window->OpenPath(path);
-            },
+            [&window, path = FullPath(projects.constFirst())] { window->OpenNamed(path); },
             Qt::QueuedConnection);
     return quarnel::QuarnelApplication::exec();
 }

@@ -2,6 +2,7 @@
 
 #include "app/BRMainForm.h"
 #include "app/GeneralTools.h"
+#include "kcompute/Analysis.h"
 #include "system/Locale.h"
 
 namespace quarnel {

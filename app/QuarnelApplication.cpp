@@ -3,9 +3,11 @@
 #include "project/Files.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
+#include "widgets/WheelGuard.h"
 
 #include <QEvent>
 #include <QIcon>
+#include <cstdio>
 #include <exception>
 #include <new>
 
@@ -28,6 +30,7 @@ QuarnelApplication::QuarnelApplication(int& argc, char** argv)
     setDesktopFileName(QStringLiteral("quarnel"));
     // Pixels: a window's icon is needed at the start, and reading a drawing would slow that down.
     RegisterIcon();
+    installEventFilter(new WheelGuard(this));
     setWindowIcon(QIcon(QStringLiteral(":/app/quarnel.png")));
 }
 
@@ -60,7 +63,12 @@ void QuarnelApplication::ShowFault(const QString& fault) {
     if (showingFault_)
         return;
     showingFault_ = true;
-    ShowMessage(activeWindow(), fault);
+    try {
+        ShowMessage(activeWindow(), fault);
+    } catch (...) {
+        // Memory may be too short even for a box; the next fault is shown again.
+        std::fprintf(stderr, "quarnel: %s\n", fault.toUtf8().constData());
+    }
     showingFault_ = false;
 }
 

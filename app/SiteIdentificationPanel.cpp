@@ -9,6 +9,9 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+#include <cstddef>
+#include <string>
+#include <string_view>
 
 namespace quarnel {
 
@@ -73,6 +76,7 @@ SiteIdentificationPanel::SiteIdentificationPanel(ProjectState& state, QWidget* p
     rows->addLayout(sides);
     rows->addWidget(MakeFrame(QStringLiteral("Consultant"), consultant));
     rows->addStretch();
+    setFocusProxy(SiteIDText[LustNo]);
 }
 
 void SiteIdentificationPanel::AddGroup(std::string_view group, QFormLayout* form) {
@@ -95,7 +99,7 @@ void SiteIdentificationPanel::AddGroup(std::string_view group, QFormLayout* form
 
 void SiteIdentificationPanel::ShowState() {
     for (TextBox* box : SiteIDText)
-        box->ShowText();
+        box->ShowNewText();
 }
 
 } // namespace quarnel

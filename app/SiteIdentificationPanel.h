@@ -4,6 +4,7 @@
 #include "widgets/Panel.h"
 
 #include <array>
+#include <string_view>
 
 class QFormLayout;
 class QLabel;

@@ -7,6 +7,7 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QVBoxLayout>
+#include <cstddef>
 
 namespace quarnel {
 
@@ -35,6 +36,7 @@ WellTestIdentificationPanel::WellTestIdentificationPanel(ProjectState& state, QW
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(frame);
     rows->addStretch();
+    setFocusProxy(WellTestIDTxt[WellLabel]);
 }
 
 void WellTestIdentificationPanel::AddFields(QFormLayout* form) {
@@ -62,8 +64,8 @@ void WellTestIdentificationPanel::AddSlugVolume(QFormLayout* form) {
 
 void WellTestIdentificationPanel::ShowState() {
     for (TextBox* box : WellTestIDTxt)
-        box->ShowText();
-    VolumeOfSlugText->ShowText();
+        box->ShowNewText();
+    VolumeOfSlugText->ShowNewText();
 }
 
 } // namespace quarnel

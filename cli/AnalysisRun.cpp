@@ -2,9 +2,12 @@
 
 #include "cli/Output.h"
 #include "kcompute/ComputeK.h"
+#include "project/Files.h"
+#include "project/Result.h"
 #include "system/Locale.h"
 
 #include <new>
+#include <utility>
 
 namespace quarnel {
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kcompute/Analysis.h"
+#include "project/Result.h"
 
 #include <string>
 #include <vector>

@@ -1,11 +1,14 @@
 #include "cli/AnalysisRun.h"
+#include "cli/CommandLine.h"
 #include "cli/Commands.h"
 #include "cli/CsvOutput.h"
 #include "cli/JsonOutput.h"
 #include "cli/JsonWriter.h"
 #include "cli/Output.h"
 #include "cli/TableOutput.h"
+#include "project/Result.h"
 
+#include <string>
 #include <unistd.h>
 
 namespace quarnel {

@@ -1,10 +1,15 @@
+#include "cli/CommandLine.h"
 #include "cli/Commands.h"
 #include "cli/Output.h"
 #include "cli/PlainText.h"
 #include "project/FieldTables.h"
 #include "project/Files.h"
+#include "project/ProjectState.h"
 #include "system/Locale.h"
 
+#include <cstddef>
+#include <string>
+#include <string_view>
 #include <unistd.h>
 
 namespace quarnel {

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <array>
 #include <exception>
+#include <string>
+#include <string_view>
 
 namespace quarnel {
 

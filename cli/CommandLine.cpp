@@ -1,6 +1,7 @@
 #include "cli/CommandLine.h"
 
 #include <unistd.h>
+#include <utility>
 
 namespace quarnel {
 

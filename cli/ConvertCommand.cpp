@@ -1,9 +1,13 @@
+#include "cli/CommandLine.h"
 #include "cli/Commands.h"
 #include "cli/Output.h"
 #include "project/FieldTables.h"
 #include "project/Files.h"
+#include "project/ProjectState.h"
 #include "system/Locale.h"
-#include "system/ReplaceFile.h"
+
+#include <string>
+#include <vector>
 
 namespace quarnel {
 
@@ -13,7 +17,8 @@ namespace {
 bool Convert(const std::string& from, const std::string& to) {
     ProjectState state;
     state.DecimalSeparator = SystemDecimalSeparator();
-    const ReadReport report = OpenProjectFile(from, state);
+    FileOnDisk file;
+    const ReadReport report = OpenProjectFile(from, state, file);
     for (const std::string& message : report.messages)
         PrintMessage(from, message);
     if (report.format == FileFormat::Unrecognised)
@@ -22,12 +27,14 @@ bool Convert(const std::string& from, const std::string& to) {
         PrintMessage(from, "Items passed over: " + std::to_string(report.passedOverCount) +
                                " (see " + std::string(ProgramName) + " check).");
     const std::vector<std::string> lost = FieldsNotReadBackIntact(state);
-    const std::vector<std::string> failures = WriteProjectFile(to, state);
-    for (const std::string& message : failures)
+    const SaveReport saved = WriteProjectFile(to, state, file);
+    for (const std::string& message : saved.messages)
         PrintMessage(to, message);
+    if (saved.isSaved && !saved.keptAs.empty())
+        PrintMessage(to, "The file that was there is kept as " + saved.keptAs + ".");
     for (const std::string& field : lost)
         PrintMessage(to, "Will not read back intact: " + field);
-    return report.messages.empty() && failures.empty() && lost.empty();
+    return report.messages.empty() && saved.messages.empty() && lost.empty();
 }
 
 } // namespace
@@ -37,8 +44,8 @@ ExitStatus ConvertCommand(const Words& words) {
         "convert IN OUT",
         "Opens a project or an old input file and saves it as a project, as Open and\n"
         "Save As do. What could be read is saved even when something failed. An OUT that\n"
-        "exists is replaced without asking. Where it is IN itself, and IN was an old\n"
-        "input file or failed in part, its bytes are kept beside it as OUT.bak.\n"
+        "exists is replaced without asking; one that does not read whole as a project\n"
+        "is kept beside it as OUT.bak first.\n"
         "The exit status is 0 when all went well, 1 when anything failed or a text will\n"
         "not read back intact.");
     commandLine.AddArgument("IN", "A project (.qn2) or an old input file (.in).");

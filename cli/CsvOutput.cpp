@@ -1,9 +1,15 @@
 #include "cli/CsvOutput.h"
 
 #include "cli/PlainText.h"
+#include "kcompute/Computation.h"
 #include "kcompute/KText.h"
+#include "kcompute/WorkingValues.h"
+#include "project/FixedLists.h"
+#include "project/ProjectState.h"
+#include "wellgeometry/WellDimensions.h"
 
 #include <string_view>
+#include <utility>
 
 namespace quarnel {
 

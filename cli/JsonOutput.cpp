@@ -1,8 +1,19 @@
 #include "cli/JsonOutput.h"
 
+#include "kcompute/Computation.h"
 #include "kcompute/KText.h"
 #include "kcompute/NumberToText.h"
+#include "kcompute/UseIgnore.h"
+#include "kcompute/WorkingValues.h"
+#include "project/FixedLists.h"
+#include "project/ProjectState.h"
 #include "recovery/RecoveryDa.h"
+#include "recovery/RecoveryData.h"
+#include "wellgeometry/WellDimensions.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
 
 namespace quarnel {
 

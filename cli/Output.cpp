@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <fcntl.h>
 #include <poll.h>
 #include <system_error>
@@ -25,8 +26,10 @@ void WaitForRoom(int descriptor) {
 int WriteAll(int descriptor, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t written = write(descriptor, bytes.data(), bytes.size());
-        if (written >= 0)
+        if (written > 0)
             bytes.remove_prefix(static_cast<std::size_t>(written));
+        else if (written == 0) // asked again, it would say the same for ever
+            return EIO;
         else if (errno == EAGAIN)
             WaitForRoom(descriptor);
         else if (errno != EINTR)

@@ -1,10 +1,14 @@
+#include "cli/CommandLine.h"
 #include "cli/Commands.h"
 #include "cli/Output.h"
+#include "system/OpenFile.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <cerrno>
 #include <csignal>
+#include <string>
+#include <string_view>
 #include <system_error>
 #include <unistd.h>
 
@@ -50,6 +54,8 @@ ExitStatus PlotCommand(const Words& words) {
         return commandLine.ReportWrongUse("Exactly one project is needed.");
     if (commandLine.Value("o").empty())
         return commandLine.ReportWrongUse("The file to write is needed: -o OUT.");
+    if (IsSameFile(commandLine.Value("o"), files.front()))
+        return commandLine.ReportWrongUse("The plot needs a file of its own.");
     return BecomePaintingProgram(commandLine.Value("o"), files.front());
 }
 

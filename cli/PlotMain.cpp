@@ -1,21 +1,32 @@
+#include "cli/CommandLine.h"
 #include "kcompute/Analysis.h"
 #include "kcompute/ComputeK.h"
 #include "output/PagePainter.h"
+#include "output/PlotDrawing.h"
 #include "output/PlotExport.h"
+#include "output/ReportPages.h"
+#include "project/Files.h"
+#include "project/Result.h"
 #include "project/Texts.h"
 #include "system/Locale.h"
+#include "system/OpenFile.h"
 #include "system/ReplaceFile.h"
 
 #include <QCommandLineParser>
 #include <QGuiApplication>
 #include <QLoggingCategory>
+#include <cstddef>
 #include <cstdio>
+#include <string>
+#include <string_view>
 
 // Paints for quarnel-cli, which runs without Qt Gui itself.
 
 namespace quarnel {
 
 namespace {
+
+constexpr const char* Usage = "Usage: quarnel-plot -o OUT.pdf|OUT.svg|OUT.png FILE\n";
 
 enum ExitStatus { Done = 0, Failed = 1, WrongUse = 2 };
 
@@ -85,17 +96,30 @@ int RunPlot(const QStringList& arguments) {
     QCommandLineParser parser;
     const QCommandLineOption out(QStringLiteral("o"), QStringLiteral("The file to write."),
                                  QStringLiteral("OUT"));
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Prints this help."));
     parser.addOption(out);
+    parser.addOption(help);
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The project."));
     const bool parsed = parser.parse(arguments);
     const std::string target = parser.value(out).toLatin1().toStdString();
     const bool known =
         HasEnding(target, ".PDF") || HasEnding(target, ".SVG") || HasEnding(target, ".PNG");
+    if (parsed && parser.isSet(help)) {
+        std::fputs(Usage, stdout);
+        return std::fflush(stdout) == 0 ? Done : Failed;
+    }
     if (!parsed || parser.positionalArguments().size() != 1 || !known) {
-        std::fprintf(stderr, "Usage: quarnel-plot -o OUT.pdf|OUT.svg|OUT.png FILE\n");
+        std::fputs(Usage, stderr);
         return WrongUse;
     }
-    return PlotFile(parser.positionalArguments().constFirst().toLatin1().toStdString(), target);
+    const std::string file = parser.positionalArguments().constFirst().toLatin1().toStdString();
+    // A slip of the fingers must not put a picture in the place of the project.
+    if (IsSameFile(target, file)) {
+        Say("quarnel-plot", "The plot needs a file of its own.");
+        return WrongUse;
+    }
+    return PlotFile(file, target);
 }
 
 } // namespace quarnel

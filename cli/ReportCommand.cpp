@@ -2,21 +2,20 @@
 #include "cli/Commands.h"
 #include "cli/Output.h"
 #include "output/SummaryReport.h"
+#include "system/OpenFile.h"
 #include "system/ReplaceFile.h"
-
-#include <filesystem>
 
 namespace quarnel {
 
 namespace {
 
-/// A slip of the fingers must not put a report in the place of the project.
-bool IsSameFile(const std::string& a, const std::string& b) {
-    std::error_code missing;
-    return std::filesystem::equivalent(a, b, missing);
+/// Whether a name is one of the system's for what is already open as standard output. It may be a
+/// pipe or a screen, which no file can be put in the place of.
+bool IsStandardOutput(std::string_view path) {
+    return path == "/dev/stdout" || path == "/dev/fd/1" || path == "/proc/self/fd/1";
 }
 
-ExitStatus SaveReport(const std::string& path, std::string_view bytes) {
+ExitStatus SaveToFile(const std::string& path, std::string_view bytes) {
     const FileFailure failure = SaveFileBytes(path, bytes);
     if (failure == FileFailure::None)
         return Done;
@@ -40,6 +39,7 @@ ExitStatus ReportCommand(const Words& words) {
     if (files.size() != 1)
         return commandLine.ReportWrongUse("Exactly one project is needed.");
     const std::string out = commandLine.Value("o");
+    // A slip of the fingers must not put a report in the place of the project.
     if (commandLine.IsSet("o") && (out.empty() || IsSameFile(out, files.front())))
         return commandLine.ReportWrongUse("The report needs a file of its own.");
     const AnalysisRun run = RunAnalysis(files.front());
@@ -47,7 +47,8 @@ ExitStatus ReportCommand(const Words& words) {
     if (!run.isRead)
         return Failed;
     const std::string bytes = ReportBytes(run.analysis.state, run.analysis.computation.get());
-    const ExitStatus written = out.empty() ? PrintText(bytes) : SaveReport(out, bytes);
+    const ExitStatus written =
+        out.empty() || IsStandardOutput(out) ? PrintText(bytes) : SaveToFile(out, bytes);
     return run.status == ComputationStatus::Error ? Failed : written;
 }
 

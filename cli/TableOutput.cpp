@@ -1,14 +1,25 @@
 #include "cli/TableOutput.h"
 
 #include "cli/PlainText.h"
+#include "kcompute/Computation.h"
 #include "kcompute/KText.h"
 #include "kcompute/NumberToText.h"
+#include "kcompute/UseIgnore.h"
+#include "kcompute/WorkingValues.h"
+#include "project/FixedLists.h"
+#include "project/ProjectState.h"
+#include "project/Result.h"
 #include "project/TextColumns.h"
 #include "project/Texts.h"
 #include "recovery/RecoveryDa.h"
+#include "recovery/RecoveryData.h"
+#include "wellgeometry/WellDimensions.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <string>
 #include <string_view>
+#include <utility>
 
 namespace quarnel {
 

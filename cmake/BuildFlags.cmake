@@ -4,6 +4,10 @@ add_library(quarnel_flags INTERFACE)
 
 # Results must be the same on every machine: no fused multiply-add, no fast-math.
 target_compile_options(quarnel_flags INTERFACE -ffp-contract=off -fno-fast-math)
+if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(i[3-6]86|x86|x86_64|AMD64)$")
+  # The old floating-point unit computes in 80 bits and rounds when it likes to.
+  target_compile_options(quarnel_flags INTERFACE -msse2 -mfpmath=sse)
+endif()
 target_compile_options(
   quarnel_flags
   INTERFACE -Wall

@@ -2,8 +2,12 @@
 
 #include "kcompute/ComputeK.h"
 #include "kcompute/KComputations.h"
+#include "kcompute/UseIgnore.h"
 #include "recovery/RecoveryDa.h"
+#include "recovery/RecoveryData.h"
 #include "wellgeometry/WellGeometry.h"
+
+#include <utility>
 
 namespace quarnel {
 
@@ -19,12 +23,13 @@ Preparation& Stop(Preparation& preparation, Result result, FaultyTab tab) {
 
 void ResetAnalysis(Analysis& analysis) {
     ResetProjectState(analysis.state);
+    analysis.file = FileOnDisk();
     analysis.working = WorkingValues();
     analysis.computation.reset();
 }
 
 ReadReport OpenProjectFile(const std::string& path, Analysis& analysis) {
-    ReadReport report = OpenProjectFile(path, analysis.state);
+    ReadReport report = OpenProjectFile(path, analysis.state, analysis.file);
     if (report.format != FileFormat::Unrecognised) {
         analysis.working = WorkingValues();
         analysis.computation.reset();

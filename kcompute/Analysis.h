@@ -5,15 +5,18 @@
 #include "project/Files.h"
 #include "project/ProjectState.h"
 #include "project/Result.h"
+#include "recovery/RecoveryData.h"
 
 #include <string>
 
 namespace quarnel {
 
-/// One analysis: the project, what its last check or preparation left, and its computation. The
+/// One analysis: the project, its file, what its last check or preparation left, and its
+/// computation. The
 /// window and the terminal program hold one each and hand it to the routines.
 struct Analysis {
     ProjectState state;
+    FileOnDisk file;
     WorkingValues working;
     ComputationPtr computation; ///< null before the first, and after New, Open or one that failed
 };

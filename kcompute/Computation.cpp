@@ -1,7 +1,11 @@
 #include "kcompute/Computation.h"
 
 #include "kcompute/NumberToText.h"
+#include "kcompute/UseIgnore.h"
+#include "project/FixedLists.h"
 #include "project/Texts.h"
+#include "recovery/RecoveryData.h"
+#include "wellgeometry/WellDimensions.h"
 
 #include <algorithm>
 #include <array>
@@ -36,6 +40,15 @@ bool AreSameSettings(const RecoveryData& recovery, const ProjectState& state) {
             recovery.preSlugText == TrimBlanks(state.RecDatPreSlugHeadText));
 }
 
+/// Whether two lists of points stand for the same readings.
+bool AreSamePoints(const RecoveryPointList& points, const RecoveryPointList& others) {
+    return std::equal(points.begin(), points.end(), others.begin(), others.end(),
+                      [](const RecoveryPoint& a, const RecoveryPoint& b) {
+                          return a.timeText.View() == b.timeText.View() &&
+                                 a.levelText.View() == b.levelText.View();
+                      });
+}
+
 /// Blank rows are no readings.
 bool AreSameReadings(const RecoveryPointList& points, const ProjectState& state) {
     std::size_t k = 0;
@@ -66,7 +79,9 @@ bool AreRememberedMarks(const Computation& computation, const ProjectState& stat
 bool AreSameMarks(const Computation& computation, const ProjectState& state,
                   const WorkingValues& working) {
     const RecoveryPointList& points = *computation.recovery.RecoveryPoints;
-    if (working.marks.size() != points.size())
+    // Marks prepared for other readings, since put back, say nothing about these.
+    if (working.marks.size() != points.size() ||
+        !AreSamePoints(points, *working.recovery.RecoveryPoints))
         return AreRememberedMarks(computation, state);
     for (std::size_t k = 0; k < points.size(); ++k)
         if (working.marks[k] != computation.marks[k] && points[k].y > 0 && points[k].yCm > 0)

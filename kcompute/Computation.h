@@ -1,8 +1,11 @@
 #pragma once
 
 #include "kcompute/LeastSquares.h"
+#include "kcompute/UseIgnore.h"
 #include "kcompute/WorkingValues.h"
 #include "project/ProjectState.h"
+#include "recovery/RecoveryData.h"
+#include "wellgeometry/WellDimensions.h"
 
 #include <cstddef>
 #include <memory>

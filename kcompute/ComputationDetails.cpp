@@ -2,12 +2,19 @@
 
 #include "kcompute/KText.h"
 #include "kcompute/NumberToText.h"
+#include "kcompute/UseIgnore.h"
+#include "kcompute/WorkingValues.h"
+#include "project/FixedLists.h"
 #include "project/TextColumns.h"
 #include "project/Texts.h"
 #include "recovery/RecoveryDa.h"
+#include "recovery/RecoveryData.h"
+#include "wellgeometry/WellDimensions.h"
 
 #include <array>
+#include <cstddef>
 #include <initializer_list>
+#include <string_view>
 
 namespace quarnel {
 

@@ -2,14 +2,25 @@
 
 #include "kcompute/KComputations.h"
 #include "kcompute/KText.h"
+#include "kcompute/LeastSquares.h"
+#include "kcompute/UseIgnore.h"
+#include "recovery/RecoveryData.h"
 
 #include <algorithm>
+#include <cfloat>
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <memory>
+#include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace quarnel {
+
+// A result is the same on every machine only where nothing is kept in more digits than it has.
+static_assert(FLT_EVAL_METHOD == 0, "double arithmetic must round to double: use SSE on x86");
 
 namespace {
 

@@ -5,6 +5,8 @@
 #include "project/ProjectState.h"
 #include "project/Result.h"
 
+#include <string_view>
+
 namespace quarnel {
 
 /// Gathers the points of the fit: marks a point with Y <= 0 "Ignore", counts those that say "Use"

@@ -1,27 +1,29 @@
 #include "kcompute/ComputedYFrm.h"
 
 #include "kcompute/ComputationDetails.h"
+#include "project/FixedLists.h"
 #include "recovery/RecoveryDa.h"
+#include "recovery/RecoveryData.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
 #include "widgets/StaleLabel.h"
 
 #include <QFontDatabase>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QSplitter>
-#include <QTableView>
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace quarnel {
 
 namespace {
 
-/// Widest texts of the grid's columns.
-constexpr std::array<const char*, 4> WidestTexts = {"1000000", "100000.00", "-1.234567E-05",
-                                                    "-1.23e-10"};
 constexpr int TextColumns = 76;
 constexpr int TextLines = 34;
 /// What the grid leaves of the text on a small screen.
@@ -50,7 +52,7 @@ std::vector<TableColumn> FittedYColumns(const ProjectState& state, const Computa
         return (*shown->recovery.RecoveryPoints)[row];
     };
     return {{[] { return ToHeading(SampleHeading()); },
-             [](std::size_t row) { return QString::number(row + 1); }},
+             [](std::size_t row) { return QString::number(row + 1); }, true},
             {[&state, &shown] { return WithUnit("Time", TimeUnitOf(state, shown.get())); },
              [point](std::size_t row) { return ToQString(point(row).timeText); }},
             {level("Y"), [point](std::size_t row) { return ToQString(YText(point(row))); }},
@@ -106,40 +108,24 @@ ComputedYFrm::ComputedYFrm(const ProjectState& state, const ComputationPtr& comp
 
 /// Columns and window as wide as their texts in the font at hand, within the screen.
 void ComputedYFrm::FitToTexts() {
-    const QFontMetrics gridMetrics(ComputeYGrid->font());
-    const int margin = gridMetrics.horizontalAdvance(QLatin1String("00"));
-    int gridWidth = 2 * ComputeYGrid->frameWidth() +
-                    ComputeYGrid->style()->pixelMetric(QStyle::PM_ScrollBarExtent) + margin;
-    for (int column = 0; column < model_.columnCount(); ++column) {
-        const int text = gridMetrics.horizontalAdvance(
-            QLatin1String(WidestTexts[static_cast<std::size_t>(column)]));
-        const int heading = ComputeYGrid->horizontalHeader()->sectionSizeHint(column);
-        ComputeYGrid->setColumnWidth(column, std::max(text, heading) + margin);
-        gridWidth += ComputeYGrid->columnWidth(column);
-    }
-    ComputeYGrid->verticalHeader()->setMinimumSectionSize(0);
-    ComputeYGrid->verticalHeader()->setDefaultSectionSize(gridMetrics.height() + 4);
+    const int gridWidth = ComputeYGrid->minimumWidth();
     const QFontMetrics textMetrics(SummaryText->font());
     const int textWidth = textMetrics.horizontalAdvance(QLatin1Char('0')) * TextColumns;
     SummaryText->setMinimumWidth(textMetrics.horizontalAdvance(QLatin1Char('0')) * LeastColumns);
-    const QSize wanted(textWidth + gridWidth + 4 * margin, textMetrics.lineSpacing() * TextLines);
+    const QSize wanted(textWidth + gridWidth +
+                           4 * textMetrics.horizontalAdvance(QLatin1String("00")),
+                       textMetrics.lineSpacing() * TextLines);
     preferredSize_ = wanted.boundedTo(screen()->availableSize() * 9 / 10);
     qobject_cast<QSplitter*>(ComputeYGrid->parentWidget())->setSizes({textWidth, gridWidth});
 }
 
 void ComputedYFrm::BuildGrid() {
-    ComputeYGrid = new QTableView(this);
+    ComputeYGrid = new GridView(this);
     ComputeYGrid->setObjectName(QStringLiteral("ComputeYGrid"));
     ComputeYGrid->setAccessibleName(tr("Fitted Y of each point"));
     ComputeYGrid->setModel(&model_);
-    ComputeYGrid->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    ComputeYGrid->setSelectionMode(QAbstractItemView::ContiguousSelection);
-    ComputeYGrid->setTabKeyNavigation(false);
-    ComputeYGrid->setWordWrap(false);
-    ComputeYGrid->verticalHeader()->hide();
-    ComputeYGrid->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    ComputeYGrid->horizontalHeader()->setSectionsClickable(false);
-    ComputeYGrid->horizontalHeader()->setHighlightSections(false);
+    ComputeYGrid->SetWidestTexts({QString(), QStringLiteral("100000.00"),
+                                  QStringLiteral("-1.234567E-05"), QStringLiteral("-1.23e-10")});
 }
 
 void ComputedYFrm::ShowState() {

@@ -3,11 +3,11 @@
 #include "kcompute/Computation.h"
 #include "project/ProjectState.h"
 #include "widgets/ColumnTableModel.h"
+#include "widgets/GridView.h"
 
 #include <QDialog>
 
 class QPlainTextEdit;
-class QTableView;
 
 namespace quarnel {
 
@@ -40,7 +40,7 @@ private:
     ComputationPtr shown_;              ///< what the grid's rows are made from
     QSize preferredSize_;
     QPlainTextEdit* SummaryText = nullptr;
-    QTableView* ComputeYGrid = nullptr;
+    GridView* ComputeYGrid = nullptr;
     StaleLabel* stale_ = nullptr;
     ColumnTableModel model_;
 };

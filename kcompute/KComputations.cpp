@@ -4,7 +4,10 @@
 
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <limits>
+#include <string>
+#include <string_view>
 
 namespace quarnel {
 

@@ -1,6 +1,10 @@
 #include "kcompute/KText.h"
 
 #include "kcompute/NumberToText.h"
+#include "project/FixedLists.h"
+
+#include <array>
+#include <cstddef>
 
 namespace quarnel {
 

@@ -1,5 +1,7 @@
 #include "kcompute/MarkEditor.h"
 
+#include "recovery/RecoveryData.h"
+
 #include <algorithm>
 #include <utility>
 

@@ -3,6 +3,7 @@
 #include "kcompute/UseIgnore.h"
 #include "kcompute/WorkingValues.h"
 #include "project/ProjectState.h"
+#include "recovery/RecoveryData.h"
 
 #include <cstddef>
 #include <vector>

@@ -1,43 +1,23 @@
 #include "kcompute/UseIgnoreGrid.h"
 
+#include "kcompute/UseIgnore.h"
 #include "recovery/RecoveryDa.h"
+#include "recovery/RecoveryData.h"
 #include "widgets/QtTexts.h"
 
 #include <QContextMenuEvent>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
-#include <QMouseEvent>
-#include <QScrollBar>
-#include <QStyledItemDelegate>
 #include <algorithm>
-#include <array>
+#include <cstddef>
+#include <string_view>
+#include <vector>
 
 namespace quarnel {
 
 namespace {
 
 constexpr std::string_view CriteriaHeading = "Criteria\r\n(U/I)";
-/// Room that the widest text of each column needs.
-constexpr std::array<const char*, 4> WidestTexts = {"1000000", "100000.00", "-1.234567E-05",
-                                                    "Ignore"};
-
-/// Paints the row numbers as a heading: they are no data and cannot be selected.
-class SampleDelegate : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-        QStyledItemDelegate::initStyleOption(option, index);
-        option->state |= QStyle::State_Enabled;
-        option->state &= ~(QStyle::State_Selected | QStyle::State_HasFocus);
-        option->backgroundBrush = option->palette.button();
-        option->palette.setColor(QPalette::Text,
-                                 option->palette.color(QPalette::Active, QPalette::ButtonText));
-    }
-};
-
 /// The key that a typed character is. Only these three do anything: no lower-case letter does.
 std::optional<MarkKey> MarkKeyOf(const QKeyEvent& event) {
     if ((event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0)
@@ -50,10 +30,6 @@ std::optional<MarkKey> MarkKeyOf(const QKeyEvent& event) {
     if (text == QLatin1String("I"))
         return MarkKey::Ignore;
     return std::nullopt;
-}
-
-bool IsCharacter(const QKeyEvent& event) {
-    return !event.text().isEmpty() && event.text().front().isPrint();
 }
 
 std::vector<TableColumn> UseIgnoreColumns(const ProjectState& state, const WorkingValues& working) {
@@ -80,61 +56,22 @@ std::vector<TableColumn> UseIgnoreColumns(const ProjectState& state, const Worki
 
 UseIgnoreGrid::UseIgnoreGrid(const ProjectState& state, const WorkingValues& working,
                              MarkEditor& editor, QWidget* parent)
-    : QTableView(parent)
+    : GridView(parent)
     , working_(working)
     , editor_(editor)
     , model_(UseIgnoreColumns(state, working)) {
     setObjectName(QStringLiteral("RecDatWeightGrid"));
     setAccessibleName(tr("Points to use or ignore in the fit"));
     setModel(&model_);
-    setItemDelegateForColumn(SampleColumn, new SampleDelegate(this));
-    setSelectionMode(QAbstractItemView::ContiguousSelection);
-    setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setTabKeyNavigation(false);
-    setWordWrap(false);
-    setCornerButtonEnabled(false);
-    setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
-    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    verticalHeader()->hide();
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    horizontalHeader()->setSectionsClickable(false);
-    horizontalHeader()->setHighlightSections(false);
-    FitColumns();
-}
-
-void UseIgnoreGrid::FitColumns() {
-    const QFontMetrics metrics(font());
-    const int margin = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1) +
-                       metrics.horizontalAdvance(QLatin1Char('0'));
-    for (int column = 0; column < static_cast<int>(WidestTexts.size()); ++column) {
-        const int text =
-            metrics.horizontalAdvance(QLatin1String(WidestTexts[static_cast<std::size_t>(column)]));
-        setColumnWidth(column, std::max(text + margin,
-                                        horizontalHeader()->sectionSizeHint(column) + margin / 2));
-    }
-    verticalHeader()->setDefaultSectionSize(
-        std::max(metrics.height() + 4, verticalHeader()->minimumSectionSize()));
+    SetWidestTexts({QString(), QStringLiteral("100000.00"), QStringLiteral("-1.234567E-05"),
+                    QStringLiteral("Ignore")});
 }
 
 QSize UseIgnoreGrid::sizeHint() const {
-    return {horizontalHeader()->length() + verticalScrollBar()->sizeHint().width() +
-                2 * frameWidth() + 2,
-            QTableView::sizeHint().height()};
-}
-
-/// Never narrower than its columns: going to the marks would scroll the row numbers out of sight.
-QSize UseIgnoreGrid::minimumSizeHint() const {
-    return {sizeHint().width(), QTableView::minimumSizeHint().height()};
-}
-
-void UseIgnoreGrid::changeEvent(QEvent* event) {
-    QTableView::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
-        FitColumns();
+    return {minimumWidth(), GridView::sizeHint().height()};
 }
 
 void UseIgnoreGrid::Refill() {
-    rowAnchor_ = -1;
     model_.ShowRows(std::max<std::size_t>(1, working_.recovery.RecoveryPoints->size()));
     // In the column of the marks, so that its keys work as soon as the grid has the focus.
     setCurrentIndex(model_.index(0, CriteriaColumn));
@@ -142,20 +79,13 @@ void UseIgnoreGrid::Refill() {
 }
 
 std::optional<UseIgnoreGrid::RowRange> UseIgnoreGrid::RowsToMark() const {
-    const QModelIndex current = currentIndex();
-    if (!current.isValid())
+    if (!currentIndex().isValid())
         return std::nullopt;
-    RowRange rows{current.row(), current.row()};
-    int left = current.column();
-    int right = current.column();
-    for (const QItemSelectionRange& range : selectionModel()->selection()) {
-        rows.first = std::min(rows.first, range.top());
-        rows.last = std::max(rows.last, range.bottom());
-        left = std::min(left, range.left());
-        right = std::max(right, range.right());
-    }
-    return left == CriteriaColumn && right == CriteriaColumn ? std::optional<RowRange>(rows)
-                                                             : std::nullopt;
+    const ViewBlock block = SelectedCells();
+    if (block.current.column != CriteriaColumn || block.end.column != CriteriaColumn)
+        return std::nullopt;
+    return RowRange{std::min(block.current.row, block.end.row),
+                    std::max(block.current.row, block.end.row)};
 }
 
 void UseIgnoreGrid::MarkSelected(MarkKey key) {
@@ -197,44 +127,7 @@ void UseIgnoreGrid::keyPressEvent(QKeyEvent* event) {
         Redo();
         return;
     }
-    // A view would search its cells for a typed character, or turn the selection over at a space.
-    if (IsCharacter(*event)) {
-        event->ignore();
-        return;
-    }
-    rowAnchor_ = -1;
-    QTableView::keyPressEvent(event);
-}
-
-void UseIgnoreGrid::SelectRowsTo(int row, bool extend) {
-    if (!extend || rowAnchor_ < 0)
-        rowAnchor_ = row;
-    const QItemSelection rows(model_.index(std::min(rowAnchor_, row), TimeColumn),
-                              model_.index(std::max(rowAnchor_, row), CriteriaColumn));
-    selectionModel()->setCurrentIndex(model_.index(rowAnchor_, TimeColumn),
-                                      QItemSelectionModel::NoUpdate);
-    selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
-}
-
-void UseIgnoreGrid::mousePressEvent(QMouseEvent* event) {
-    const QModelIndex pressed = indexAt(event->position().toPoint());
-    if (pressed.isValid() && pressed.column() == SampleColumn) {
-        if (event->button() == Qt::LeftButton)
-            SelectRowsTo(pressed.row(), (event->modifiers() & Qt::ShiftModifier) != 0);
-        return;
-    }
-    rowAnchor_ = -1;
-    QTableView::mousePressEvent(event);
-}
-
-void UseIgnoreGrid::mouseMoveEvent(QMouseEvent* event) {
-    if (rowAnchor_ < 0) {
-        QTableView::mouseMoveEvent(event);
-        return;
-    }
-    const int row = rowAt(event->position().toPoint().y());
-    if ((event->buttons() & Qt::LeftButton) != 0 && row >= 0)
-        SelectRowsTo(row, true);
+    GridView::keyPressEvent(event);
 }
 
 void UseIgnoreGrid::contextMenuEvent(QContextMenuEvent* event) {

@@ -1,18 +1,19 @@
 #pragma once
 
 #include "kcompute/MarkEditor.h"
+#include "kcompute/UseIgnore.h"
 #include "kcompute/WorkingValues.h"
 #include "project/ProjectState.h"
 #include "widgets/ColumnTableModel.h"
+#include "widgets/GridView.h"
 
-#include <QTableView>
 #include <optional>
 
 namespace quarnel {
 
 /// The grid `RecDatWeightGrid`. The keys space, "U" and "I" mark the selected points while the
 /// selection lies wholly in the last column.
-class UseIgnoreGrid : public QTableView {
+class UseIgnoreGrid : public GridView {
     Q_OBJECT
 public:
     enum Column { SampleColumn = 0, TimeColumn = 1, YColumn = 2, CriteriaColumn = 3 };
@@ -28,7 +29,6 @@ public:
     /// The unit lists changed.
     void ShowHeadings() { model_.ShowHeadings(); }
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
     /// The user marked points.
@@ -36,10 +36,7 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
     struct RowRange {
@@ -49,13 +46,10 @@ private:
     /// The selected rows, if the selection lies wholly in the criteria column.
     std::optional<RowRange> RowsToMark() const;
     void MarkSelected(MarkKey key);
-    void SelectRowsTo(int row, bool extend);
-    void FitColumns();
 
     const WorkingValues& working_;
     MarkEditor& editor_;
     ColumnTableModel model_;
-    int rowAnchor_ = -1; ///< where a selection by row numbers began; -1 for none
 };
 
 } // namespace quarnel

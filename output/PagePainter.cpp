@@ -1,5 +1,6 @@
 #include "output/PagePainter.h"
 
+#include "kcompute/Analysis.h"
 #include "output/PlotPainter.h"
 #include "output/PrintedPlot.h"
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kcompute/Analysis.h"
 #include "output/PlotDrawing.h"
 #include "output/ReportPages.h"
 

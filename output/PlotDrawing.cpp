@@ -1,10 +1,14 @@
 #include "output/PlotDrawing.h"
 
 #include "kcompute/NumberToText.h"
+#include "project/FixedLists.h"
 #include "project/Texts.h"
+#include "recovery/RecoveryData.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <utility>
 
 namespace quarnel {
 

@@ -1,8 +1,12 @@
 #pragma once
 
 #include "kcompute/Computation.h"
+#include "kcompute/LeastSquares.h"
+#include "kcompute/UseIgnore.h"
 #include "kcompute/WorkingValues.h"
+#include "recovery/RecoveryData.h"
 
+#include <cstddef>
 #include <string>
 #include <vector>
 

@@ -12,6 +12,8 @@
 #include <QSvgGenerator>
 
 #include <algorithm>
+#include <cstddef>
+#include <string_view>
 
 namespace quarnel {
 

@@ -1,7 +1,9 @@
 #include "output/PlotWidget.h"
 
+#include "kcompute/Computation.h"
 #include "output/PlotExport.h"
 #include "output/PlotPainter.h"
+#include "project/Files.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
 
@@ -10,12 +12,16 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
 #include <QPainter>
 #include <QStyleOptionFocusRect>
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <memory>
+#include <utility>
 
 namespace quarnel {
 
@@ -34,6 +40,32 @@ struct PictureKind {
 };
 constexpr std::array<PictureKind, 3> PictureKinds = {
     {{"PDF (*.pdf)", "pdf"}, {"SVG (*.svg)", "svg"}, {"PNG (*.png)", "png"}}};
+
+/// Asks for the name of a picture. One that ends in no kind of picture, as "MW-3.1" does, gets the
+/// ending of the chosen kind, before the dialog asks whether the file exists.
+class PictureDialog : public QFileDialog {
+public:
+    using QFileDialog::QFileDialog;
+
+protected:
+    void accept() override {
+        auto* name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        if (name != nullptr && !IsFolder(name->text()) && !IsPicture(name->text()))
+            name->setText(name->text() + QLatin1Char('.') + defaultSuffix());
+        QFileDialog::accept();
+    }
+
+private:
+    bool IsFolder(const QString& name) const {
+        return name.isEmpty() || directory().exists(name + QLatin1Char('/'));
+    }
+    static bool IsPicture(const QString& name) {
+        return std::any_of(PictureKinds.begin(), PictureKinds.end(), [&](const PictureKind& kind) {
+            return name.endsWith(QLatin1Char('.') + QLatin1String(kind.ending),
+                                 Qt::CaseInsensitive);
+        });
+    }
+};
 
 QColor Between(const QColor& a, const QColor& b, double part) {
     const auto mix = [part](int from, int to) { return qRound(from + (to - from) * part); };
@@ -157,7 +189,7 @@ void PlotWidget::Copy() {
 }
 
 void PlotWidget::SaveAsPicture() {
-    QFileDialog dialog(this, tr("Save Plot as Picture"));
+    PictureDialog dialog(this, tr("Save Plot as Picture"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     QStringList filters;
     for (const PictureKind& kind : PictureKinds)
@@ -172,13 +204,16 @@ void PlotWidget::SaveAsPicture() {
             });
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return;
+    const QString path = dialog.selectedFiles().constFirst();
     FileFailure failure = FileFailure::None;
     {
         const BusyPointer busy;
-        failure = ExportPlot(drawing_, ToUtf8(dialog.selectedFiles().constFirst()));
+        failure = ExportPlot(drawing_, ToUtf8(path));
     }
-    if (failure != FileFailure::None)
-        ShowMessage(this, ToQString(FileErrorMessage(failure)));
+    if (failure == FileFailure::None)
+        return;
+    Q_EMIT FileFailed(QStringLiteral("Not saved: ") + path);
+    ShowMessage(this, ToQString(FileErrorMessage(failure)));
 }
 
 } // namespace quarnel

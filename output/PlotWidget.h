@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kcompute/Computation.h"
 #include "output/PlotDrawing.h"
 
 #include <QFrame>
@@ -23,6 +24,10 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    /// A picture could not be written; `said` names its file.
+    void FileFailed(const QString& said);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

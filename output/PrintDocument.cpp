@@ -1,5 +1,6 @@
 #include "output/PrintDocument.h"
 
+#include "project/Files.h"
 #include "project/ProjectFileDialogs.h"
 #include "system/PrintQueue.h"
 #include "system/ReplaceFile.h"
@@ -9,6 +10,7 @@
 #include <QDir>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <cstddef>
 #include <optional>
 
 namespace quarnel {

@@ -3,9 +3,16 @@
 #include "kcompute/KText.h"
 #include "kcompute/NumberToText.h"
 #include "output/TextWidth.h"
+#include "project/ProjectState.h"
 #include "project/Texts.h"
+#include "recovery/RecoveryData.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace quarnel {
 

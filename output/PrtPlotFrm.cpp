@@ -1,14 +1,18 @@
 #include "output/PrtPlotFrm.h"
 
+#include "kcompute/Computation.h"
+#include "output/PagePainter.h"
 #include "output/PrintDocument.h"
+#include "output/ReportPages.h"
 #include "widgets/QtTexts.h"
 #include "widgets/StaleLabel.h"
+#include "widgets/TextBox.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <cstddef>
 
 namespace quarnel {
 
@@ -25,14 +29,12 @@ PrtPlotFrm::PrtPlotFrm(Analysis& analysis, QWidget* parent)
     auto* label = new QLabel(QStringLiteral("Graph &Title:"));
     rows->addWidget(label);
     for (std::size_t i = 0; i < PlotText.size(); ++i) {
-        auto* box = new QLineEdit;
+        auto* box = new TextBox(analysis_.state.PlotText[i],
+                                QStringLiteral("PlotText_") + QString::number(i));
         PlotText[i] = box;
-        box->setObjectName(QStringLiteral("PlotText_") + QString::number(i));
         box->setAccessibleName(tr("Graph title, line %1").arg(i + 1));
         box->setToolTip(tr("Line %1 of the title above the printed plot").arg(i + 1));
         box->setMinimumWidth(fontMetrics().averageCharWidth() * TitleCharacters);
-        connect(box, &QLineEdit::textChanged, this,
-                [this, i](const QString& text) { analysis_.state.PlotText[i] = ToUtf8(text); });
         rows->addWidget(box);
     }
     label->setBuddy(PlotText[0]);
@@ -56,10 +58,8 @@ void PrtPlotFrm::ShowStale(bool stale) {
 }
 
 void PrtPlotFrm::ShowState() {
-    for (std::size_t i = 0; i < PlotText.size(); ++i)
-        if (const QString text = ToQString(analysis_.state.PlotText[i]);
-            PlotText[i]->text() != text)
-            PlotText[i]->setText(text);
+    for (TextBox* box : PlotText)
+        box->ShowNewText();
 }
 
 void PrtPlotFrm::Print() {

@@ -5,11 +5,10 @@
 #include <QDialog>
 #include <array>
 
-class QLineEdit;
-
 namespace quarnel {
 
 class StaleLabel;
+class TextBox;
 
 /// The window "Print The Plot": up to three title lines, and one printed page. It hides when it is
 /// closed, so the titles stay for the next time.
@@ -26,7 +25,7 @@ private:
 
     Analysis& analysis_;
     StaleLabel* stale_ = nullptr;
-    std::array<QLineEdit*, 3> PlotText = {};
+    std::array<TextBox*, 3> PlotText = {};
 };
 
 } // namespace quarnel

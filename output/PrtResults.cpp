@@ -1,8 +1,13 @@
 #include "output/PrtResults.h"
 
+#include "kcompute/Computation.h"
+#include "output/PagePainter.h"
 #include "output/PrintDocument.h"
+#include "output/ReportPages.h"
 #include "output/SummaryReport.h"
+#include "project/Files.h"
 #include "project/ProjectFileDialogs.h"
+#include "system/OpenFile.h"
 #include "system/ReplaceFile.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
@@ -13,6 +18,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
+#include <cstddef>
 
 namespace quarnel {
 
@@ -76,14 +82,21 @@ void PrtResults::SaveToFile() {
                                            QStringLiteral("All Files (*.*)(*)")});
     if (path.isEmpty())
         return;
+    // A slip of the fingers must not put a report in the place of the project.
+    if (IsSameFile(ToUtf8(path), analysis_.file.CurrentProjectFile)) {
+        ShowMessage(this, QStringLiteral("The report needs a file of its own."));
+        return;
+    }
     FileFailure failure = FileFailure::None;
     {
         const BusyPointer busy;
         failure =
             SaveFileBytes(ToUtf8(path), ReportBytes(analysis_.state, analysis_.computation.get()));
     }
-    if (failure != FileFailure::None)
-        ShowMessage(this, ToQString(FileErrorMessage(failure)));
+    if (failure == FileFailure::None)
+        return;
+    Q_EMIT FileFailed(QStringLiteral("Not saved: ") + path);
+    ShowMessage(this, ToQString(FileErrorMessage(failure)));
 }
 
 void PrtResults::SendToPrinter() {

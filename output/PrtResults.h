@@ -21,6 +21,10 @@ public:
     void ShowState();
     void ShowStale(bool stale);
 
+Q_SIGNALS:
+    /// The report could not be written; `said` names its file.
+    void FileFailed(const QString& said);
+
 private:
     void ShowChoice();
     void Carry();

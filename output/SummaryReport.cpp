@@ -2,12 +2,15 @@
 
 #include "kcompute/ComputationDetails.h"
 #include "kcompute/KText.h"
+#include "kcompute/UseIgnore.h"
 #include "project/TextColumns.h"
 #include "project/TextEncoding.h"
 #include "project/Texts.h"
 #include "recovery/RecoveryDa.h"
+#include "recovery/RecoveryData.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quarnel {
 

@@ -1,6 +1,7 @@
 #include "project/FieldTables.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace quarnel {
 

@@ -1,39 +1,14 @@
 #pragma once
 
-#include "project/GlobalDeclar.h"
+#include "project/FileOnDisk.h"
+#include "project/ProjectState.h"
+#include "system/FileFailure.h"
 
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace quarnel {
-
-// ---- Failures ----------------------------------------------------------------------------------
-
-/// Why a file routine failed; the numbers are shown to the user.
-enum class FileFailure {
-    None = 0,
-    InvalidProcedureCall = 5,
-    Overflow = 6,
-    OutOfMemory = 7,
-    TypeMismatch = 13, ///< not a number where one is expected
-    BadFileName = 52,
-    FileNotFound = 53,
-    DeviceIOError = 57,
-    DiskFull = 61,
-    InputPastEnd = 62,
-    PermissionDenied = 70,
-    PathFileAccess = 75, ///< a folder, a read-only file
-    PathNotFound = 76,
-    InvalidPropertyValue = 380 ///< a list position out of range
-};
-
-/// The text shown for a failure: its number, one blank, its description.
-std::string FileErrorMessage(FileFailure failure);
-
-/// The failure that the system's error number `systemError` (errno) stands for.
-FileFailure FailureOfSystemError(int systemError);
 
 /// The message for a file that is neither a project nor an old input file.
 inline constexpr std::string_view NotAnInputFileMessage =
@@ -60,22 +35,20 @@ struct ReadReport {
     void AddFailure(FileFailure failure);
 };
 
-/// Reads the file at `path` (UTF-8), of either format, into `state`. A file that is neither, or
-/// cannot be read, leaves `state` as it was. Otherwise the project is first cleared as New does,
-/// then filled with all that could be read; CurrentProjectFile becomes `path`.
+/// Whether a project that was read with this report holds all that its file does, in a form that a
+/// save writes again.
+bool IsWhole(const ReadReport& report);
+
+/// Reads the file at `path` (the name's own bytes, UTF-8 by custom), of either format, into
+/// `state`. A file that is neither, or cannot be read, leaves `state` and `file` as they were.
+/// Otherwise the project is first cleared as New does, then filled with all that could be read;
+/// `file` becomes the version read.
+ReadReport OpenProjectFile(const std::string& path, ProjectState& state, FileOnDisk& file);
+/// The same for who only looks at the project and never saves it.
 ReadReport OpenProjectFile(const std::string& path, ProjectState& state);
 
 /// The same for the bytes of a file already in memory.
-ReadReport OpenProjectBytes(std::string_view bytes, const std::string& path, ProjectState& state);
-
-/// Bytes of a file, or why they could not be read.
-struct FileBytes {
-    FileFailure failure = FileFailure::None;
-    std::unique_ptr<char[]> data;
-    std::size_t size = 0;
-    std::string_view View() const { return {data.get(), size}; }
-};
-FileBytes ReadFileBytes(const std::string& path);
+ReadReport OpenProjectBytes(std::string_view bytes, ProjectState& state);
 
 // ---- Writing -----------------------------------------------------------------------------------
 
@@ -85,5 +58,21 @@ struct ProjectText {
     std::vector<std::string> messages; ///< a section that could not be written whole says why
 };
 ProjectText ProjectFileText(const ProjectState& state);
+
+/// What a save says.
+struct SaveReport {
+    bool isSaved = false;              ///< the file is on disk
+    std::vector<std::string> messages; ///< of whatever failed; none when all is on disk
+    std::string keptAs;                ///< the copy of the file that was there; empty without one
+    bool changedOnDisk = false;        ///< somebody else had changed that file since it was opened
+};
+
+/// Saves the project at `path`, which becomes CurrentProjectFile where that succeeds; after a
+/// failure `file` names what it did before. A file there is first copied beside it as NAME.bak, or
+/// NAME.bak2, NAME.bak3 ... where those exist, when the save would lose what it holds: the file
+/// that was opened, if it was in the old format or could not be read whole, or if somebody changed
+/// it since it was opened or last saved from here; and any other file that does not read whole as a
+/// project. When the copy fails nothing is written.
+SaveReport WriteProjectFile(const std::string& path, const ProjectState& state, FileOnDisk& file);
 
 } // namespace quarnel

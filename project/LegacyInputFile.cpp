@@ -1,9 +1,19 @@
+#include "project/CellText.h"
+#include "project/Files.h"
+#include "project/FixedLists.h"
+#include "project/ItemReader.h"
 #include "project/ProjectReaders.h"
+#include "project/ProjectState.h"
 #include "project/Texts.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
+#include <initializer_list>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <utility>
 
 namespace quarnel {
@@ -115,10 +125,9 @@ FileFailure ReadRows(ItemReader& reader, ProjectState& state) {
 } // namespace
 
 void ReadLegacyInputFile(ItemReader& reader, const std::array<std::string_view, 5>& firstLines,
-                         const std::string& path, ProjectState& state, ReadReport& report) {
-    std::string currentFile = path; // made first, so that memory runs out before anything changed
+                         ProjectState& state, ReadReport& report) {
     ResetProjectState(state);
-    state.CurrentProjectFile = std::move(currentFile);
+    report.format = FileFormat::Legacy;
     state.PlotText[0] = TrimBlanks(firstLines[0]);
     state.SiteIDText[ClientName] = TrimBlanks(firstLines[1]);
     state.SiteIDText[ClientJobNumber] = TrimBlanks(firstLines[2]);

@@ -1,8 +1,10 @@
 #include "project/ProjectFileDialogs.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QSettings>
 #include <QStandardPaths>
 
@@ -28,7 +30,11 @@ QString RecentFolder() {
     const QString folder = QSettings().value(RecentFolderKey).toString();
     if (!folder.isEmpty() && QFileInfo(folder).isDir())
         return folder;
-    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    // A folder that is not there would come up in the dialog as the name of a file.
+    for (const auto& place : {QStandardPaths::DocumentsLocation, QStandardPaths::HomeLocation})
+        if (const QString usual = QStandardPaths::writableLocation(place); QFileInfo(usual).isDir())
+            return usual;
+    return QDir::currentPath();
 }
 
 /// Each filter holds its caption, which names the pattern, and after it the pattern itself: a
@@ -50,18 +56,67 @@ public:
 
     /// The chosen name, "" when there is none.
     QString Choose() {
-        if (exec() != QDialog::Accepted || selectedFiles().isEmpty())
+        if (exec() != QDialog::Accepted)
             return QString();
-        return TrimmedName(selectedFiles().constFirst());
+        if (!nameWithQuotes_.isEmpty())
+            return nameWithQuotes_;
+        return selectedFiles().isEmpty() ? QString() : TrimmedName(selectedFiles().constFirst());
     }
 
 protected:
     /// The name counts without the blanks around it, before the dialog asks whether it exists.
     void accept() override {
-        if (auto* name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit")))
+        auto* name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        if (name != nullptr)
             name->setText(TrimmedName(name->text()));
-        QFileDialog::accept();
+        if (name != nullptr && HasQuotesOfItsOwn(name->text()))
+            AcceptNameWithQuotes(*name);
+        else
+            QFileDialog::accept();
     }
+
+private:
+    /// Qt takes double quotes for the marks around each of several names and drops what stands
+    /// outside; only one pair around the whole is that here.
+    static bool HasQuotesOfItsOwn(const QString& name) {
+        const QLatin1Char quote('"');
+        const bool wrapped = name.size() > 2 && name.count(quote) == 2 && name.startsWith(quote) &&
+                             name.endsWith(quote);
+        return name.contains(quote) && !wrapped;
+    }
+
+    /// Does for such a name what the dialog does for others.
+    void AcceptNameWithQuotes(QLineEdit& name) {
+        const QFileInfo file(directory(), name.text());
+        if (file.isDir()) {
+            setDirectory(file.filePath());
+            name.clear();
+            return;
+        }
+        if (MayTake(file)) {
+            nameWithQuotes_ = file.absoluteFilePath();
+            QDialog::accept();
+        }
+    }
+
+    bool MayTake(const QFileInfo& file) {
+        if (acceptMode() == AcceptSave)
+            return !file.exists() ||
+                   QMessageBox::warning(this, windowTitle(),
+                                        QStringLiteral("%1 already exists.\nDo you want to replace "
+                                                       "it?")
+                                            .arg(file.fileName()),
+                                        QMessageBox::Yes | QMessageBox::No,
+                                        QMessageBox::No) == QMessageBox::Yes;
+        if (!file.exists())
+            QMessageBox::warning(this, windowTitle(),
+                                 QStringLiteral("%1\nFile not found.\nPlease verify the correct "
+                                                "file name was given.")
+                                     .arg(file.fileName()));
+        return file.exists();
+    }
+
+    QString nameWithQuotes_;
 };
 
 } // namespace

@@ -1,11 +1,19 @@
+#include "project/CellText.h"
 #include "project/FieldTables.h"
+#include "project/Files.h"
+#include "project/ItemReader.h"
 #include "project/ProjectReaders.h"
+#include "project/ProjectState.h"
 #include "project/Texts.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 namespace quarnel {
 
@@ -270,11 +278,10 @@ FileFailure ProjectFileReader::ReadPlotInfo() {
 
 } // namespace
 
-void ReadProjectFile(ItemReader& reader, std::string_view wholeText, const std::string& path,
-                     ProjectState& state, ReadReport& report) {
-    std::string currentFile = path; // made first, so that memory runs out before anything changed
+void ReadProjectFile(ItemReader& reader, std::string_view wholeText, ProjectState& state,
+                     ReadReport& report) {
     ResetProjectState(state);
-    state.CurrentProjectFile = std::move(currentFile);
+    report.format = FileFormat::Current;
     ProjectFileReader(reader, wholeText, state, report).ReadSections();
     FillRecoveryGridFromData(state);
 }

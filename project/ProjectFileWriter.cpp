@@ -1,6 +1,13 @@
 #include "project/FieldTables.h"
 #include "project/Files.h"
+#include "project/ProjectState.h"
 #include "project/Texts.h"
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
 
 namespace quarnel {
 

@@ -84,11 +84,6 @@ struct ProjectState {
 
     /// Rows of a file just read, on their way into RecDatGrid; empty at any other time.
     std::vector<RecoveryRow> RecoveryDataTexts;
-    /// Full path of the file last saved or opened; empty for a project never saved.
-    std::string CurrentProjectFile;
-    /// A file that was read with failures or in the old format: the first save over it keeps its
-    /// bytes beside it. Empty when there is none.
-    std::string OriginalToKeep;
 
     /// The decimal separator of the user's locale, which typed numbers may use beside ".". It
     /// belongs to the desktop, so New leaves it.

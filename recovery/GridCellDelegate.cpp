@@ -1,6 +1,9 @@
 #include "recovery/GridCellDelegate.h"
 
+#include "recovery/GridEditing.h"
+
 #include <QPainter>
+#include <cstddef>
 
 namespace quarnel {
 

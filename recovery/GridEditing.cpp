@@ -1,5 +1,6 @@
 #include "recovery/GridEditing.h"
 
+#include "project/CellText.h"
 #include "project/Files.h"
 #include "project/Texts.h"
 #include "recovery/SortOrder.h"
@@ -7,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <utility>
 
 namespace quarnel {
 
@@ -51,7 +53,16 @@ const CellText& CellAt(const RecoveryRow& row, int column) {
     return column == TimeColumn ? row.time : row.level;
 }
 
+void PrepareExchange(GridRows& grid, RowExchange& exchange) {
+    const std::size_t newSize = grid.size() - exchange.count + exchange.rows.size();
+    // Twice as large each time, so that adding rows one by one stays cheap.
+    if (newSize > grid.capacity())
+        grid.reserve(std::max(newSize, grid.capacity() * 2));
+    exchange.rows.reserve(exchange.count);
+}
+
 void ExchangeRows(GridRows& grid, RowExchange& exchange) {
+    PrepareExchange(grid, exchange);
     const std::size_t common = std::min(exchange.count, exchange.rows.size());
     const auto first = grid.begin() + Offset(exchange.at);
     std::swap_ranges(first, first + Offset(common), exchange.rows.begin());

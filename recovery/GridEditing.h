@@ -1,5 +1,6 @@
 #pragma once
 
+#include "project/CellText.h"
 #include "project/GlobalDeclar.h"
 #include "recovery/RecoveryData.h"
 
@@ -67,6 +68,10 @@ struct RowExchange {
     std::size_t count = 0;
     GridRows rows;
 };
+/// Makes room for an exchange. All that can fail for want of memory fails here, where nothing has
+/// changed yet.
+void PrepareExchange(GridRows& grid, RowExchange& exchange);
+/// Prepares an exchange and carries it out; after a preparation it does not fail.
 void ExchangeRows(GridRows& grid, RowExchange& exchange);
 
 /// What a command changes, in order, and the selection that it leaves. Nothing to exchange: nothing

@@ -1,5 +1,8 @@
 #include "recovery/GridEditor.h"
 
+#include "project/ProjectState.h"
+#include "recovery/RecoveryData.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -143,34 +146,53 @@ void GridEditor::Do(GridEdit edit) {
 void GridEditor::Record(GridEdit edit) {
     if (edit.exchanges.empty())
         return;
-    for (RowExchange& exchange : edit.exchanges)
-        exchange_(exchange);
+    done_.emplace_back(); // room in the history comes before the change that goes into it
+    try {
+        Carry(edit.exchanges, false);
+    } catch (...) {
+        done_.pop_back();
+        throw;
+    }
     undone_.clear();
-    done_.push_back({std::move(edit.exchanges), selection_, edit.after});
+    done_.back() = {std::move(edit.exchanges), selection_, edit.after};
+}
+
+void GridEditor::Carry(std::vector<RowExchange>& exchanges, bool backwards) {
+    const auto at = [&](std::size_t i) -> RowExchange& {
+        return exchanges[backwards ? exchanges.size() - 1 - i : i];
+    };
+    std::size_t carried = 0;
+    try {
+        for (; carried < exchanges.size(); ++carried)
+            exchange_(at(carried));
+    } catch (...) {
+        // Each one holds its way back, and the room for it.
+        while (carried > 0)
+            exchange_(at(--carried));
+        throw;
+    }
 }
 
 void GridEditor::Undo() {
     if (done_.empty())
         return;
-    Step step = std::move(done_.back());
+    undone_.reserve(undone_.size() + 1);
+    Carry(done_.back().exchanges, true);
+    undone_.push_back(std::move(done_.back()));
     done_.pop_back();
-    for (auto exchange = step.exchanges.rbegin(); exchange != step.exchanges.rend(); ++exchange)
-        exchange_(*exchange);
-    Select(step.before);
+    Select(undone_.back().before);
     StartTypingAnew();
-    undone_.push_back(std::move(step));
 }
 
 void GridEditor::Redo() {
     if (undone_.empty())
         return;
-    Step step = std::move(undone_.back());
+    done_.reserve(done_.size() + 1);
+    Carry(undone_.back().exchanges, false);
+    done_.push_back(std::move(undone_.back()));
     undone_.pop_back();
-    for (RowExchange& exchange : step.exchanges)
-        exchange_(exchange);
-    Select(step.after);
+    Select(done_.back().after);
     StartTypingAnew();
-    done_.push_back(std::move(step));
 }
 
 } // namespace quarnel

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "recovery/GridEditing.h"
+#include "recovery/RecoveryData.h"
 
 #include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace quarnel {
@@ -75,6 +77,8 @@ private:
 
     void Do(GridEdit edit);
     void Record(GridEdit edit);
+    /// Carries out all exchanges, in order or `backwards`, or none of them.
+    void Carry(std::vector<RowExchange>& exchanges, bool backwards);
     void ShowBuffer();
 
     GridRows& rows_;

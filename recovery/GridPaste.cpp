@@ -1,8 +1,13 @@
 #include "recovery/GridEditing.h"
 
+#include "project/CellText.h"
+#include "project/ProjectState.h"
 #include "project/Texts.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <string_view>
 
 namespace quarnel {
 

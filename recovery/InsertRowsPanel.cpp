@@ -3,6 +3,7 @@
 #include "project/Texts.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
+#include "widgets/TextBox.h"
 
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -18,8 +19,7 @@ InsertRowsPanel::InsertRowsPanel(const ProjectState& state, QWidget* parent)
     afterCurrentRow_->setObjectName(QStringLiteral("InsertRowsOption_0"));
     beforeCurrentRow_ = new QRadioButton(QStringLiteral("Before Cu&rrent Row"));
     beforeCurrentRow_->setObjectName(QStringLiteral("InsertRowsOption_1"));
-    RecDatInsertRowsText = new QLineEdit;
-    RecDatInsertRowsText->setObjectName(QStringLiteral("RecDatInsertRowsText"));
+    RecDatInsertRowsText = new TextBox(rowsText_, QStringLiteral("RecDatInsertRowsText"));
     auto* label = new QLabel(QStringLiteral("&Number of Rows"));
     label->setBuddy(RecDatInsertRowsText);
     CmdInsertRowsOK = new QPushButton(QStringLiteral("O&K"));
@@ -40,16 +40,17 @@ InsertRowsPanel::InsertRowsPanel(const ProjectState& state, QWidget* parent)
 }
 
 void InsertRowsPanel::Open() {
-    RecDatInsertRowsText->clear();
+    rowsText_.clear();
+    RecDatInsertRowsText->ShowNewText();
     beforeCurrentRow_->setChecked(true);
     show();
     RecDatInsertRowsText->setFocus();
 }
 
 void InsertRowsPanel::Accept() {
-    const std::string text(TrimBlanks(ToUtf8(RecDatInsertRowsText->text())));
-    RecDatInsertRowsText->setText(ToQString(text));
-    const RowsToInsert rows = ReadRowsToInsert(text, state_.DecimalSeparator);
+    rowsText_ = std::string(TrimBlanks(rowsText_));
+    RecDatInsertRowsText->ShowText();
+    const RowsToInsert rows = ReadRowsToInsert(rowsText_, state_.DecimalSeparator);
     if (rows.result.IsError()) {
         ShowMessage(this, ToQString(rows.result.message));
         RecDatInsertRowsText->setFocus();

@@ -4,11 +4,13 @@
 #include "recovery/GridEditing.h"
 
 #include <QGroupBox>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <string>
 
 namespace quarnel {
+
+class TextBox;
 
 /// Asks where and how many rows to insert. It stands beside the grid, which stays usable.
 class InsertRowsPanel : public QGroupBox {
@@ -33,7 +35,8 @@ private:
     const ProjectState& state_;
     QRadioButton* afterCurrentRow_ = nullptr;
     QRadioButton* beforeCurrentRow_ = nullptr;
-    QLineEdit* RecDatInsertRowsText = nullptr;
+    std::string rowsText_;
+    TextBox* RecDatInsertRowsText = nullptr;
     QPushButton* CmdInsertRowsOK = nullptr;
     QPushButton* CmdInsertRowsCancel = nullptr;
 };

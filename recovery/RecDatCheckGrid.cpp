@@ -4,7 +4,9 @@
 #include "widgets/QtTexts.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
+#include <vector>
 
 namespace quarnel {
 
@@ -14,7 +16,7 @@ enum CheckColumn { TimeColumn = 1 };
 
 std::vector<TableColumn> CheckColumns(const ProjectState& state, const SharedPoints& points) {
     return {{[] { return ToHeading(SampleHeading()); },
-             [](std::size_t row) { return QString::number(row + 1); }},
+             [](std::size_t row) { return QString::number(row + 1); }, true},
             {[&state] { return ToHeading(TimeHeading(state.RecDatTimeUnitsDDL)); },
              [&points](std::size_t row) {
                  return row < points->size() ? ToQString((*points)[row].timeText) : QString();
@@ -31,7 +33,6 @@ RecDatCheckGrid::RecDatCheckGrid(const ProjectState& state, QWidget* parent)
     : GridView(parent)
     , model_(CheckColumns(state, points_)) {
     setObjectName(QStringLiteral("RecDatCheckGrid"));
-    setSelectionMode(ContiguousSelection);
     setModel(&model_);
     ClearCheckGrid();
 }

@@ -1,6 +1,7 @@
 #include "recovery/RecDatGrid.h"
 
 #include "recovery/GridCellDelegate.h"
+#include "recovery/GridEditing.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
 
@@ -9,15 +10,29 @@
 #include <QItemSelectionModel>
 #include <QScopedValueRollback>
 #include <algorithm>
+#include <cstddef>
+#include <string>
 
 namespace quarnel {
+
+namespace {
+
+/// The editor counts rows as their numbers do.
+ViewCell ToView(GridCell cell) {
+    return {static_cast<int>(cell.row) - 1, cell.column};
+}
+GridCell ToGrid(ViewCell cell) {
+    return {static_cast<std::size_t>(std::max(cell.row, 0)) + 1, cell.column};
+}
+
+} // namespace
 
 RecDatGrid::RecDatGrid(RecoveryGridModel& model, QWidget* parent)
     : GridView(parent)
     , model_(model) {
     setObjectName(QStringLiteral("RecDatGrid"));
-    setAutoScroll(false);
-    setSelectionMode(ContiguousSelection);
+    // The cells are drawn alike in all columns, the numbers among them.
+    setItemDelegateForColumn(NumberColumn, nullptr);
     setItemDelegate(new GridCellDelegate(model.Editor(), this));
     setModel(&model);
     // Replacing the rows drops the view's own selection; the model's resetting comes first.
@@ -27,53 +42,37 @@ RecDatGrid::RecDatGrid(RecoveryGridModel& model, QWidget* parent)
 
 // ---- Selection ---------------------------------------------------------------------------------
 
+ViewBlock RecDatGrid::SelectedCells() const {
+    const GridSelection& selection = model_.Editor().Selection();
+    return {ToView(selection.current), ToView(selection.end)};
+}
+
+void RecDatGrid::SelectCells(ViewBlock block) {
+    Editor().Select({ToGrid(block.current), ToGrid(block.end)});
+    ShowSelectionAt(SelectedCells().end);
+}
+
 void RecDatGrid::ShowSelection() {
-    MirrorSelection();
-    BringIntoView(Editor().Selection().current);
+    ShowSelectionAt(SelectedCells().current);
 }
 
-void RecDatGrid::ShowExtendedSelection() {
-    MirrorSelection();
-    BringIntoView(Editor().Selection().end);
+void RecDatGrid::ShowSelectionAt(ViewCell seen) {
+    const QScopedValueRollback<bool> guard(showing_, true);
+    MarkBlock(SelectedCells(), seen);
 }
 
-void RecDatGrid::MirrorSelection() {
-    const GridSelection& selection = Editor().Selection();
-    const GridBlock block = SelectedBlock(selection);
-    const auto indexOf = [this](std::size_t row, int column) {
-        return model_.index(static_cast<int>(row) - 1, column);
-    };
-    {
-        const QScopedValueRollback<bool> guard(showing_, true);
-        selectionModel()->setCurrentIndex(indexOf(selection.current.row, selection.current.column),
-                                          QItemSelectionModel::NoUpdate);
-        selectionModel()->select(QItemSelection(indexOf(block.firstRow, block.firstColumn),
-                                                indexOf(block.lastRow, block.lastColumn)),
-                                 QItemSelectionModel::ClearAndSelect);
-    }
-    viewport()->update();
-}
-
-void RecDatGrid::BringIntoView(GridCell cell) {
-    scrollTo(model_.index(static_cast<int>(cell.row) - 1, cell.column));
+void RecDatGrid::GoTo(GridCell cell) {
+    setFocus();
+    Editor().Select(GridSelection(cell));
+    ShowSelection();
 }
 
 /// Somebody else, such as a screen reader, moved the selection: the editor follows.
 void RecDatGrid::TakeOverSelection() {
-    const QModelIndex current = currentIndex();
-    if (showing_ || !current.isValid())
+    if (showing_ || !currentIndex().isValid())
         return;
-    const auto rowOf = [](int row) { return static_cast<std::size_t>(row) + 1; };
-    const GridCell cell{rowOf(current.row()), current.column()};
-    GridSelection selection(cell);
-    const QItemSelection ranges = selectionModel()->selection();
-    const auto range =
-        std::find_if(ranges.begin(), ranges.end(),
-                     [&](const QItemSelectionRange& r) { return r.contains(current); });
-    if (range != ranges.end())
-        selection.end = {rowOf(range->top() == current.row() ? range->bottom() : range->top()),
-                         range->left() == current.column() ? range->right() : range->left()};
-    Editor().Select(selection);
+    const ViewBlock block = GridView::SelectedCells();
+    Editor().Select({ToGrid(block.current), ToGrid(block.end)});
     viewport()->update();
 }
 
@@ -112,11 +111,6 @@ void RecDatGrid::Paste() {
         ShowMessage(this, ToQString(message));
 }
 
-void RecDatGrid::SelectAllCells() {
-    Editor().SelectAll();
-    ShowSelection();
-}
-
 void RecDatGrid::Undo() {
     Editor().Undo();
     ShowSelection();
@@ -140,14 +134,14 @@ void RecDatGrid::focusOutEvent(QFocusEvent* event) {
     Q_EMIT FocusChanged(false);
 }
 
-/// Tab is a key of the grid: it never leaves it.
-bool RecDatGrid::focusNextPrevChild(bool) {
-    return false;
+/// Tab is a key of the grid: it never leaves it. What cannot be seen keeps no keyboard, though.
+bool RecDatGrid::focusNextPrevChild(bool next) {
+    return !isVisible() && GridView::focusNextPrevChild(next);
 }
 
 void RecDatGrid::showEvent(QShowEvent* event) {
     GridView::showEvent(event);
-    BringIntoView(Editor().Selection().current);
+    scrollTo(currentIndex());
 }
 
 } // namespace quarnel

@@ -1,10 +1,14 @@
 #include "recovery/RecoveryDa.h"
 
+#include "project/CellText.h"
+#include "project/FixedLists.h"
 #include "project/Texts.h"
+#include "recovery/GridEditing.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <optional>
 
 namespace quarnel {
@@ -26,15 +30,22 @@ void TrimCell(CellText& cell) {
     cell = CellText(TrimBlanks(text));
 }
 
+FaultPlace PreSlugPlace() {
+    FaultPlace place;
+    place.kind = FaultPlace::PreSlugBox;
+    return place;
+}
+
 Result CheckPreSlug(ProjectState& state, RecoveryData& data) {
     std::string& text = state.RecDatPreSlugHeadText;
     text = std::string(TrimBlanks(text));
     if (text.empty())
-        return Result::Error("Please enter the Pre-Slug Test Condition.");
+        return Result::Error("Please enter the Pre-Slug Test Condition.", PreSlugPlace());
     const std::optional<double> value = ParseNumber(text, state.DecimalSeparator);
     if (!value)
         return Result::Error("Value entered for Pre-Slug Test Condition cannot be evaluated as a "
-                             "number. Please re-enter.");
+                             "number. Please re-enter.",
+                             PreSlugPlace());
     data.preSlugText = text;
     data.preSlug = *value;
     return Result::Ok();
@@ -43,24 +54,33 @@ Result CheckPreSlug(ProjectState& state, RecoveryData& data) {
 /// What is wrong with a row that is not blank; a million good rows make no text.
 enum class RowFault { None, NoTime, TimeNotANumber, TimeNegative, NoReading, ReadingNotANumber };
 
-Result ErrorOf(RowFault fault, std::size_t rowNumber) {
+FaultPlace PlaceOf(RowFault fault, std::size_t rowNumber) {
+    const bool inReading = fault == RowFault::NoReading || fault == RowFault::ReadingNotANumber;
+    FaultPlace place;
+    place.kind = FaultPlace::RecoveryCell;
+    place.row = rowNumber;
+    place.column = inReading ? ReadingColumn : TimeColumn;
+    return place;
+}
+
+std::string MessageOf(RowFault fault, std::size_t rowNumber) {
     const std::string row = std::to_string(rowNumber);
     const std::string notANumber = " cannot be evaluated as a number. Please re-enter.";
     switch (fault) {
     case RowFault::None:
         break;
     case RowFault::NoTime:
-        return Result::Error("Missing Time value in row " + row + ".");
+        return "Missing Time value in row " + row + ".";
     case RowFault::TimeNotANumber:
-        return Result::Error("Time value in row " + row + notANumber);
+        return "Time value in row " + row + notANumber;
     case RowFault::TimeNegative:
-        return Result::Error("Time value in row " + row + " must be >= 0.");
+        return "Time value in row " + row + " must be >= 0.";
     case RowFault::NoReading:
-        return Result::Error("Missing Recovery data in row " + row + ".");
+        return "Missing Recovery data in row " + row + ".";
     case RowFault::ReadingNotANumber:
-        return Result::Error("Recovery data in row " + row + notANumber);
+        return "Recovery data in row " + row + notANumber;
     }
-    return Result::Ok();
+    return {};
 }
 
 /// Checks one row that is not blank and fills `point` with its texts and values.
@@ -90,7 +110,7 @@ Result CheckRows(ProjectState& state, RecoveryPointList& points) {
             continue;
         const RowFault fault = CheckRow(cells, state.DecimalSeparator, points.emplace_back());
         if (fault != RowFault::None)
-            return ErrorOf(fault, i + 1);
+            return Result::Error(MessageOf(fault, i + 1), PlaceOf(fault, i + 1));
     }
     return Result::Ok();
 }

@@ -1,11 +1,14 @@
 #include "recovery/RecoveryDataPanel.h"
 
+#include "project/FixedLists.h"
+#include "recovery/GridEditor.h"
 #include "recovery/InsertRowsPanel.h"
 #include "recovery/RecDatCheckGrid.h"
 #include "recovery/RecDatGrid.h"
 #include "recovery/RecoveryDa.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
+#include "widgets/TextBox.h"
 
 #include <QMenu>
 
@@ -19,7 +22,7 @@ void RecoveryDataPanel::ShowState() {
     RecDatSlugTestTypeDDL->setCurrentIndex(state.RecDatSlugTestTypeDDL);
     RecDatTimeUnitsDDL->setCurrentIndex(state.RecDatTimeUnitsDDL);
     RecDatWaterLevelUnitsDDL->setCurrentIndex(state.RecDatWaterLevelUnitsDDL);
-    RecDatPreSlugHeadText->setText(ToQString(state.RecDatPreSlugHeadText));
+    RecDatPreSlugHeadText->ShowNewText();
     insertRows_->hide();
     model_->ShowState();
     checkGrid_->ClearCheckGrid();
@@ -27,7 +30,7 @@ void RecoveryDataPanel::ShowState() {
 }
 
 void RecoveryDataPanel::ShowPreparedData() {
-    RecDatPreSlugHeadText->setText(ToQString(state_.RecDatPreSlugHeadText));
+    RecDatPreSlugHeadText->ShowText();
     model_->ShowTrimmedCells();
     checkGrid_->ShowYInCheckGrid(data_.RecoveryPoints);
 }
@@ -61,6 +64,21 @@ void RecoveryDataPanel::ShowPreSlugBox() {
 }
 
 // ---- Commands ----------------------------------------------------------------------------------
+
+void RecoveryDataPanel::Carry(void (RecoveryDataPanel::*command)()) {
+    // First, so that a command that leads elsewhere has the last word.
+    grid_->setFocus();
+    (this->*command)();
+}
+
+void RecoveryDataPanel::GoTo(const FaultPlace& place) {
+    if (place.kind == FaultPlace::PreSlugBox) {
+        RecDatPreSlugHeadText->setFocus();
+        RecDatPreSlugHeadText->selectAll();
+    } else if (place.kind == FaultPlace::RecoveryCell) {
+        grid_->GoTo({place.row, place.column});
+    }
+}
 
 void RecoveryDataPanel::OpenInsertRowsPanel() {
     insertRows_->Open();
@@ -99,12 +117,13 @@ void RecoveryDataPanel::SortByTime() {
         result = CheckRecoveryData(state_, checked);
         if (!result.IsError())
             grid_->Editor().SortByTime(*checked.RecoveryPoints);
-        RecDatPreSlugHeadText->setText(ToQString(state_.RecDatPreSlugHeadText));
+        RecDatPreSlugHeadText->ShowText();
         model_->ShowTrimmedCells();
         grid_->ShowSelection();
     }
     if (result.IsError())
         ShowMessage(this, ToQString(result.message));
+    GoTo(result.place);
 }
 
 void RecoveryDataPanel::CheckData() {
@@ -119,6 +138,7 @@ void RecoveryDataPanel::CheckData() {
     }
     if (!result.message.empty())
         ShowMessage(this, ToQString(result.message));
+    GoTo(result.place);
 }
 
 void RecoveryDataPanel::ShowContextMenu(QPoint position) {
@@ -135,7 +155,7 @@ void RecoveryDataPanel::ShowContextMenu(QPoint position) {
     add(QStringLiteral("Cu&t\tCtrl+X"), true, grid_, &RecDatGrid::Cut);
     add(QStringLiteral("&Copy\tCtrl+C"), true, grid_, &RecDatGrid::Copy);
     add(QStringLiteral("&Paste\tCtrl+V"), true, grid_, &RecDatGrid::Paste);
-    add(QStringLiteral("Select &All\tCtrl+A"), true, grid_, &RecDatGrid::SelectAllCells);
+    add(QStringLiteral("Select &All\tCtrl+A"), true, grid_, &RecDatGrid::selectAll);
     menu->addSeparator();
     add(QStringLiteral("&Insert Rows"), true, this, &RecoveryDataPanel::OpenInsertRowsPanel);
     add(QStringLiteral("&Delete Rows"), true, this, &RecoveryDataPanel::DeleteGridRows);

@@ -1,12 +1,13 @@
 #pragma once
 
 #include "project/ProjectState.h"
+#include "project/Result.h"
+#include "recovery/GridEditing.h"
 #include "recovery/RecoveryData.h"
 #include "widgets/Panel.h"
 
 #include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <utility>
 #include <vector>
@@ -19,6 +20,7 @@ class InsertRowsPanel;
 class RecDatCheckGrid;
 class RecDatGrid;
 class RecoveryGridModel;
+class TextBox;
 
 /// The panel "Recovery Data": measurement settings, the grid of readings with its commands, and the
 /// check grid that shows Y.
@@ -31,6 +33,8 @@ public:
     void ShowState() override;
     /// Shows what a preparation left: trimmed cells and pre-slug text, and Y in the check grid.
     void ShowPreparedData();
+    /// Goes to the cell or box that a message names.
+    void GoTo(const FaultPlace& place);
 
 Q_SIGNALS:
     /// A unit or type list changed, so headings elsewhere follow.
@@ -52,6 +56,8 @@ private:
     void SetTimeHeading();
     void ShowPreSlugBox();
 
+    /// Carries out what a button stands for; the keys are the grid's again.
+    void Carry(void (RecoveryDataPanel::*command)());
     void OpenInsertRowsPanel();
     void DeleteGridRows();
     void Cut();
@@ -69,7 +75,7 @@ private:
     QComboBox* RecDatTimeUnitsDDL = nullptr;
     QComboBox* RecDatWaterLevelUnitsDDL = nullptr;
     QLabel* RecDatPreSlugHeadLbl = nullptr;
-    QLineEdit* RecDatPreSlugHeadText = nullptr;
+    TextBox* RecDatPreSlugHeadText = nullptr;
     RecoveryGridModel* model_ = nullptr;
     RecDatGrid* grid_ = nullptr;
     RecDatCheckGrid* checkGrid_ = nullptr;

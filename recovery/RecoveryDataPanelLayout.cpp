@@ -1,9 +1,16 @@
 #include "recovery/RecoveryDataPanel.h"
 
+#include "project/FixedLists.h"
+#include "project/ProjectState.h"
+#include "recovery/GridEditing.h"
 #include "recovery/InsertRowsPanel.h"
 #include "recovery/RecDatCheckGrid.h"
 #include "recovery/RecDatGrid.h"
+#include "recovery/RecoveryData.h"
+#include "recovery/RecoveryGridModel.h"
+#include "widgets/Panel.h"
 #include "widgets/QtTexts.h"
+#include "widgets/TextBox.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -58,6 +65,7 @@ RecoveryDataPanel::RecoveryDataPanel(ProjectState& state, RecoveryData& checked,
     rows->addWidget(settings);
     rows->addLayout(columns, 1);
 
+    setFocusProxy(grid_);
     ConnectLists();
     connect(this, &RecoveryDataPanel::HeadingsChanged, this, &RecoveryDataPanel::Edited);
     connect(model_, &QAbstractItemModel::dataChanged, this, &RecoveryDataPanel::Edited);
@@ -107,8 +115,8 @@ QWidget* RecoveryDataPanel::BuildSettings() {
 QWidget* RecoveryDataPanel::BuildPreSlugBox() {
     RecDatPreSlugHeadLbl = new QLabel;
     RecDatPreSlugHeadLbl->setObjectName(QStringLiteral("RecDatPreSlugHeadLbl"));
-    RecDatPreSlugHeadText = new QLineEdit;
-    RecDatPreSlugHeadText->setObjectName(QStringLiteral("RecDatPreSlugHeadText"));
+    RecDatPreSlugHeadText =
+        new TextBox(state_.RecDatPreSlugHeadText, QStringLiteral("RecDatPreSlugHeadText"));
     RecDatPreSlugHeadText->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * 12);
     RecDatPreSlugHeadText->setToolTip(
         QStringLiteral("The static water level before the slug was put in or taken out, measured "
@@ -129,7 +137,7 @@ QPushButton* RecoveryDataPanel::MakeCommand(const QString& name, const QString& 
     button->setToolTip(tip);
     // A click acts on the selected cells, so it leaves the focus with them.
     button->setFocusPolicy(Qt::TabFocus);
-    connect(button, &QPushButton::clicked, this, command);
+    connect(button, &QPushButton::clicked, this, [this, command] { Carry(command); });
     commands_.push_back(button);
     return button;
 }
@@ -193,10 +201,7 @@ void RecoveryDataPanel::ConnectLists() {
         state_.RecDatSlugTestTypeDDL = position;
         Q_EMIT Edited();
     });
-    connect(RecDatPreSlugHeadText, &QLineEdit::textEdited, this, [this](const QString& text) {
-        state_.RecDatPreSlugHeadText = ToUtf8(text);
-        Q_EMIT Edited();
-    });
+    connect(RecDatPreSlugHeadText, &TextBox::TextTaken, this, &RecoveryDataPanel::Edited);
 }
 
 } // namespace quarnel

@@ -1,9 +1,11 @@
 #include "recovery/RecoveryGridModel.h"
 
+#include "recovery/GridEditing.h"
 #include "recovery/RecoveryDa.h"
 #include "widgets/QtTexts.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace quarnel {
 
@@ -39,6 +41,8 @@ void RecoveryGridModel::ShowHeadings() {
 /// Rows carry their number, so wherever texts move up or down, it is the end of the table that
 /// comes or goes.
 void RecoveryGridModel::Exchange(RowExchange& exchange) {
+    // Views that have been told of a change must hear its end: what can fail comes before.
+    PrepareExchange(state_.RecDatGrid, exchange);
     const std::size_t oldCount = state_.RecDatGrid.size();
     const std::size_t newCount = oldCount - exchange.count + exchange.rows.size();
     const std::size_t lastChanged =
@@ -84,7 +88,7 @@ QVariant RecoveryGridModel::data(const QModelIndex& index, int role) const {
 bool RecoveryGridModel::setData(const QModelIndex& index, const QVariant& value, int role) {
     if (!index.isValid() || role != Qt::EditRole || index.column() == NumberColumn)
         return false;
-    editor_.Write({RowIndex(index) + 1, index.column()}, ToUtf8(value.toString()));
+    editor_.Write({RowIndex(index) + 1, index.column()}, ToUtf8(OneLine(value.toString())));
     return true;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "project/GlobalDeclar.h"
+#include "recovery/GridEditing.h"
 #include "recovery/GridEditor.h"
 
 #include <QAbstractTableModel>

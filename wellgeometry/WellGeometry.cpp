@@ -1,9 +1,13 @@
 #include "wellgeometry/WellGeometry.h"
 
+#include "project/FixedLists.h"
 #include "project/Texts.h"
 
 #include <cmath>
+#include <cstddef>
 #include <optional>
+#include <string>
+#include <string_view>
 
 namespace quarnel {
 
@@ -31,9 +35,18 @@ Result CheckLength(const std::string& text, const std::string& name, std::string
     return Result::Ok();
 }
 
+/// The place of the box `index`.
+FaultPlace BoxPlace(int index) {
+    FaultPlace place;
+    place.kind = FaultPlace::GeometryBox;
+    place.box = index;
+    return place;
+}
+
 Result TakeLength(ProjectState& state, int index, const std::string& name, EnteredLength& length) {
     const std::string& text = TrimBox(state, index);
     Result result = CheckLength(text, name, state.DecimalSeparator, length.value);
+    result.place = BoxPlace(index);
     if (!result.IsError())
         length.text = text;
     return result;
@@ -43,6 +56,7 @@ Result TakeDiameter(ProjectState& state, int index, const std::string& name,
                     EnteredDiameter& diameter) {
     const std::string& text = TrimBox(state, index);
     Result result = CheckLength(text, name, state.DecimalSeparator, diameter.value);
+    result.place = BoxPlace(index);
     if (!result.IsError()) {
         diameter.text = text;
         diameter.radius = diameter.value / 2;
@@ -57,10 +71,12 @@ Result TakePorosity(ProjectState& state, WellDimensions& well) {
     const std::optional<double> percent = ParseNumber(text, state.DecimalSeparator);
     if (!percent)
         return Result::Error("Well Geometry: dpor, drained filter pack porosity, cannot be "
-                             "evaluated as a number. Please re-enter.");
+                             "evaluated as a number. Please re-enter.",
+                             BoxPlace(GeoDpor));
     if (*percent < 0 || *percent > 100)
         return Result::Error(
-            "Well Geometry: dpor, drained filter pack porosity, must be from 0 to 100 %.");
+            "Well Geometry: dpor, drained filter pack porosity, must be from 0 to 100 %.",
+            BoxPlace(GeoDpor));
     well.dporText = text;
     well.n = *percent / 100;
     return Result::Ok();
@@ -89,12 +105,13 @@ bool ExceedsAsSingle(double a, double b) {
 Result CompareLengths(const WellDimensions& well) {
     Result result;
     if (ExceedsAsSingle(well.Lw.value, well.H.value))
-        result = Result::Error("Well Geometry: Lw must <= H.");
+        result = Result::Error("Well Geometry: Lw must <= H.", BoxPlace(GeoLw));
     if (ExceedsAsSingle(well.Le.value, well.Lw.value))
-        result = Result::Error("Well Geometry: Le must <= Lw.");
+        result = Result::Error("Well Geometry: Le must <= Lw.", BoxPlace(GeoLe));
     if (ExceedsAsSingle(well.dc.value, well.dw.value))
         result = Result::Error("Well Geometry: dc must be <= dw, well casing diameter must be <= "
-                               "well borehole diameter.");
+                               "well borehole diameter.",
+                               BoxPlace(GeoDc));
     return result;
 }
 

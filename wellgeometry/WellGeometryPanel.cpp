@@ -1,18 +1,22 @@
 #include "wellgeometry/WellGeometryPanel.h"
 
 #include "project/FieldTables.h"
+#include "project/FixedLists.h"
+#include "wellgeometry/WellDimensions.h"
 #include "wellgeometry/WellGeometry.h"
 #include "wellgeometry/WellSectionPicture.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
+#include "widgets/TextBox.h"
 
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
+#include <cstddef>
+#include <string_view>
 
 namespace quarnel {
 
@@ -51,34 +55,30 @@ QString Name(const char* name, std::size_t index) {
 WellGeometryPanel::WellGeometryPanel(ProjectState& state, QWidget* parent)
     : Panel(parent)
     , state_(state) {
-    auto* check = new QPushButton(tr("Check Data"), this);
-    check->setObjectName(QStringLiteral("SSCmdWellGeoCheckData"));
-    check->setToolTip(tr("Check that the dimensions are complete and fit together"));
-    connect(check, &QPushButton::clicked, this, &WellGeometryPanel::CheckData);
-
     auto* entries = new QVBoxLayout;
     entries->addWidget(BuildVerticalGroup());
     entries->addWidget(BuildRadialGroup());
     entries->addWidget(BuildPorosityRow());
+    auto* check = new QPushButton(tr("Check Data"), this);
+    check->setObjectName(QStringLiteral("SSCmdWellGeoCheckData"));
+    check->setToolTip(tr("Check that the dimensions are complete and fit together"));
+    connect(check, &QPushButton::clicked, this, &WellGeometryPanel::CheckData);
     entries->addWidget(check, 0, Qt::AlignLeft);
     entries->addStretch(1);
     auto* layout = new QHBoxLayout(this);
     layout->addLayout(entries);
     layout->addWidget(BuildIllustration(), 1);
+    setFocusProxy(WellGeoText[GeoH]);
     ShowState();
 }
 
 void WellGeometryPanel::AddBox(int index, QGridLayout& grid, int row) {
     const auto i = static_cast<std::size_t>(index);
-    auto* box = new QLineEdit(this);
-    box->setObjectName(Name("WellGeoText", i));
+    auto* box = new TextBox(state_.WellGeoText[i], Name("WellGeoText", i), this);
     box->setToolTip(tr(FieldToolTips[i]));
     box->setAccessibleName(tr(FieldNames[i]));
     box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QLatin1Char('0')) * BoxCharacters);
-    connect(box, &QLineEdit::textEdited, this, [this, i](const QString& text) {
-        state_.WellGeoText[i] = ToUtf8(text);
-        Q_EMIT Edited();
-    });
+    connect(box, &TextBox::TextTaken, this, &WellGeometryPanel::Edited);
     auto* label = new QLabel(ToQString(WellGeoFields[i].label), this);
     label->setObjectName(Name("WellGeoLbl", i));
     label->setToolTip(box->toolTip());
@@ -192,11 +192,8 @@ void WellGeometryPanel::ChoosePicture(bool firstIsPressed) {
 }
 
 void WellGeometryPanel::ShowState() {
-    for (std::size_t i = 0; i < WellGeoText.size(); ++i) {
-        const QString text = ToQString(state_.WellGeoText[i]);
-        if (WellGeoText[i]->text() != text)
-            WellGeoText[i]->setText(text);
-    }
+    for (TextBox* box : WellGeoText)
+        box->ShowNewText();
     WellGeoVertUnitsDDL->setCurrentIndex(state_.WellGeoVertUnitsDDL);
     WellGeoRadUnitsDDL->setCurrentIndex(state_.WellGeoRadUnitsDDL);
     const bool firstIsPressed = state_.SSRibbon1Pressed;
@@ -204,14 +201,29 @@ void WellGeometryPanel::ShowState() {
     ChoosePicture(firstIsPressed);
 }
 
+void WellGeometryPanel::ShowCheckedData() {
+    for (TextBox* box : WellGeoText)
+        box->ShowText();
+}
+
+void WellGeometryPanel::GoTo(const FaultPlace& place) {
+    if (place.kind != FaultPlace::GeometryBox)
+        return;
+    TextBox* box = WellGeoText[static_cast<std::size_t>(place.box)];
+    box->setFocus();
+    box->selectAll();
+}
+
 void WellGeometryPanel::CheckData() {
     WellDimensions checked;
     const Result result = CheckWellGeometry(state_, checked);
-    ShowState();
-    if (result.IsError())
+    ShowCheckedData();
+    if (result.IsError()) {
         ShowMessage(this, ToQString(result.message), tr("Data Error"));
-    else
+        GoTo(result.place);
+    } else {
         ShowMessage(this, tr("Well Geometry data is complete and consistent."));
+    }
 }
 
 } // namespace quarnel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "project/ProjectState.h"
+#include "project/Result.h"
 #include "widgets/Panel.h"
 
 #include <array>
@@ -8,11 +9,11 @@
 class QComboBox;
 class QGridLayout;
 class QLabel;
-class QLineEdit;
 class QPushButton;
 
 namespace quarnel {
 
+class TextBox;
 class WellSectionPicture;
 
 /// The panel "Well Geometry": the six dimensions of the well with their units, and the two pictures
@@ -22,6 +23,10 @@ class WellGeometryPanel : public Panel {
 public:
     explicit WellGeometryPanel(ProjectState& state, QWidget* parent = nullptr);
     void ShowState() override;
+    /// Shows what a check left: trimmed texts.
+    void ShowCheckedData();
+    /// Goes to the box that a message names.
+    void GoTo(const FaultPlace& place);
 
 private:
     QWidget* BuildVerticalGroup();
@@ -36,7 +41,7 @@ private:
     void CheckData();
 
     ProjectState& state_;
-    std::array<QLineEdit*, 6> WellGeoText = {};
+    std::array<TextBox*, 6> WellGeoText = {};
     std::array<QLabel*, 7> WellGeoLbl = {};
     QComboBox* WellGeoVertUnitsDDL = nullptr;
     QComboBox* WellGeoRadUnitsDDL = nullptr;

@@ -14,9 +14,9 @@ QMessageBox::StandardButton Ask(QWidget* parent, const QString& text, const QStr
     box.setTextFormat(Qt::PlainText);
     if (escape != QMessageBox::NoButton)
         box.setEscapeButton(escape);
-    // Yes throws data away in most of these questions: a hasty Enter must not.
-    if ((buttons & QMessageBox::No) != 0)
-        box.setDefaultButton(QMessageBox::No);
+    // Yes and OK throw data away in most of these questions: a hasty Enter must not.
+    if (escape != QMessageBox::NoButton)
+        box.setDefaultButton(escape);
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 

@@ -2,7 +2,10 @@
 
 #include "widgets/QtTexts.h"
 
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
+#include <algorithm>
+#include <limits>
 
 namespace quarnel {
 
@@ -10,19 +13,54 @@ TextBox::TextBox(std::string& text, const QString& name, QWidget* parent)
     : QLineEdit(parent)
     , text_(text) {
     setObjectName(name);
+    // A box cuts at 32,767 characters unless it is told otherwise.
+    setMaxLength(std::numeric_limits<int>::max());
     // Not only typing counts: a screen reader or a dictation program sets the whole text.
-    connect(this, &QLineEdit::textChanged, this,
-            [this](const QString& typed) { text_ = ToUtf8(typed); });
+    connect(this, &QLineEdit::textChanged, this, &TextBox::TakeOver);
+}
+
+void TextBox::TakeOver(const QString& typed) {
+    if (rewriting_)
+        return;
+    if (OneLine(typed) != typed)
+        WriteAsOneLine(typed);
+    text_ = ToUtf8(text());
+    Q_EMIT TextTaken();
+}
+
+/// Puts the text in again without its line ends, as one change: taking that back brings the text
+/// before it, which a box that is merely set anew would have lost.
+void TextBox::WriteAsOneLine(const QString& typed) {
+    const QScopedValueRollback<bool> guard(rewriting_, true);
+    const QString line = OneLine(typed);
+    const int behindCursor = static_cast<int>(OneLine(typed.mid(cursorPosition())).size());
+    if (isUndoAvailable()) {
+        undo();
+        const QString before = text();
+        const auto [left, unused] =
+            std::mismatch(before.begin(), before.end(), line.begin(), line.end());
+        const auto same = static_cast<int>(left - before.begin());
+        const int room = static_cast<int>(std::min(before.size(), line.size())) - same;
+        int sameEnd = 0;
+        while (sameEnd < room &&
+               before[before.size() - 1 - sameEnd] == line[line.size() - 1 - sameEnd])
+            ++sameEnd;
+        setSelection(same, static_cast<int>(before.size()) - same - sameEnd);
+        insert(line.mid(same, line.size() - same - sameEnd));
+    } else {
+        setText(line);
+    }
+    setCursorPosition(std::max(0, static_cast<int>(line.size()) - behindCursor));
 }
 
 void TextBox::ShowText() {
-    const QString whole = ToQString(text_);
-    const bool fits = whole.size() <= maxLength();
-    setReadOnly(!fits);
-    if (text() == whole)
-        return;
+    if (text() != ToQString(text_))
+        ShowNewText();
+}
+
+void TextBox::ShowNewText() {
     const QSignalBlocker blocker(this);
-    setText(fits ? whole : whole.left(maxLength()));
+    setText(ToQString(text_));
     setCursorPosition(0);
 }
 

@@ -42,13 +42,25 @@ TEST_F(CliConvertTest, OldInputFileBecomesTheProjectThatOpenAndSaveMake) {
     EXPECT_EQ(both.at(0).toObject().value(Q("points")), both.at(1).toObject().value(Q("points")));
 }
 
-TEST_F(CliConvertTest, ExistingFileIsReplacedAndNothingElseIsLeft) {
+TEST_F(CliConvertTest, ExistingProjectIsReplacedAndNothingElseIsLeft) {
     CopyExample("pratt-county-1998.qn2");
-    WriteBytes("out.qn2", "old");
-    EXPECT_EQ(Convert("pratt-county-1998.qn2", "out.qn2").status, 0);
+    WriteProject("out.qn2", SampleProject());
+    const Outcome outcome = Convert("pratt-county-1998.qn2", "out.qn2");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "");
     EXPECT_EQ(ReadBytes("out.qn2"), ReadBytes("pratt-county-1998.qn2"));
     EXPECT_EQ(QDir(Path("")).entryList(QDir::Files | QDir::Hidden),
               (QStringList{Q("out.qn2"), Q("pratt-county-1998.qn2")}));
+}
+
+TEST_F(CliConvertTest, ExistingFileThatIsNoProjectIsKeptBesideIt) {
+    CopyExample("pratt-county-1998.qn2");
+    WriteBytes("out.qn2", "a letter");
+    const Outcome outcome = Convert("pratt-county-1998.qn2", "out.qn2");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "out.qn2: The file that was there is kept as out.qn2.bak.\n");
+    EXPECT_EQ(ReadBytes("out.qn2"), ReadBytes("pratt-county-1998.qn2"));
+    EXPECT_EQ(ReadBytes("out.qn2.bak"), "a letter");
 }
 
 TEST_F(CliConvertTest, DamagedFileIsSavedAsFarAsItWasRead) {

@@ -50,6 +50,16 @@ TEST_F(CliPlotTest, PaintingProgramGetsTheFilesAsTheyAre) {
     EXPECT_EQ(outcome.err, "");
 }
 
+TEST_F(CliPictureTest, HelpOfThePaintingProgramIsNoFailure) {
+    for (const char* option : {"--help", "-h"}) {
+        const Outcome outcome =
+            RunShell(std::string("\"$(dirname \"$cli\")/quarnel-plot\" ") + option);
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_EQ(outcome.out, "Usage: quarnel-plot -o OUT.pdf|OUT.svg|OUT.png FILE\n");
+        EXPECT_EQ(outcome.err, "");
+    }
+}
+
 TEST_F(CliPlotTest, StatusOfThePaintingProgramIsOurs) {
     PutPainterBeside("#!/bin/sh\necho \"$0: no\" >&2\nexit 37\n");
     const Outcome outcome = RunShell("bin/quarnel-cli plot -o a.pdf b.qn2");
@@ -146,6 +156,19 @@ TEST_F(CliPictureTest, UnwritableTargetIsTold) {
     const Outcome outcome = Run(arguments);
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, "no/a.png: 76 Path not found\n");
+}
+
+TEST_F(CliPictureTest, PlotNeverReplacesItsProject) {
+    WriteProject("own.svg", SampleProject());
+    const std::string before = ReadBytes("own.svg");
+    ASSERT_TRUE(QFile::link(Path("own.svg"), Path("link.pdf")));
+    for (const char* program : {"\"$cli\" plot", "\"${cli%-cli}-plot\""})
+        for (const char* out : {"own.svg", "./own.svg", "link.pdf"}) {
+            const Outcome outcome = RunShell(std::string(program) + " -o " + out + " own.svg");
+            EXPECT_EQ(outcome.status, 2) << program << out;
+            EXPECT_TRUE(Holds(outcome.err, ": The plot needs a file of its own.\n")) << outcome.err;
+            EXPECT_EQ(ReadBytes("own.svg"), before);
+        }
 }
 
 TEST_F(CliPictureTest, OtherEndingsAndMissingWordsAreWrongUse) {

@@ -81,6 +81,21 @@ TEST_F(CliReportTest, ReportNeverReplacesItsProject) {
     EXPECT_EQ(ReadBytes("a.qn2"), before);
 }
 
+TEST_F(CliReportTest, StandardOutputMayBeNamedAsTheFile) {
+    WriteProject("a.qn2", SampleProject());
+    const std::string report = Run({Q("report"), Q("a.qn2")}).out;
+    for (const char* name : {"/dev/stdout", "/dev/fd/1", "/proc/self/fd/1"}) {
+        const Outcome piped = Run({Q("report"), Q("-o"), Q(name), Q("a.qn2")});
+        EXPECT_EQ(piped.status, 0) << piped.err;
+        EXPECT_EQ(piped.out, report);
+        EXPECT_EQ(RunShell("{ echo first; \"$cli\" report -o " + std::string(name) +
+                           " a.qn2; echo last; } >all")
+                      .status,
+                  0);
+        EXPECT_EQ(ReadBytes("all"), "first\n" + report + "last\n");
+    }
+}
+
 TEST_F(CliReportTest, FileThatCannotBeWrittenIsTold) {
     WriteProject("a.qn2", SampleProject());
     ASSERT_TRUE(QDir(Path("")).mkdir(Q("folder")));

@@ -45,6 +45,16 @@ TEST_F(CliStreamsTest, ReaderThatHasGoneIsAFailureAndNoCrash) {
     }
 }
 
+TEST_F(CliStreamsTest, OutputThatTakesNothingIsAFailureAndNotAskedForEver) {
+    const Outcome outcome =
+        RunShell("LD_PRELOAD=\"$failing\" ASAN_OPTIONS=verify_asan_link_order=0 "
+                 "QUARNEL_FAIL_FOLDER=\"$PWD/out\" QUARNEL_FAIL_NAME=write "
+                 "QUARNEL_FAIL_ERRNO=-1 \"$cli\" analyze a.qn2 >out",
+                 {{"failing", QUARNEL_FAILING_CALLS}});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, "quarnel-cli: Standard output cannot be written: Input/output error\n");
+}
+
 TEST_F(CliStreamsTest, ClosedOutputIsAFailure) {
     const Outcome outcome = RunShell("\"$cli\" analyze a.qn2 >&-");
     EXPECT_EQ(outcome.status, 1);

@@ -55,7 +55,7 @@ inline std::string Kept(const ProjectState& state) {
 inline void CheckOpening(std::string_view bytes) {
     ProjectState state;
     state.WellGeoText[GeoH] = "before";
-    const ReadReport report = OpenProjectBytes(bytes, "file", state);
+    const ReadReport report = OpenProjectBytes(bytes, state);
     Require(report.messages.size() <= 6);
     Require(report.passedOver.size() <= 100 && report.passedOver.size() <= report.passedOverCount);
     Require(report.passedOverCount <= bytes.size());
@@ -74,7 +74,7 @@ inline void CheckOpening(std::string_view bytes) {
         return;
     const std::string file = EncodeFileText(saved.text);
     ProjectState again;
-    const ReadReport second = OpenProjectBytes(file, "file", again);
+    const ReadReport second = OpenProjectBytes(file, again);
     Require(second.messages.empty() && second.passedOverCount == 0);
     Require(Kept(again) == Kept(state));
     Require(EncodeFileText(ProjectFileText(again).text) == file);

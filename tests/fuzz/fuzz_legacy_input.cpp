@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     quarnel::fuzz::CheckOpening(old);
 
     quarnel::Analysis analysis;
-    quarnel::OpenProjectBytes(old, "file", analysis.state);
+    quarnel::OpenProjectBytes(old, analysis.state);
     if (quarnel::PrepareComputation(analysis).result.IsError())
         return 0;
     const bool failed = quarnel::Compute(analysis).IsError();

@@ -4,7 +4,7 @@
 #include "tests/gui/WindowTestSupport.h"
 
 #include "project/FieldTables.h"
-#include "system/ReplaceFile.h"
+#include "system/OpenFile.h"
 
 #include <QGroupBox>
 
@@ -152,7 +152,8 @@ private Q_SLOTS:
         program.ClickTab(2);
         TypeInto(WellBox(program, TestBy2), QString());
         TypeInto(program.Find<QLineEdit>(u"VolumeOfSlugText"_s), QString());
-        QVERIFY(WriteProjectFile(path, program.State()).empty());
+        FileOnDisk file;
+        QVERIFY(WriteProjectFile(path, program.State(), file).isSaved);
         const FileBytes bytes = ReadFileBytes(path);
         for (const char* record :
              {"\"SITEID\",\"SITECITY\",\"\"\r\n", "\"WELLID\",\"TESTBY2\",\"\"\r\n",

@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QTableView>
+#include <new>
 #include <stdexcept>
 
 namespace quarnel::windowtest {
@@ -30,6 +31,8 @@ public:
     bool event(QEvent* event) override {
         if (event->type() == QEvent::User)
             throw std::runtime_error("a fault nobody foresaw");
+        if (event->type() == QEvent::User + 1)
+            throw std::bad_alloc();
         return QObject::event(event);
     }
 };
@@ -360,6 +363,19 @@ private Q_SLOTS:
         answers.Box(u"Quarnel"_s, u"a fault nobody foresaw"_s);
         QApplication::setOverrideCursor(Qt::WaitCursor);
         QApplication::postEvent(&thrower, new QEvent(QEvent::User));
+        QTRY_VERIFY2(answers.AllGiven(), answers.Complaints());
+        QVERIFY(QApplication::overrideCursor() == nullptr);
+        program.ClickTab(2);
+        QCOMPARE(program.VisiblePanel(), 2);
+    }
+
+    void MemoryThatRunsOutIsTold() {
+        Program program;
+        Thrower thrower;
+        Answers answers;
+        answers.Box(u"Quarnel"_s, u"7 Out of memory"_s);
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        QApplication::postEvent(&thrower, new QEvent(QEvent::Type(QEvent::User + 1)));
         QTRY_VERIFY2(answers.AllGiven(), answers.Complaints());
         QVERIFY(QApplication::overrideCursor() == nullptr);
         program.ClickTab(2);

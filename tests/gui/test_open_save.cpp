@@ -66,7 +66,7 @@ public:
         QVERIFY2(answers.AllGiven(), answers.Complaints());
         QCOMPARE(ProjectFileText(State()).text, before);
         QCOMPARE(Window().windowTitle(), title);
-        QCOMPARE(Status(), QString());
+        QCOMPARE(Status(), u"Not opened: "_s + path);
         QCOMPARE(SelectedTab(), 2);
         QCOMPARE(Site(SiteName).text(), u"Untouched"_s);
     }
@@ -192,7 +192,7 @@ private Q_SLOTS:
             QVERIFY2(answers.AllGiven(), answers.Complaints());
         }
         QCOMPARE(program.Site(SiteName).text(), u"Untouched"_s);
-        QCOMPARE(program.State().CurrentProjectFile, "");
+        QCOMPARE(program.Window().Current().file.CurrentProjectFile, "");
         QCOMPARE(program.Status(), QString());
         QCOMPARE(program.Names(), QStringList());
     }
@@ -243,7 +243,7 @@ private Q_SLOTS:
         program.SaveAs(u"new.qn2"_s, u"mnuFileSave"_s);
         const QString path = program.Path(u"new.qn2"_s);
         QCOMPARE(program.Window().windowTitle(), Title + u"/ "_s + path);
-        QCOMPARE(ToQString(program.State().CurrentProjectFile), path);
+        QCOMPARE(ToQString(program.Window().Current().file.CurrentProjectFile), path);
         QVERIFY(Read(path).contains("\"SITEID\",\"SITENAME\",\"Corner Fuel Stop\"\r\n"));
         QCOMPARE(program.Status(), u"Saved "_s + path);
 
@@ -280,11 +280,77 @@ private Q_SLOTS:
         program.Choose(u"mnuSaveAs"_s);
         QVERIFY2(answers.AllGiven(), answers.Complaints());
         QCOMPARE(program.Names(), QStringList(u"blanks.qn2"_s));
-        QCOMPARE(ToQString(program.State().CurrentProjectFile), program.Path(u"blanks.qn2"_s));
+        QCOMPARE(ToQString(program.Window().Current().file.CurrentProjectFile),
+                 program.Path(u"blanks.qn2"_s));
         answers.FileName(u"  blanks.qn2 "_s);
         program.Choose(u"mnuOpenFile"_s);
         QVERIFY2(answers.AllGiven(), answers.Complaints());
         QCOMPARE(program.Status(), u"Opened "_s + program.Path(u"blanks.qn2"_s));
+    }
+
+    void ANameWithDoubleQuotesIsUsedAsItStands() {
+        const QString name = u"my \"best\" test.qn2"_s;
+        FilesProgram program;
+        TypeInto(program.Site(SiteName), u"first"_s);
+        Answers answers;
+        answers.FileName(u" "_s + name);
+        program.Choose(u"mnuSaveAs"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Names(), QStringList(name));
+        QCOMPARE(ToQString(program.Window().Current().file.CurrentProjectFile), program.Path(name));
+
+        TypeInto(program.Site(SiteName), u"second"_s);
+        answers.FileName(name).BoxAbout(name, QMessageBox::No).CancelFileName();
+        program.Choose(u"mnuSaveAs"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        answers.FileName(name);
+        program.Choose(u"mnuOpenFile"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Site(SiteName).text(), u"first"_s);
+        answers.FileName(name).BoxAbout(name, QMessageBox::Yes);
+        program.Choose(u"mnuSaveAs"_s);
+        answers.FileName(u"no \"such\" file"_s)
+            .BoxAbout(u"no \"such\" file"_s, QMessageBox::Ok)
+            .CancelFileName();
+        program.Choose(u"mnuOpenFile"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Names(), QStringList(name));
+    }
+
+    void ANameInQuotesIsThatName() {
+        FilesProgram program;
+        Answers answers;
+        answers.FileName(u"\"a b.qn2\""_s);
+        program.Choose(u"mnuSaveAs"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Names(), QStringList(u"a b.qn2"_s));
+    }
+
+    void AFolderThatIsNotThereIsNotOfferedAsAName() {
+        FilesProgram program;
+        const QTemporaryDir home;
+        const QByteArray before = qgetenv("HOME");
+        qputenv("HOME", home.path().toLocal8Bit());
+        FilesProgram::RememberFolder(QString());
+        for (const char* command : {"mnuOpenFile", "mnuSaveAs"}) {
+            Answers answers;
+            answers.Dialog<QFileDialog>([&home](QFileDialog& dialog) {
+                QCOMPARE(dialog.findChild<QLineEdit*>(u"fileNameEdit"_s)->text(), QString());
+                QCOMPARE(dialog.directory().canonicalPath(), QDir(home.path()).canonicalPath());
+                QTest::keyClick(&dialog, Qt::Key_Escape);
+            });
+            program.Choose(QString::fromLatin1(command));
+            QVERIFY2(answers.AllGiven(), answers.Complaints());
+        }
+        QVERIFY(QDir(home.path()).mkdir(u"Documents"_s));
+        Answers answers;
+        answers.Dialog<QFileDialog>([](QFileDialog& dialog) {
+            QCOMPARE(dialog.directory().dirName(), u"Documents"_s);
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        });
+        program.Choose(u"mnuOpenFile"_s);
+        qputenv("HOME", before);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
     }
 
     void ANameWithoutASuffixIsSavedWithoutOne() {
@@ -319,7 +385,7 @@ private Q_SLOTS:
         program.Choose(u"mnuSaveAs"_s);
         QVERIFY2(answers.AllGiven(), answers.Complaints());
         QCOMPARE(Read(path), QByteArray("kept"));
-        QCOMPARE(program.State().CurrentProjectFile, "");
+        QCOMPARE(program.Window().Current().file.CurrentProjectFile, "");
     }
 
     void OverwritingConfirmedWithYesReplacesTheFile() {
@@ -369,6 +435,63 @@ private Q_SLOTS:
         program.Choose(u"mnuFileSave"_s);
         QVERIFY2(answers.AllGiven(), answers.Complaints());
         QVERIFY(!QFile::exists(path));
+    }
+
+    void AFailedSaveAsLeavesTitleAndNameAsTheyWere() {
+        FilesProgram program;
+        const QString path = program.Copy(u"every-field.qn2"_s);
+        program.Open(path);
+        const QString title = program.Window().windowTitle();
+        QVERIFY(QDir(program.Path(QString())).mkdir(u"gone"_s));
+        Answers answers;
+        answers
+            .Dialog<QFileDialog>([&program](QFileDialog& dialog) {
+                auto* edit = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s);
+                edit->setFocus();
+                QTest::keyClicks(edit, program.Path(u"gone/a.qn2"_s));
+                QVERIFY(QDir(program.Path(QString())).rmdir(u"gone"_s));
+                QTest::keyClick(edit, Qt::Key_Return);
+            })
+            .Box(u"Quarnel"_s, u"76 Path not found"_s);
+        program.Choose(u"mnuSaveAs"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Window().windowTitle(), title);
+        QCOMPARE(ToQString(program.Window().Current().file.CurrentProjectFile), path);
+        TypeInto(program.Site(SiteZip), u"new"_s);
+        program.Save();
+        QVERIFY(Read(path).contains("\"SITEZIP\",\"new\""));
+    }
+
+    void AFileThatSomebodyElseChangedIsKeptAndTheStatusBarSaysSo() {
+        FilesProgram program;
+        const QString path = program.Copy(u"every-field.qn2"_s);
+        program.Open(path);
+        program.Save();
+        QCOMPARE(program.Status(), u"Saved "_s + path);
+        const QByteArray others = Read(path) + "\r\n";
+        program.Write(u"every-field.qn2"_s, others);
+        program.Save();
+        QCOMPARE(Read(path + u".bak"_s), others);
+        QCOMPARE(program.Status(), u"Saved "_s + path +
+                                       u". The file had been changed by somebody else meanwhile; "
+                                       u"that version is kept as "_s +
+                                       path + u".bak"_s);
+        program.Save();
+        QCOMPARE(program.Status(), u"Saved "_s + path);
+    }
+
+    void ADamagedFileIsKeptAfterNewToo() {
+        FilesProgram program;
+        const QString path = program.Write(u"a.qn2"_s, "\"QUARNEL PROJECT FILE\"\r\n\"RECDATA\"");
+        program.Window().OpenPath(program.Copy(u"every-field.qn2"_s));
+        ResetProject(program.Window());
+        Answers answers;
+        answers.FileName(path).BoxAbout(u"a.qn2"_s, QMessageBox::Yes);
+        program.Choose(u"mnuFileSave"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QVERIFY(Read(path + u".bak"_s).endsWith("\"RECDATA\""));
+        QCOMPARE(program.Status(), u"Saved "_s + path + u". The file that was there is kept as "_s +
+                                       path + u".bak"_s);
     }
 
     void TheStatusBarNamesFieldsThatWillNotReadBackIntact() {

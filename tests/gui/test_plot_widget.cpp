@@ -159,15 +159,23 @@ private Q_SLOTS:
         QVERIFY(FileBytes(path + u".png"_s).startsWith("\x89PNG"));
     }
 
-    void AnotherEndingIsRefusedWithAMessage() {
+    void ANameThatEndsInNoKindOfPictureGetsTheChosenEnding() {
         PlotProgram program;
         program.Compute();
-        const QString path = folder_->filePath(u"plot.txt"_s);
+        for (const QString& name : {u"MW-3.1"_s, u"plot.jpg"_s}) {
+            Answers answers;
+            answers.FileName(folder_->filePath(name));
+            program.ChooseInMenu("SavePlot");
+            QVERIFY2(answers.AllGiven(), answers.Complaints());
+            QVERIFY(!QFile::exists(folder_->filePath(name)));
+            QVERIFY(FileBytes(folder_->filePath(name + u".pdf"_s)).startsWith("%PDF"));
+        }
+        // And what stands there under that name is asked for.
         Answers answers;
-        answers.FileName(path).Box(u"Quarnel"_s, u"52 Bad file name or number"_s);
+        answers.FileName(folder_->filePath(u"MW-3.1"_s));
+        answers.BoxAbout(u"MW-3.1.pdf"_s, QMessageBox::No).CancelFileName();
         program.ChooseInMenu("SavePlot");
         QVERIFY2(answers.AllGiven(), answers.Complaints());
-        QVERIFY(!QFile::exists(path));
         QVERIFY(QApplication::overrideCursor() == nullptr);
     }
 
@@ -188,6 +196,8 @@ private Q_SLOTS:
         answers.Box(u"Quarnel"_s, u"76 Path not found"_s);
         program.ChooseInMenu("SavePlot");
         QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Find<QLabel>(u"StatusText"_s).text(),
+                 u"Not saved: "_s + gone + u"/plot.png"_s);
     }
 
     void ACancelledSaveWritesNothing() {

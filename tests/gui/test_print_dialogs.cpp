@@ -72,6 +72,25 @@ private Q_SLOTS:
     // ---- Report
     // ------------------------------------------------------------------------------------
 
+    void AReportNeverReplacesItsProject() {
+        ComputedProgram program;
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(u"own.res"_s);
+        QVERIFY(QFile::copy(QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2"),
+                            path));
+        program.Window().OpenPath(path);
+        const QByteArray before = FileBytes(path);
+        program.ClickTab(5);
+        program.Press("CmdPrtSummary");
+        Answers answers;
+        answers.FileName(path)
+            .BoxAbout(u"own.res"_s, QMessageBox::Yes)
+            .Box(u"Quarnel"_s, u"The report needs a file of its own."_s);
+        PressIn(program.Results(), "CmdPrtResults");
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(FileBytes(path), before);
+    }
+
     void SaveToFileWritesTheReport() {
         ComputedProgram program;
         program.Press("CmdPrtSummary");
@@ -88,6 +107,23 @@ private Q_SLOTS:
                              program.Window().Current().computation.get()));
         PressIn(program.Results(), "CmdClose");
         QVERIFY(!program.Results().isVisible());
+    }
+
+    void ThePointerIsBusyWhileTheDialogForThePlotOpens() {
+        struct Watch : QObject {
+            bool busy = false;
+            bool eventFilter(QObject* receiver, QEvent* event) override {
+                if (event->type() == QEvent::Show && receiver->objectName() == u"PrtPlotFrm"_s)
+                    busy = QApplication::overrideCursor() != nullptr &&
+                           QApplication::overrideCursor()->shape() == Qt::WaitCursor;
+                return false;
+            }
+        } watch;
+        ComputedProgram program;
+        qApp->installEventFilter(&watch);
+        program.Press("CmdPrintPlot");
+        QVERIFY(watch.busy);
+        QVERIFY(QApplication::overrideCursor() == nullptr);
     }
 
     void CancelWritesNothing() {

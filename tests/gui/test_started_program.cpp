@@ -6,6 +6,9 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 
 namespace quarnel::windowtest {
 
@@ -65,6 +68,38 @@ private Q_SLOTS:
                  Title + u"/ "_s + Examples + u"/pratt-county-1998.in"_s);
     }
 
+    /// Opened and saved by its own bytes; the title shows a mark for what is no text.
+    void ANameThatIsNoTextIsOpenedAndSaved() {
+        const QTemporaryDir folder;
+        const std::string sub = folder.path().toStdString() + "/f\377r";
+        const std::string path = sub + "/w\351ll.qn2";
+        std::filesystem::create_directory(sub);
+        const std::string example = Examples.toStdString() + "/pratt-county-1998.qn2";
+        std::filesystem::copy_file(example, path);
+        // QProcess would make a text of the name.
+        WriteScript(folder.filePath(u"start"_s), "#!/bin/sh\ncd '" + folder.path().toUtf8() +
+                                                     "' && exec '" QUARNEL_PROGRAM
+                                                     "' \"$(printf 'f\\377r/w\\351ll.qn2')\"\n");
+        program_.setProcessEnvironment(Environment(display_));
+        program_.setProcessChannelMode(QProcess::ForwardedChannels);
+        program_.start(folder.filePath(u"start"_s), QStringList());
+        QVERIFY(program_.waitForStarted(-1));
+        const QString shown = folder.path() + u"/f\uFFFDr/w\uFFFDll.qn2"_s;
+        QCOMPARE(TitleOfWindow(u"^Quarnel: .*/ "_s), Title + u"/ "_s + shown);
+        const auto before = std::filesystem::last_write_time(path);
+        Ask({u"search"_s, u"--onlyvisible"_s, u"--name"_s, u"^Quarnel: "_s, u"windowfocus"_s,
+             u"--sync"_s, u"key"_s, u"ctrl+s"_s});
+        while (std::filesystem::last_write_time(path) == before && !program_.waitForFinished(20))
+            continue;
+        QCOMPARE(program_.state(), QProcess::Running);
+        QFile saved(QString::fromStdString(example));
+        QVERIFY(saved.open(QIODevice::ReadOnly));
+        std::ifstream file(path, std::ios::binary);
+        const std::string bytes{std::istreambuf_iterator<char>(file),
+                                std::istreambuf_iterator<char>()};
+        QCOMPARE(bytes, saved.readAll().toStdString());
+    }
+
     void AMissingProjectIsToldInABoxAndTheProgramGoesOn() {
         Start({u"missing.qn2"_s});
         QCOMPARE(TitleOfWindow(u"^Quarnel$"_s), u"Quarnel"_s);
@@ -107,6 +142,13 @@ private:
         program_.setProcessChannelMode(QProcess::ForwardedChannels);
         program_.start(QStringLiteral(QUARNEL_PROGRAM), arguments);
         QVERIFY(program_.waitForStarted(-1));
+    }
+
+    static void WriteScript(const QString& path, const QByteArray& text) {
+        QFile script(path);
+        QVERIFY(script.open(QIODevice::WriteOnly));
+        script.write(text);
+        script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
     }
 
     Ended Finish(const QStringList& arguments, const QString& display) const {

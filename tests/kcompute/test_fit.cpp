@@ -202,7 +202,7 @@ TEST(ComputeHydraulicConductivity, IsExactToTheLastBit) {
 
 TEST(ComputeK, ThePrattCountyTest) {
     Analysis analysis;
-    EXPECT_TRUE(OpenProjectBytes(test::ReadExample("pratt-county-1998.qn2"), "p", analysis.state)
+    EXPECT_TRUE(OpenProjectBytes(test::ReadExample("pratt-county-1998.qn2"), analysis.state)
                     .messages.empty());
     EXPECT_FALSE(PrepareComputation(analysis).result.IsError());
     const BouwerRiceValues& values = analysis.working.coefficients;

@@ -211,8 +211,8 @@ TEST(ResetAnalysis, IsANewProjectWithTheSameConsultant) {
     analysis.state.PlotText.fill("text");
     analysis.state.SSRibbon1Pressed = false;
     analysis.state.CmboKLengthUnits = Inch;
-    analysis.state.CurrentProjectFile = "/data/a.qn2";
-    analysis.state.OriginalToKeep = "/data/a.qn2";
+    analysis.file.CurrentProjectFile = "/data/a.qn2";
+    analysis.file.isWhole = true;
     analysis.state.DecimalSeparator = ",";
     PrepareComputation(analysis);
     Compute(analysis);
@@ -222,8 +222,8 @@ TEST(ResetAnalysis, IsANewProjectWithTheSameConsultant) {
         expected.SiteIDText[i] = "text " + std::to_string(i);
     EXPECT_EQ(test::Dump(analysis.state), test::Dump(expected));
     EXPECT_EQ(analysis.state.RecDatGrid.size(), 50U);
-    EXPECT_EQ(analysis.state.CurrentProjectFile, "");
-    EXPECT_EQ(analysis.state.OriginalToKeep, "");
+    EXPECT_EQ(analysis.file.CurrentProjectFile, "");
+    EXPECT_FALSE(analysis.file.isWhole);
     EXPECT_EQ(analysis.state.DecimalSeparator, ",");
     EXPECT_EQ(analysis.computation, nullptr);
     EXPECT_TRUE(analysis.working.recovery.RecoveryPoints->empty());

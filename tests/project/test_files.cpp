@@ -1,10 +1,10 @@
 // Opening files: recognition, what the system says, the messages, the window's title.
 
 #include "project/Files.h"
+#include "system/OpenFile.h"
 
 #include "tests/CoreTestSupport.h"
 
-#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -39,55 +39,13 @@ protected:
 /// A project that would show any change.
 ProjectState Untouched() {
     ProjectState state = test::SmallProject();
-    state.CurrentProjectFile = "/data/before.qn2";
     state.IgnoreKeyList = {"key"};
     return state;
 }
 
 void ExpectUntouched(const ProjectState& state) {
     EXPECT_EQ(test::Dump(state), test::Dump(Untouched()));
-    EXPECT_EQ(state.CurrentProjectFile, "/data/before.qn2");
-    EXPECT_EQ(state.OriginalToKeep, "");
     EXPECT_EQ(state.RecDatGrid.size(), Untouched().RecDatGrid.size());
-}
-
-TEST(FileErrorMessage, IsNumberBlankAndDescription) {
-    struct Case {
-        FileFailure failure;
-        std::string_view message;
-    };
-    for (const Case& c :
-         {Case{FileFailure::InvalidProcedureCall, "5 Invalid procedure call or argument"},
-          Case{FileFailure::Overflow, "6 Overflow"},
-          Case{FileFailure::OutOfMemory, "7 Out of memory"},
-          Case{FileFailure::TypeMismatch, "13 Type mismatch"},
-          Case{FileFailure::BadFileName, "52 Bad file name or number"},
-          Case{FileFailure::FileNotFound, "53 File not found"},
-          Case{FileFailure::DeviceIOError, "57 Device I/O error"},
-          Case{FileFailure::DiskFull, "61 Disk full"},
-          Case{FileFailure::InputPastEnd, "62 Input past end of file"},
-          Case{FileFailure::PermissionDenied, "70 Permission denied"},
-          Case{FileFailure::PathFileAccess, "75 Path/File access error"},
-          Case{FileFailure::PathNotFound, "76 Path not found"},
-          Case{FileFailure::InvalidPropertyValue, "380 Invalid property value"}})
-        EXPECT_EQ(FileErrorMessage(c.failure), c.message);
-}
-
-TEST(FailureOfSystemError, NamesWhatTheSystemSays) {
-    struct Case {
-        int error;
-        FileFailure failure;
-    };
-    for (const Case& c :
-         {Case{ENOENT, FileFailure::FileNotFound}, Case{ENOTDIR, FileFailure::PathNotFound},
-          Case{EACCES, FileFailure::PermissionDenied}, Case{EPERM, FileFailure::PermissionDenied},
-          Case{EISDIR, FileFailure::PathFileAccess}, Case{EROFS, FileFailure::PathFileAccess},
-          Case{ELOOP, FileFailure::PathFileAccess}, Case{ENOSPC, FileFailure::DiskFull},
-          Case{EDQUOT, FileFailure::DiskFull}, Case{EFBIG, FileFailure::DiskFull},
-          Case{ENAMETOOLONG, FileFailure::BadFileName}, Case{EINVAL, FileFailure::BadFileName},
-          Case{ENOMEM, FileFailure::OutOfMemory}, Case{EIO, FileFailure::DeviceIOError},
-          Case{EPIPE, FileFailure::DeviceIOError}})
-        EXPECT_EQ(FailureOfSystemError(c.error), c.failure) << c.error;
 }
 
 TEST(ReadReport, KeepsEachDifferentMessageOnceInOrder) {
@@ -99,41 +57,6 @@ TEST(ReadReport, KeepsEachDifferentMessageOnceInOrder) {
     report.AddMessage("other");
     EXPECT_EQ(report.messages,
               (Messages{"62 Input past end of file", "13 Type mismatch", "other"}));
-}
-
-TEST_F(Files, ReadsBytesAsTheyAre) {
-    std::string bytes = std::string("\0\r\n\x1A\xFF", 5);
-    EXPECT_EQ(ReadFileBytes(Write("a", bytes)).View(), bytes);
-    EXPECT_EQ(ReadFileBytes(Write("b", "")).View(), "");
-    bytes.assign(300'000, 'x');
-    EXPECT_EQ(ReadFileBytes(Write("c", bytes)).View(), bytes);
-}
-
-TEST_F(Files, AFileWhoseSizeTheSystemDoesNotKnowIsReadToItsEnd) {
-    // The system gives these files a size of 0.
-    const FileBytes bytes = ReadFileBytes("/proc/self/maps");
-    EXPECT_EQ(bytes.failure, FileFailure::None);
-    EXPECT_GT(bytes.size, 1000U);
-    EXPECT_EQ(bytes.View().back(), '\n');
-}
-
-TEST_F(Files, AReadThatFailsIsADeviceError) {
-    // Nothing stands at the beginning of a process's memory.
-    EXPECT_EQ(ReadFileBytes("/proc/self/mem").failure, FileFailure::DeviceIOError);
-}
-
-TEST_F(Files, AFileThatMayNotBeReadIsPermissionDenied) {
-    const std::string path = Write("secret", "x");
-    fs::permissions(folder_,
-                    fs::perms::owner_all | fs::perms::others_read | fs::perms::others_exec);
-    fs::permissions(path, fs::perms::none);
-    // The administrator may read everything, so that another user has to try.
-    const uid_t user = geteuid();
-    constexpr uid_t Nobody = 65534;
-    ASSERT_TRUE(user != 0 || seteuid(Nobody) == 0);
-    const FileFailure failure = ReadFileBytes(path).failure;
-    ASSERT_TRUE(user != 0 || seteuid(user) == 0);
-    EXPECT_EQ(failure, FileFailure::PermissionDenied);
 }
 
 TEST_F(Files, WhatCannotBeReadSaysWhy) {
@@ -158,9 +81,11 @@ TEST_F(Files, WhatCannotBeReadSaysWhy) {
           Case{loop, FileFailure::PathFileAccess},
           Case{(folder_ / std::string(300, 'n')).string(), FileFailure::BadFileName},
           Case{std::string("a\0b", 3), FileFailure::BadFileName}}) {
-        EXPECT_EQ(ReadFileBytes(c.path).failure, c.failure) << c.path;
         ProjectState state = Untouched();
-        const ReadReport report = OpenProjectFile(c.path, state);
+        FileOnDisk before;
+        before.CurrentProjectFile = "/data/before.qn2";
+        const ReadReport report = OpenProjectFile(c.path, state, before);
+        EXPECT_EQ(before.CurrentProjectFile, "/data/before.qn2");
         EXPECT_EQ(report.messages, Messages{FileErrorMessage(c.failure)}) << c.path;
         EXPECT_EQ(report.format, FileFormat::Unrecognised);
         ExpectUntouched(state);
@@ -171,9 +96,12 @@ TEST_F(Files, OpensAProjectFromDisk) {
     const std::string path =
         Write("p.qn2", "\"QUARNEL PROJECT FILE\"\r\n\"WELLGEO\",\"H\",\"5\"\r\n");
     ProjectState state;
-    EXPECT_EQ(OpenProjectFile(path, state).format, FileFormat::Current);
+    FileOnDisk file;
+    EXPECT_EQ(OpenProjectFile(path, state, file).format, FileFormat::Current);
     EXPECT_EQ(state.WellGeoText[GeoH], "5");
-    EXPECT_EQ(state.CurrentProjectFile, path);
+    EXPECT_EQ(file.CurrentProjectFile, path);
+    EXPECT_EQ(file.version, ReadFileBytes(path).version);
+    EXPECT_TRUE(file.isWhole);
 }
 
 TEST(OpenProject, TheHeaderStandsAnywhereInTheFirstLine) {
@@ -182,7 +110,7 @@ TEST(OpenProject, TheHeaderStandsAnywhereInTheFirstLine) {
           "\xEF\xBB\xBF\"QUARNEL PROJECT FILE\"",
           "QUARNEL PROJECT FILE\",\"WELLGEO\",\"H\",\"9\""}) {
         ProjectState state = Untouched();
-        const ReadReport report = OpenProjectBytes(std::string(first) + "\r\n", "p", state);
+        const ReadReport report = OpenProjectBytes(std::string(first) + "\r\n", state);
         EXPECT_EQ(report.format, FileFormat::Current) << first;
         EXPECT_EQ(report.messages, Messages{}) << first;
         // The first line is read whole: nothing on it counts as a record.
@@ -192,7 +120,7 @@ TEST(OpenProject, TheHeaderStandsAnywhereInTheFirstLine) {
 
 TEST(OpenProject, AnEmptyFileFailsOnItsFirstLine) {
     ProjectState state = Untouched();
-    const ReadReport report = OpenProjectBytes("", "p", state);
+    const ReadReport report = OpenProjectBytes("", state);
     EXPECT_EQ(report.messages, Messages{"62 Input past end of file"});
     EXPECT_EQ(report.format, FileFormat::Unrecognised);
     ExpectUntouched(state);
@@ -205,7 +133,7 @@ TEST(OpenProject, AFileThatIsNeitherFormatLeavesTheProjectUnchanged) {
           " Le \n Le \n Le \n Le \n", "1\n2\n3\n4\n5\n Le \n", "x\n\"QUARNEL PROJECT FILE\"\n",
           "QUARNEL PROJECT\n FILE\n3\n4\n5\n"}) {
         ProjectState state = Untouched();
-        const ReadReport report = OpenProjectBytes(text, "p", state);
+        const ReadReport report = OpenProjectBytes(text, state);
         EXPECT_EQ(report.messages,
                   Messages{"The file selected does not appear to be a QUARNEL input file."})
             << text;
@@ -216,8 +144,8 @@ TEST(OpenProject, AFileThatIsNeitherFormatLeavesTheProjectUnchanged) {
 
 TEST(OpenProject, ALegacyFileNeedsItsHeadingInLineFive) {
     ProjectState state;
-    EXPECT_EQ(OpenProjectBytes("1\n2\n3\n4\n H Le Lw\n", "p", state).format, FileFormat::Legacy);
-    EXPECT_EQ(OpenProjectBytes("1\r2\r\n3\n4\nx Le ", "p", state).format, FileFormat::Legacy);
+    EXPECT_EQ(OpenProjectBytes("1\n2\n3\n4\n H Le Lw\n", state).format, FileFormat::Legacy);
+    EXPECT_EQ(OpenProjectBytes("1\r2\r\n3\n4\nx Le ", state).format, FileFormat::Legacy);
 }
 
 } // namespace

@@ -42,7 +42,7 @@ struct Opened {
 
 Opened Open(const std::string& text) {
     Opened opened;
-    opened.report = OpenProjectBytes(text, "/data/old.in", opened.state);
+    opened.report = OpenProjectBytes(text, opened.state);
     return opened;
 }
 
@@ -80,11 +80,11 @@ TEST(LegacyInputFile, FillsEveryFieldFromItsPlace) {
     EXPECT_EQ(state.WellTestIDTxt[WellLabel], "MW-3");
 }
 
-TEST(LegacyInputFile, AfterImportTheCurrentFileIsTheOldOne) {
-    const ProjectState state = Open(Lines().Text()).state;
-    EXPECT_EQ(state.CurrentProjectFile, "/data/old.in");
-    // Its bytes are kept beside it by the first save.
-    EXPECT_EQ(state.OriginalToKeep, "/data/old.in");
+// So the first save over it keeps its bytes beside it.
+TEST(LegacyInputFile, IsNeverWholeAsAProject) {
+    const auto opened = Open(Lines().Text());
+    EXPECT_EQ(opened.report.messages, Messages{});
+    EXPECT_FALSE(IsWhole(opened.report));
 }
 
 TEST(LegacyInputFile, ClearsTheProjectAsNewDoes) {
@@ -94,7 +94,7 @@ TEST(LegacyInputFile, ClearsTheProjectAsNewDoes) {
     state.RecDatPreSlugHeadText = "7";
     state.IgnoreKeyList = {"old"};
     state.PlotText[2] = "old";
-    OpenProjectBytes(Lines().Text(), "p", state);
+    OpenProjectBytes(Lines().Text(), state);
     EXPECT_EQ(state.SiteIDText[SiteName], "");
     EXPECT_EQ(state.SiteIDText[ConsultantName], "our firm");
     EXPECT_EQ(state.RecDatPreSlugHeadText, "");
@@ -113,7 +113,7 @@ TEST(LegacyInputFile, NumbersBecomeTheirShortTexts) {
 TEST(LegacyInputFile, TextsUseTheLocalesSeparator) {
     ProjectState state;
     state.DecimalSeparator = ",";
-    OpenProjectBytes(Lines().Text(), "p", state);
+    OpenProjectBytes(Lines().Text(), state);
     const std::array<std::string, 6> expected = {"12,5", "11", "10", "8,25", "2", "30"};
     EXPECT_EQ(state.WellGeoText, expected);
     EXPECT_EQ(Rows(state), "0|2,5;15|2,25;30|2;");
@@ -324,9 +324,9 @@ TEST(LegacyInputFile, ReadsWindows1252AndEveryLineEnd) {
 TEST(LegacyInputFile, TheExampleIsTheProjectBesideIt) {
     ProjectState imported;
     ProjectState project;
-    EXPECT_EQ(OpenProjectBytes(test::ReadExample("pratt-county-1998.in"), "a", imported).messages,
+    EXPECT_EQ(OpenProjectBytes(test::ReadExample("pratt-county-1998.in"), imported).messages,
               Messages{});
-    EXPECT_EQ(OpenProjectBytes(test::ReadExample("pratt-county-1998.qn2"), "b", project).messages,
+    EXPECT_EQ(OpenProjectBytes(test::ReadExample("pratt-county-1998.qn2"), project).messages,
               Messages{});
     ASSERT_EQ(imported.RecDatGrid.size(), project.RecDatGrid.size());
     for (std::size_t i = 0; i < imported.RecDatGrid.size(); ++i) {

@@ -22,8 +22,7 @@ struct Opened {
 /// Opens records behind the usual header.
 Opened Open(std::string_view records) {
     Opened opened;
-    opened.report = OpenProjectBytes(std::string(Header) + std::string(records), "/data/test.qn2",
-                                     opened.state);
+    opened.report = OpenProjectBytes(std::string(Header) + std::string(records), opened.state);
     return opened;
 }
 
@@ -119,8 +118,6 @@ TEST(ReadProjectFile, FillsEveryField) {
     EXPECT_EQ(state.PlotText, titles);
     EXPECT_EQ(state.CmboKTimeUnits, Second);
     EXPECT_EQ(state.CmboKLengthUnits, Centimetre);
-    EXPECT_EQ(state.CurrentProjectFile, "/data/test.qn2");
-    EXPECT_EQ(state.OriginalToKeep, "");
     EXPECT_TRUE(state.RecoveryDataTexts.empty());
 }
 
@@ -132,16 +129,13 @@ TEST(ReadProjectFile, ClearsTheProjectAsNewDoes) {
     state.IgnoreKeyList = {"old key"};
     state.PlotText[1] = "old title";
     state.DecimalSeparator = ",";
-    state.OriginalToKeep = "/data/old.in";
-    const ReadReport report = OpenProjectBytes(Header, "/data/empty.qn2", state);
+    const ReadReport report = OpenProjectBytes(Header, state);
     EXPECT_EQ(report.messages, Messages{});
     ProjectState expected;
     expected.SiteIDText[ConsultantName] = "our firm";
     EXPECT_EQ(test::Dump(state), test::Dump(expected));
     EXPECT_EQ(state.RecDatGrid.size(), MinimumGridRows);
     EXPECT_EQ(state.DecimalSeparator, ",");
-    EXPECT_EQ(state.OriginalToKeep, "");
-    EXPECT_EQ(state.CurrentProjectFile, "/data/empty.qn2");
 }
 
 TEST(ReadProjectFile, SectionsInAnotherOrderLoad) {
@@ -266,8 +260,7 @@ TEST(ReadProjectFile, AnUnknownKeysValueThatIsAKeywordIsObeyed) {
 TEST(ReadProjectFile, AnotherVersionIsReadByTheSameRules) {
     ProjectState state;
     OpenProjectBytes(
-        "\"Quarnel Project File\"\r\n\"VERSION\",\"9.9\"\r\n\"WELLGEO\",\"H\",\"5\"\r\n", "p",
-        state);
+        "\"Quarnel Project File\"\r\n\"VERSION\",\"9.9\"\r\n\"WELLGEO\",\"H\",\"5\"\r\n", state);
     EXPECT_EQ(state.WellGeoText[GeoH], "5");
 }
 
@@ -279,7 +272,7 @@ TEST(ReadProjectFile, EveryKindOfLineEndServes) {
               "\"RECDATA\",\"DATAPOINT\",\"1\",\"2\""})
             bytes += std::string(line) + std::string(end);
         ProjectState state;
-        EXPECT_EQ(OpenProjectBytes(bytes, "p", state).messages, Messages{});
+        EXPECT_EQ(OpenProjectBytes(bytes, state).messages, Messages{});
         EXPECT_EQ(state.WellGeoText[GeoH], "5");
         EXPECT_EQ(state.WellGeoText[GeoLw], "4");
         EXPECT_EQ(Row(state, 1), "1|2");
@@ -293,7 +286,7 @@ TEST(ReadProjectFile, PassedOverItemsKnowTheirLineForEveryKindOfLineEnd) {
              {"QUARNEL PROJECT FILE", "one", "", "WELLGEO,H,5", "two"})
             bytes += std::string(line) + std::string(end);
         ProjectState state;
-        const ReadReport report = OpenProjectBytes(bytes, "p", state);
+        const ReadReport report = OpenProjectBytes(bytes, state);
         ASSERT_EQ(report.passedOver.size(), 2U);
         EXPECT_EQ(report.passedOver[0].line, 2U);
         EXPECT_EQ(report.passedOver[1].line, 5U);
@@ -413,7 +406,6 @@ TEST(ReadProjectFile, EachDifferentFailureIsToldOnceInOrder) {
     const auto [state, report] = Open(records);
     EXPECT_EQ(report.messages, (Messages{"380 Invalid property value", "13 Type mismatch",
                                          "62 Input past end of file"}));
-    EXPECT_EQ(state.OriginalToKeep, "/data/test.qn2");
 }
 
 struct CutCase {

@@ -26,6 +26,24 @@ Checked Check(Rows rows, int dataType = ChangeInHead, const std::string& preSlug
     return checked;
 }
 
+TEST(CheckRecoveryData, AnErrorSaysWhichCellItIsAbout) {
+    const auto columnOf = [](const char* time, const char* level) {
+        const FaultPlace place = Check({{"0", "1"}, {}, {time, level}}).result.place;
+        EXPECT_EQ(place.kind, FaultPlace::RecoveryCell);
+        EXPECT_EQ(place.row, 3U);
+        return place.column;
+    };
+    EXPECT_EQ(columnOf("", "1"), 1);
+    EXPECT_EQ(columnOf("x", "1"), 1);
+    EXPECT_EQ(columnOf("-1", "1"), 1);
+    EXPECT_EQ(columnOf("1", ""), 2);
+    EXPECT_EQ(columnOf("1", "x"), 2);
+    for (const char* preSlug : {"", "x"})
+        EXPECT_EQ(Check({{"0", "1"}}, DepthToGroundwater, preSlug).result.place.kind,
+                  FaultPlace::PreSlugBox);
+    EXPECT_EQ(Check({{"0", "1"}}).result.place.kind, FaultPlace::None);
+}
+
 TEST(CheckRecoveryData, AnEmptyGridHasNoPointsAndNoMessage) {
     const auto [state, data, result] = Check(Rows(50));
     EXPECT_EQ(result.status, ComputationStatus::Ok);

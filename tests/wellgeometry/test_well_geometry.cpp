@@ -39,6 +39,19 @@ Checked CheckWith(int index, const std::string& text) {
     return Check(texts);
 }
 
+TEST(CheckWellGeometry, AnErrorSaysWhichBoxItIsAbout) {
+    for (int index = GeoH; index <= GeoDpor; ++index) {
+        const FaultPlace place = CheckWith(index, "x").result.place;
+        EXPECT_EQ(place.kind, FaultPlace::GeometryBox);
+        EXPECT_EQ(place.box, index);
+    }
+    EXPECT_EQ(CheckWith(GeoDpor, "101").result.place.box, GeoDpor);
+    EXPECT_EQ(CheckWith(GeoLw, "13").result.place.box, GeoLw);
+    EXPECT_EQ(CheckWith(GeoLe, "11").result.place.box, GeoLe);
+    EXPECT_EQ(CheckWith(GeoDc, "9").result.place.box, GeoDc);
+    EXPECT_EQ(Check(Accepted).result.place.kind, FaultPlace::None);
+}
+
 TEST(CheckWellGeometry, StoresTextsValuesAndCentimetres) {
     const auto [state, well, result] = Check({" 12.4 ", "10", "9.5", "8.25", "2", "30"});
     EXPECT_EQ(result.status, ComputationStatus::Ok);

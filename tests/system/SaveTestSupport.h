@@ -1,14 +1,15 @@
 #pragma once
 
-#include "tests/CoreTestSupport.h"
-
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <string>
+#include <string_view>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -57,10 +58,8 @@ protected:
         return names;
     }
 
-    /// Starts save_driver FROM TO, with "keep" as a third argument where `keep` says so. What it
-    /// says goes into the file "said" beside.
-    pid_t Start(const std::string& from, const std::string& to, bool keep = false,
-                const Environment& environment = {}) const {
+    /// Starts one of the tests' own programs. What it says goes into the file "said" beside.
+    pid_t Start(const std::vector<std::string>& words, const Environment& environment = {}) const {
         const pid_t child = fork();
         if (child != 0)
             return child;
@@ -68,9 +67,32 @@ protected:
             setenv(name.c_str(), value.c_str(), 1);
         if (std::freopen(Beside("said").c_str(), "w", stdout) == nullptr)
             _exit(126);
-        const char* third = keep ? "keep" : nullptr;
-        execl(QUARNEL_SAVE_DRIVER, QUARNEL_SAVE_DRIVER, from.c_str(), to.c_str(), third, nullptr);
+        std::vector<char*> arguments;
+        for (const std::string& word : words)
+            arguments.push_back(const_cast<char*>(word.c_str()));
+        arguments.push_back(nullptr);
+        execv(arguments.front(), arguments.data());
         _exit(127);
+    }
+    /// The surroundings in which file calls in the folder of saved files are counted, logged to
+    /// "log" beside, and fail as the settings say (see FailingCalls.cpp).
+    Environment Failing(const Environment& settings) const {
+        std::filesystem::remove(Beside("log"));
+        Environment all = {{"LD_PRELOAD", QUARNEL_FAILING_CALLS},
+                           // The sanitizers' own library expects to be the first one loaded.
+                           {"ASAN_OPTIONS", "verify_asan_link_order=0"},
+                           {"QUARNEL_FAIL_FOLDER", (root_ / "projects").string()},
+                           {"QUARNEL_FAIL_LOG", Beside("log")}};
+        all.insert(all.end(), settings.begin(), settings.end());
+        return all;
+    }
+    /// The calls counted, in order.
+    std::vector<std::string> Calls() const {
+        std::vector<std::string> calls;
+        std::ifstream lines(Beside("log"));
+        for (std::string line; std::getline(lines, line);)
+            calls.push_back(line);
+        return calls;
     }
     /// Waits for the end: the exit status, or minus the signal that ended it.
     static int Finish(pid_t child) {

@@ -4,7 +4,9 @@
 //
 //   QUARNEL_FAIL_FOLDER  the folder whose calls count (its real path)
 //   QUARNEL_FAIL_AT      n, counted from 1; 0 lets everything pass
-//   QUARNEL_FAIL_ERRNO   the error that call n gives; 0 kills the process instead
+//   QUARNEL_FAIL_ERRNO   the error that call n gives; 0 kills the process instead; for a write, -1
+//                        takes no byte and calls that no fault
+//   QUARNEL_FAIL_NAME    the call of which every one gives that error, instead of number n
 //   QUARNEL_FAIL_LOG     a file outside the folder that gets one line with the name of each call
 //
 // The calls go to the kernel directly: the preloaded names must not find themselves, and nothing
@@ -18,8 +20,10 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 namespace {
@@ -64,7 +68,10 @@ template <class File> bool Fails(const char* call, File file) {
     if (!IsInFolder(file))
         return false;
     Log(call);
-    if (++callCount != std::atoi(Setting("QUARNEL_FAIL_AT")))
+    const char* name = Setting("QUARNEL_FAIL_NAME");
+    ++callCount;
+    if (*name != '\0' ? std::strcmp(name, call) != 0
+                      : callCount != std::atoi(Setting("QUARNEL_FAIL_AT")))
         return false;
     const int error = std::atoi(Setting("QUARNEL_FAIL_ERRNO"));
     if (error == 0)
@@ -117,7 +124,45 @@ int openat(int folder, const char* path, int flags, ...) {
 }
 
 ssize_t write(int file, const void* bytes, size_t size) {
-    return Fails("write", file) ? -1 : syscall(SYS_write, file, bytes, size);
+    if (Fails("write", file))
+        return errno == -1 ? 0 : -1;
+    return syscall(SYS_write, file, bytes, size);
+}
+
+ssize_t read(int file, void* bytes, size_t size) {
+    return Fails("read", file) ? -1 : syscall(SYS_read, file, bytes, size);
+}
+
+int stat(const char* path, struct stat* info) noexcept {
+    return Pass("stat", path, SYS_newfstatat, AT_FDCWD, path, info, 0);
+}
+
+int lstat(const char* path, struct stat* info) noexcept {
+    return Pass("lstat", path, SYS_newfstatat, AT_FDCWD, path, info, AT_SYMLINK_NOFOLLOW);
+}
+
+int fstat(int file, struct stat* info) noexcept {
+    return Pass("fstat", file, SYS_fstat, file, info);
+}
+
+int flock(int file, int operation) noexcept {
+    return Pass("flock", file, SYS_flock, file, operation);
+}
+
+ssize_t getxattr(const char* path, const char* name, void* value, size_t size) noexcept {
+    return Fails("getxattr", path) ? -1 : syscall(SYS_getxattr, path, name, value, size);
+}
+
+ssize_t listxattr(const char* path, char* names, size_t size) noexcept {
+    return Fails("listxattr", path) ? -1 : syscall(SYS_listxattr, path, names, size);
+}
+
+int fsetxattr(int file, const char* name, const void* value, size_t size, int flags) noexcept {
+    return Pass("fsetxattr", file, SYS_fsetxattr, file, name, value, size, flags);
+}
+
+int fremovexattr(int file, const char* name) noexcept {
+    return Pass("fremovexattr", file, SYS_fremovexattr, file, name);
 }
 
 int fsync(int file) {
