@@ -18,10 +18,11 @@ struct Command {
     ExitStatus (*run)(const Words& words);
 };
 
-constexpr std::array<Command, 5> Commands = {{
+constexpr std::array<Command, 6> Commands = {{
     {"analyze", AnalyzeCommand},
     {"report", ReportCommand},
     {"plot", PlotCommand},
+    {"import", ImportCommand},
     {"convert", ConvertCommand},
     {"check", CheckCommand},
 }};
@@ -34,6 +35,7 @@ ExitStatus RunWithoutCommand(const Words& words) {
                             "  analyze  Computes K and prints it as table, JSON or CSV.\n"
                             "  report   Writes the summary report.\n"
                             "  plot     Writes the plot as PDF, SVG or PNG.\n"
+                            "  import   Turns a logger's file into a project.\n"
                             "  convert  Saves a project or old input file as a project.\n"
                             "  check    Says what a file is and what of it would be lost.\n\n"
                             "quarnel-cli COMMAND --help tells more of each.");

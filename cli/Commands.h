@@ -15,6 +15,8 @@ using Words = std::vector<std::string>;
 ExitStatus AnalyzeCommand(const Words& words);
 /// Reads a project of either format and saves it in the current one.
 ExitStatus ConvertCommand(const Words& words);
+/// Turns the readings of a logger's file into a project.
+ExitStatus ImportCommand(const Words& words);
 /// Says what each file is and what of it would be lost.
 ExitStatus CheckCommand(const Words& words);
 /// Writes the summary report.

@@ -14,7 +14,7 @@ TEST_F(CliUsageTest, HelpNamesEveryCommand) {
         EXPECT_EQ(outcome.status, 0);
         EXPECT_EQ(outcome.err, "");
         EXPECT_EQ(outcome.out.find("Usage: quarnel-cli COMMAND [options] FILE...\n"), 0U);
-        for (const char* command : {"analyze", "report", "plot", "convert", "check"})
+        for (const char* command : {"analyze", "report", "plot", "import", "convert", "check"})
             EXPECT_NE(outcome.out.find("\n  " + std::string(command) + " "), std::string::npos)
                 << command;
     }
@@ -25,6 +25,7 @@ TEST_F(CliUsageTest, EachCommandHasItsHelp) {
          {std::pair("analyze", "Usage: quarnel-cli analyze [--format table|json|csv] FILE...\n"),
           std::pair("report", "Usage: quarnel-cli report [-o OUT] FILE\n"),
           std::pair("plot", "Usage: quarnel-cli plot -o OUT FILE\n"),
+          std::pair("import", "Usage: quarnel-cli import LOGGER -o NEW.qn2 [options]\n"),
           std::pair("convert", "Usage: quarnel-cli convert IN OUT\n"),
           std::pair("check", "Usage: quarnel-cli check FILE...\n")}) {
         const Outcome outcome = Run({Q(command), Q("--help")});
@@ -39,7 +40,8 @@ TEST_F(CliUsageTest, HelpFitsATerminal) {
     for (const QStringList& arguments :
          {QStringList{Q("--help")}, QStringList{Q("analyze"), Q("-h")},
           QStringList{Q("report"), Q("-h")}, QStringList{Q("plot"), Q("-h")},
-          QStringList{Q("convert"), Q("-h")}, QStringList{Q("check"), Q("-h")}})
+          QStringList{Q("import"), Q("-h")}, QStringList{Q("convert"), Q("-h")},
+          QStringList{Q("check"), Q("-h")}})
         for (const QString& line : Q(Run(arguments).out).split(Q("\n")))
             EXPECT_LE(line.size(), 80) << line.toStdString();
 }
