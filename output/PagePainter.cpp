@@ -1,7 +1,7 @@
 #include "output/PagePainter.h"
 
 #include "kcompute/Analysis.h"
-#include "output/PlotPainter.h"
+#include "output/DrawingPainter.h"
 #include "output/PrintedPlot.h"
 
 #include <QBuffer>
@@ -14,13 +14,11 @@ namespace quarnel {
 
 namespace {
 
-constexpr double TwipsPerPoint = 20;
-constexpr double TwipsPerInch = 1440;
 constexpr double UsualMarginPoints = 18;
 
 /// Inks of paper: black on white, whatever the desktop's colours are.
-PlotInks PaperInks() {
-    PlotInks inks;
+Inks PaperInks() {
+    Inks inks;
     inks.fontFamily = QStringLiteral("Arial");
     return inks;
 }
@@ -63,11 +61,11 @@ bool PaintPages(QPagedPaintDevice& device, const Pages& pages) {
     if (!painter.begin(&device))
         return false;
     painter.scale(device.logicalDpiX() / TwipsPerInch, device.logicalDpiY() / TwipsPerInch);
-    const PlotInks inks = PaperInks();
+    const Inks inks = PaperInks();
     for (std::size_t page = 0; page < pages.count; ++page) {
         if (page > 0 && !device.newPage())
             return false;
-        PaintPlot(painter, pages.page(page), inks);
+        PaintDrawing(painter, pages.page(page), inks);
     }
     return painter.end();
 }

@@ -2,6 +2,7 @@
 
 #include "kcompute/KText.h"
 #include "kcompute/NumberToText.h"
+#include "output/PlotDrawing.h"
 #include "output/TextWidth.h"
 #include "project/ProjectState.h"
 #include "project/Texts.h"
@@ -108,14 +109,14 @@ double LabelOverhang(const RecoveryData& recovery) {
     return ArialWidth(label, TextPoints) / 2;
 }
 
-void Scale(PlotDrawing& drawing, double factor) {
-    for (PlotLine& line : drawing.lines)
+void Scale(Drawing& drawing, double factor) {
+    for (DrawingLine& line : drawing.lines)
         for (double* value : {&line.x1, &line.y1, &line.x2, &line.y2, &line.width})
             *value *= factor;
-    for (PlotCircle& circle : drawing.circles)
+    for (DrawingCircle& circle : drawing.circles)
         for (double* value : {&circle.x, &circle.y, &circle.radius})
             *value *= factor;
-    for (PlotLabel& label : drawing.labels)
+    for (DrawingLabel& label : drawing.labels)
         for (double* value : {&label.x, &label.y, &label.points, &label.maxWidth, &label.maxHeight})
             *value *= factor;
 }
@@ -135,7 +136,7 @@ public:
             titlesHeight_ += title.Height();
     }
 
-    PlotDrawing Make(double width, double height) {
+    Drawing Make(double width, double height) {
         const double factor = std::min({1.0, width / LeastWidth(), height / LeastHeight()});
         axisY_ = height / factor - BottomMargin;
         if (HasPlot(plot_.recovery))
@@ -170,7 +171,7 @@ private:
     double headerHeight_ = 0;
     double titlesHeight_ = 0;
     double axisY_ = 0;
-    PlotDrawing drawing_;
+    Drawing drawing_;
 };
 
 void PageMaker::DrawThePlot(double width, double height) {
@@ -191,7 +192,7 @@ double PageMaker::DrawText(const FittedText& text, double x, double y, Across ac
                            double maxWidth) {
     for (const std::string& line : text.lines) {
         if (!line.empty()) {
-            PlotLabel label;
+            DrawingLabel label;
             label.x = x;
             label.y = y;
             label.text = line;
@@ -214,7 +215,7 @@ double PageMaker::DrawHeader() {
         DrawText(row.right, PlotLeft + SecondColumn, y, Across::Left, PlotWidth - SecondColumn);
         y += row.Height();
         const double rule = y - RowGap / 2;
-        drawing_.lines.push_back({PlotLeft, rule, PlotRight, rule, PlotColour::Ink, RuleWidth});
+        drawing_.lines.push_back({PlotLeft, rule, PlotRight, rule, DrawingColour::Ink, RuleWidth});
     }
     return y;
 }
@@ -233,8 +234,8 @@ void PageMaker::DrawKLine() {
 
 } // namespace
 
-PlotDrawing DrawPlotPage(const Analysis& analysis, double printableWidthTwips,
-                         double printableHeightTwips) {
+Drawing DrawPlotPage(const Analysis& analysis, double printableWidthTwips,
+                     double printableHeightTwips) {
     return PageMaker(analysis).Make(printableWidthTwips, printableHeightTwips);
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "kcompute/Analysis.h"
-#include "output/PlotDrawing.h"
+#include "output/Drawing.h"
 
 namespace quarnel {
 
@@ -14,7 +14,7 @@ namespace quarnel {
 /// lines and are set smaller beyond that. While there is no computation the page shows the prepared
 /// points, none of them as used, without a line and without K; with no points either it has no
 /// plot.
-PlotDrawing DrawPlotPage(const Analysis& analysis, double printableWidthTwips,
-                         double printableHeightTwips);
+Drawing DrawPlotPage(const Analysis& analysis, double printableWidthTwips,
+                     double printableHeightTwips);
 
 } // namespace quarnel

@@ -35,7 +35,7 @@ double LineHeight(double points) {
     return ArialHeight(points) * Leading;
 }
 
-PlotLine Rule(double x1, double x2, double y, PlotColour colour, double width) {
+DrawingLine Rule(double x1, double x2, double y, DrawingColour colour, double width) {
     return {x1, y, x2, y, colour, width};
 }
 
@@ -62,9 +62,9 @@ ReportPages::ReportPages(const Analysis& analysis, const Paper& paper)
     BreakTableIntoPages();
 }
 
-PlotLabel ReportPages::Text(double x, double y, std::string text, double points,
-                            double maxWidth) const {
-    PlotLabel label;
+DrawingLabel ReportPages::Text(double x, double y, std::string text, double points,
+                               double maxWidth) const {
+    DrawingLabel label;
     label.x = x;
     label.y = y;
     label.text = std::move(text);
@@ -111,7 +111,7 @@ void ReportPages::AddColumns(std::vector<Column>& columns) {
             Text(column.x, 0, column.block.heading, HeadingPoints, column.width));
         heading.labels.back().bold = true;
         heading.rules.push_back(Rule(column.x, column.x + column.width, LineHeight(HeadingPoints),
-                                     PlotColour::Ink, RuleWidth));
+                                     DrawingColour::Ink, RuleWidth));
         lines = std::max(lines, column.lines.size());
     }
     strips_.push_back(std::move(heading));
@@ -183,7 +183,7 @@ void ReportPages::BreakTableIntoPages() {
 }
 
 /// A number stands with its decimal point below those of its column, as figures are read.
-PlotLabel ReportPages::NumberCell(std::size_t column, double y, std::string text) const {
+DrawingLabel ReportPages::NumberCell(std::size_t column, double y, std::string text) const {
     const double width = (right_ - left_) / TableColumnCount;
     const double start = left_ + static_cast<double>(column) * width;
     const double pointAt = start + width * 0.5;
@@ -198,7 +198,7 @@ ReportPages::Strip ReportPages::TableHeading() const {
     const ReportRow headings = ReportTableHeadings(analysis_.state, analysis_.computation.get());
     const double width = (right_ - left_) / TableColumnCount;
     Strip strip;
-    strip.rules.push_back(Rule(left_, right_, 0, PlotColour::Ink, RuleWidth));
+    strip.rules.push_back(Rule(left_, right_, 0, DrawingColour::Ink, RuleWidth));
     for (std::size_t column = 0; column < TableColumnCount; ++column) {
         const double centre = left_ + (static_cast<double>(column) + 0.5) * width;
         strip.labels.push_back(
@@ -207,7 +207,7 @@ ReportPages::Strip ReportPages::TableHeading() const {
         strip.labels.back().bold = true;
     }
     const double ruleAt = HeadingGap + LineHeight(TablePoints);
-    strip.rules.push_back(Rule(left_, right_, ruleAt, PlotColour::Ink, ThinRule));
+    strip.rules.push_back(Rule(left_, right_, ruleAt, DrawingColour::Ink, ThinRule));
     strip.height = ruleAt + HeadingGap;
     return strip;
 }
@@ -239,12 +239,12 @@ ReportPages::Strip ReportPages::TableRow(std::size_t point) const {
     return strip;
 }
 
-void ReportPages::Place(const Strip& strip, double& y, PlotDrawing& drawing) {
-    for (PlotLabel label : strip.labels) {
+void ReportPages::Place(const Strip& strip, double& y, Drawing& drawing) {
+    for (DrawingLabel label : strip.labels) {
         label.y += y;
         drawing.labels.push_back(std::move(label));
     }
-    for (PlotLine rule : strip.rules) {
+    for (DrawingLine rule : strip.rules) {
         rule.y1 += y;
         rule.y2 += y;
         drawing.lines.push_back(rule);
@@ -252,26 +252,26 @@ void ReportPages::Place(const Strip& strip, double& y, PlotDrawing& drawing) {
     y += strip.height;
 }
 
-void ReportPages::DrawFoot(PlotDrawing& drawing, std::size_t page) const {
+void ReportPages::DrawFoot(Drawing& drawing, std::size_t page) const {
     const double y = bottom_ - ArialHeight(FootPoints);
     const double middle = (left_ + right_) / 2;
-    drawing.lines.push_back(Rule(left_, right_, y - HeadingGap, PlotColour::Ink, ThinRule));
+    drawing.lines.push_back(Rule(left_, right_, y - HeadingGap, DrawingColour::Ink, ThinRule));
     const std::string well(TrimBlanks(analysis_.state.WellTestIDTxt[WellLabel]));
     if (!well.empty())
         drawing.labels.push_back(
             Text(left_, y, "Monitoring Well: " + well, FootPoints, middle - left_));
     const auto number = static_cast<long long>(page) + 1;
     const auto count = static_cast<long long>(Count());
-    PlotLabel label =
+    DrawingLabel label =
         Text(right_, y, "Page " + std::to_string(number) + " of " + std::to_string(count),
              FootPoints, right_ - middle - CellGap);
     label.across = Across::Right;
     drawing.labels.push_back(std::move(label));
 }
 
-PlotDrawing ReportPages::Page(std::size_t page) const {
+Drawing ReportPages::Page(std::size_t page) const {
     const PageContent& content = pages_[page];
-    PlotDrawing drawing;
+    Drawing drawing;
     drawing.width = paper_.printableWidth;
     drawing.height = paper_.printableHeight;
     double y = top_;
@@ -281,7 +281,7 @@ PlotDrawing ReportPages::Page(std::size_t page) const {
         Place(TableHeading(), y, drawing);
         for (std::size_t point = content.firstPoint; point < content.endPoint; ++point)
             Place(TableRow(point), y, drawing);
-        drawing.lines.push_back(Rule(left_, right_, y, PlotColour::Ink, ThinRule));
+        drawing.lines.push_back(Rule(left_, right_, y, DrawingColour::Ink, ThinRule));
     }
     DrawFoot(drawing, page);
     return drawing;

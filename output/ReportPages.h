@@ -1,7 +1,7 @@
 #pragma once
 
 #include "kcompute/Analysis.h"
-#include "output/PlotDrawing.h"
+#include "output/Drawing.h"
 #include "output/SummaryReport.h"
 
 #include <cstddef>
@@ -30,14 +30,14 @@ public:
     /// How many pages there are; at least one.
     std::size_t Count() const { return pages_.size(); }
     /// A page (counted from 0), in twips from the corner of the printable area.
-    PlotDrawing Page(std::size_t page) const;
+    Drawing Page(std::size_t page) const;
 
 private:
     /// A piece of a page that is never cut; its positions count from its own top.
     struct Strip {
         double height = 0;
-        std::vector<PlotLabel> labels;
-        std::vector<PlotLine> rules;
+        std::vector<DrawingLabel> labels;
+        std::vector<DrawingLine> rules;
         bool keepWithNext = false; ///< a heading does not end a page
     };
     struct PageContent {
@@ -60,10 +60,10 @@ private:
     Strip TableRow(std::size_t point) const;
     double RowHeight(std::size_t point) const;
     std::vector<std::string> CellLines(const std::string& text) const;
-    PlotLabel Text(double x, double y, std::string text, double points, double maxWidth) const;
-    PlotLabel NumberCell(std::size_t column, double y, std::string text) const;
-    void DrawFoot(PlotDrawing& drawing, std::size_t page) const;
-    static void Place(const Strip& strip, double& y, PlotDrawing& drawing);
+    DrawingLabel Text(double x, double y, std::string text, double points, double maxWidth) const;
+    DrawingLabel NumberCell(std::size_t column, double y, std::string text) const;
+    void DrawFoot(Drawing& drawing, std::size_t page) const;
+    static void Place(const Strip& strip, double& y, Drawing& drawing);
 
     const Analysis& analysis_;
     Paper paper_;

@@ -1,5 +1,7 @@
 #include "output/TextWidth.h"
 
+#include "output/Drawing.h"
+
 #include <algorithm>
 #include <array>
 
@@ -7,7 +9,6 @@ namespace quarnel {
 
 namespace {
 
-constexpr double TwipsPerPoint = 20;
 /// Arial's ascent (0.905) and descent (0.212), in ems.
 constexpr double LineHeightEms = 1.117;
 

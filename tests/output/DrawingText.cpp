@@ -33,15 +33,15 @@ std::string Name(const std::array<const char*, N>& names, Enum value) {
 
 } // namespace
 
-std::string DrawingText(const PlotDrawing& drawing) {
+std::string DrawingText(const Drawing& drawing) {
     std::string text = "surface" + Numbers({drawing.width, drawing.height}) + "\n";
-    for (const PlotLine& line : drawing.lines)
+    for (const DrawingLine& line : drawing.lines)
         text += "line" + Numbers({line.x1, line.y1, line.x2, line.y2, line.width}) +
                 Name(ColourNames, line.colour) + "\n";
-    for (const PlotCircle& circle : drawing.circles)
+    for (const DrawingCircle& circle : drawing.circles)
         text += "circle" + Numbers({circle.x, circle.y, circle.radius}) +
                 Name(ColourNames, circle.colour) + "\n";
-    for (const PlotLabel& label : drawing.labels)
+    for (const DrawingLabel& label : drawing.labels)
         text += "label" + Numbers({label.x, label.y, label.heightsDown, label.points}) +
                 Name(AcrossNames, label.across) + Name(AlongNames, label.along) +
                 (label.turned ? " turned " : " ") + label.text + "\n";

@@ -26,14 +26,14 @@ Analysis Pratt() {
     return analysis;
 }
 
-const PlotLabel* Label(const PlotDrawing& drawing, const std::string& text) {
+const DrawingLabel* Label(const Drawing& drawing, const std::string& text) {
     const auto found = std::find_if(drawing.labels.begin(), drawing.labels.end(),
-                                    [&](const PlotLabel& label) { return label.text == text; });
+                                    [&](const DrawingLabel& label) { return label.text == text; });
     return found == drawing.labels.end() ? nullptr : &*found;
 }
 
 /// Where a label's left and right edges lie when set in Arial.
-std::pair<double, double> Edges(const PlotLabel& label) {
+std::pair<double, double> Edges(const DrawingLabel& label) {
     double width = ArialWidth(label.text, label.points);
     if (label.maxWidth > 0)
         width = std::min(width, label.maxWidth);
@@ -43,8 +43,8 @@ std::pair<double, double> Edges(const PlotLabel& label) {
     return {left, left + width};
 }
 
-void ExpectInside(const PlotDrawing& drawing) {
-    for (const PlotLabel& label : drawing.labels) {
+void ExpectInside(const Drawing& drawing) {
+    for (const DrawingLabel& label : drawing.labels) {
         if (label.turned)
             continue;
         const auto [left, right] = Edges(label);
@@ -53,7 +53,7 @@ void ExpectInside(const PlotDrawing& drawing) {
         EXPECT_GE(label.y, 0) << label.text;
         EXPECT_LE(label.y, drawing.height) << label.text;
     }
-    for (const PlotCircle& circle : drawing.circles) {
+    for (const DrawingCircle& circle : drawing.circles) {
         EXPECT_GE(circle.x, 0);
         EXPECT_LE(circle.x, drawing.width);
     }
@@ -62,19 +62,19 @@ void ExpectInside(const PlotDrawing& drawing) {
 } // namespace
 
 TEST(PrintedPlot, StandsWhereThePageConstantsSay) {
-    const PlotDrawing page = DrawPlotPage(Pratt(), LetterWidth, LetterHeight);
+    const Drawing page = DrawPlotPage(Pratt(), LetterWidth, LetterHeight);
     const double axisY = LetterHeight - 3960;
-    const auto isAxis = [&](const PlotLine& line) {
+    const auto isAxis = [&](const DrawingLine& line) {
         return line.x1 == 2160 && line.x2 == 10800 && line.y1 == axisY && line.y2 == axisY;
     };
     EXPECT_TRUE(std::any_of(page.lines.begin(), page.lines.end(), isAxis));
     for (int i = 0; i <= 5; ++i) {
         const double x = 2160 + i * 8640 / 5.0;
-        EXPECT_TRUE(std::any_of(page.lines.begin(), page.lines.end(), [&](const PlotLine& line) {
+        EXPECT_TRUE(std::any_of(page.lines.begin(), page.lines.end(), [&](const DrawingLine& line) {
             return line.x1 == x && line.x2 == x && line.y2 == axisY + 75;
         })) << i;
     }
-    const PlotLabel* last = Label(page, "354.90");
+    const DrawingLabel* last = Label(page, "354.90");
     ASSERT_NE(last, nullptr);
     EXPECT_EQ(last->x, 10800);
     EXPECT_EQ(last->y, axisY + 85);
@@ -83,23 +83,24 @@ TEST(PrintedPlot, StandsWhereThePageConstantsSay) {
 
 TEST(PrintedPlot, PointsAndLineAreMappedAndColoured) {
     const Analysis analysis = Pratt();
-    const PlotDrawing page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    const Drawing page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
     const double axisY = LetterHeight - 3960;
     const auto& point = (*analysis.working.recovery.RecoveryPoints)[47];
     const double x = 2160 + 79.5 / 354.9 * 8640;
     const double y = axisY - (point.log10Y + 3) / 3 * 8640;
     const auto circle =
-        std::find_if(page.circles.begin(), page.circles.end(), [&](const PlotCircle& c) {
+        std::find_if(page.circles.begin(), page.circles.end(), [&](const DrawingCircle& c) {
             return std::fabs(c.x - x) < 1e-6 && std::fabs(c.y - y) < 1e-6;
         });
     ASSERT_NE(circle, page.circles.end());
     EXPECT_EQ(circle->radius, 65);
-    EXPECT_EQ(circle->colour, PlotColour::Red);
+    EXPECT_EQ(circle->colour, DrawingColour::Red);
     EXPECT_EQ(std::count_if(page.circles.begin(), page.circles.end(),
-                            [](const PlotCircle& c) { return c.colour == PlotColour::Red; }),
+                            [](const DrawingCircle& c) { return c.colour == DrawingColour::Red; }),
               3);
-    const auto line = std::find_if(page.lines.begin(), page.lines.end(),
-                                   [](const PlotLine& l) { return l.colour == PlotColour::Red; });
+    const auto line = std::find_if(page.lines.begin(), page.lines.end(), [](const DrawingLine& l) {
+        return l.colour == DrawingColour::Red;
+    });
     ASSERT_NE(line, page.lines.end());
     EXPECT_GE(std::min(line->y1, line->y2), axisY - 8640);
     EXPECT_LE(std::max(line->y1, line->y2), axisY);
@@ -113,10 +114,10 @@ TEST(PrintedPlot, RisingFitDrawsNoLine) {
     analysis.state.RecDatGrid[1] = {"5", "2"};
     PrepareComputation(analysis);
     ASSERT_FALSE(Compute(analysis).IsError());
-    const PlotDrawing page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    const Drawing page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
     EXPECT_EQ(page.circles.size(), 2U);
-    for (const PlotLine& line : page.lines)
-        EXPECT_NE(line.colour, PlotColour::Red);
+    for (const DrawingLine& line : page.lines)
+        EXPECT_NE(line.colour, DrawingColour::Red);
 }
 
 TEST(PrintedPlot, HeaderNamesSiteAndWell) {
@@ -125,7 +126,7 @@ TEST(PrintedPlot, HeaderNamesSiteAndWell) {
     analysis.state.SiteIDText[ConsultantName] = "Rivers Inc.";
     analysis.state.SiteIDText[ProfessionalName] = "A. Rivers";
     analysis.state.WellTestIDTxt[TestDate] = "4/12/98";
-    PlotDrawing page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    Drawing page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
     for (const char* text :
          {"LUST No.: 45", "Site Name: Site 36", "Well: Well 4", "Slug Test Date: 4/12/98",
           "Rivers Inc.", "A. Rivers", "CGWP: A. Rivers", "Hydraulic Conductivity: 3.6 m/day"})
@@ -138,14 +139,14 @@ TEST(PrintedPlot, HeaderNamesSiteAndWell) {
 
 TEST(PrintedPlot, AllThreeTitlesEmptyPrintsNoTitleLines) {
     Analysis analysis = Pratt();
-    const PlotDrawing with = DrawPlotPage(analysis, LetterWidth, LetterHeight);
-    const PlotLabel* title = Label(with, analysis.state.PlotText[0]);
+    const Drawing with = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    const DrawingLabel* title = Label(with, analysis.state.PlotText[0]);
     ASSERT_NE(title, nullptr);
     EXPECT_EQ(title->points, 11);
     EXPECT_EQ(title->x, 6480);
     EXPECT_EQ(title->across, Across::Centre);
     analysis.state.PlotText = {"", "  ", ""};
-    const PlotDrawing without = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    const Drawing without = DrawPlotPage(analysis, LetterWidth, LetterHeight);
     EXPECT_EQ(without.labels.size() + 2, with.labels.size());
     EXPECT_EQ(without.lines.size(), with.lines.size());
     EXPECT_EQ(without.circles.size(), with.circles.size());
@@ -162,10 +163,10 @@ TEST(PrintedPlot, NothingIsCutOffOnLetterOrA4) {
 
 TEST(PrintedPlot, ASmallPageIsTheWholePageScaled) {
     const Analysis analysis = Pratt();
-    const PlotDrawing full = DrawPlotPage(analysis, LetterWidth, LetterHeight);
-    const PlotDrawing small = DrawPlotPage(analysis, 5400, LetterHeight);
-    const PlotLabel* first = Label(full, "0.1");
-    const PlotLabel* second = Label(small, "0.1");
+    const Drawing full = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    const Drawing small = DrawPlotPage(analysis, 5400, LetterHeight);
+    const DrawingLabel* first = Label(full, "0.1");
+    const DrawingLabel* second = Label(small, "0.1");
     ASSERT_TRUE(first != nullptr && second != nullptr);
     const double factor = second->points / first->points;
     EXPECT_LT(factor, 0.5);
@@ -179,9 +180,9 @@ TEST(PrintedPlot, ASmallPageIsTheWholePageScaled) {
 TEST(PrintedPlot, LongNamesDoNotRunIntoEachOther) {
     Analysis analysis = Pratt();
     analysis.state.SiteIDText[LustNo] = "A very long registration of a site with many words in it";
-    const PlotDrawing page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    const Drawing page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
     const double second = Label(page, "Site Name: Site 36")->x;
-    for (const PlotLabel& label : page.labels) {
+    for (const DrawingLabel& label : page.labels) {
         if (label.across == Across::Left && label.x < second) {
             EXPECT_LE(Edges(label).second, second) << label.text;
         }
@@ -191,23 +192,23 @@ TEST(PrintedPlot, LongNamesDoNotRunIntoEachOther) {
 TEST(PrintedPlot, WithoutAComputationShowsThePreparedPointsAllBlue) {
     Analysis analysis = Pratt();
     analysis.computation.reset();
-    const PlotDrawing page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
-    for (const PlotLabel& label : page.labels)
+    const Drawing page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    for (const DrawingLabel& label : page.labels)
         EXPECT_EQ(label.text.find("Hydraulic"), std::string::npos);
     EXPECT_FALSE(page.circles.empty());
-    for (const PlotCircle& circle : page.circles)
-        EXPECT_EQ(circle.colour, PlotColour::Blue);
-    for (const PlotLine& line : page.lines)
-        EXPECT_NE(line.colour, PlotColour::Red);
+    for (const DrawingCircle& circle : page.circles)
+        EXPECT_EQ(circle.colour, DrawingColour::Blue);
+    for (const DrawingLine& line : page.lines)
+        EXPECT_NE(line.colour, DrawingColour::Red);
 }
 
 TEST(PrintedPlot, IsThatOfTheComputationWhateverIsPreparedAfterwards) {
     Analysis analysis = Pratt();
-    const PlotDrawing before = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    const Drawing before = DrawPlotPage(analysis, LetterWidth, LetterHeight);
     analysis.state.RecDatGrid[0].level = "99";
     analysis.state.RecDatTimeUnitsDDL = Minute;
     CheckDataShowYs(analysis);
-    const PlotDrawing after = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    const Drawing after = DrawPlotPage(analysis, LetterWidth, LetterHeight);
     ASSERT_EQ(after.labels.size(), before.labels.size());
     for (std::size_t i = 0; i < after.labels.size(); ++i)
         EXPECT_EQ(after.labels[i].text, before.labels[i].text);
@@ -215,7 +216,7 @@ TEST(PrintedPlot, IsThatOfTheComputationWhateverIsPreparedAfterwards) {
 }
 
 TEST(PrintedPlot, EmptyProjectGivesAHeaderAndNoPlot) {
-    const PlotDrawing page = DrawPlotPage(Analysis(), LetterWidth, LetterHeight);
+    const Drawing page = DrawPlotPage(Analysis(), LetterWidth, LetterHeight);
     EXPECT_NE(Label(page, "LUST No.: "), nullptr);
     EXPECT_TRUE(page.circles.empty());
 }
@@ -230,7 +231,7 @@ TEST(PrintedPlot, AHundredThousandPointsAreDrawnOncePerSpot) {
             {std::to_string(i), std::to_string(9.0 * std::exp(-i * 2e-5))});
     PrepareComputation(analysis);
     ASSERT_FALSE(Compute(analysis).IsError());
-    const PlotDrawing page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    const Drawing page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
     EXPECT_GT(page.circles.size(), 500U);
     EXPECT_LT(page.circles.size(), 8000U);
 }
@@ -243,7 +244,7 @@ TEST(ReportPages, EveryPageRepeatsTheTablesHeadingAndItsNumber) {
     const ReportPages pages(analysis, paper);
     ASSERT_EQ(pages.Count(), 2U);
     for (std::size_t page = 0; page < pages.Count(); ++page) {
-        const PlotDrawing drawing = pages.Page(page);
+        const Drawing drawing = pages.Page(page);
         EXPECT_NE(Label(drawing, "Fit Criteria"), nullptr);
         EXPECT_NE(Label(drawing, "Monitoring Well: Well 4"), nullptr);
         EXPECT_NE(Label(drawing, "Page " + std::to_string(page + 1) + " of 2"), nullptr);
@@ -259,12 +260,12 @@ TEST(ReportPages, EveryPointStandsOnExactlyOnePageAboveItsFoot) {
     const ReportPages pages(analysis, paper);
     std::size_t marks = 0;
     for (std::size_t page = 0; page < pages.Count(); ++page) {
-        const PlotDrawing drawing = pages.Page(page);
+        const Drawing drawing = pages.Page(page);
         const std::string foot =
             "Page " + std::to_string(page + 1) + " of " + std::to_string(pages.Count());
-        const PlotLabel* number = Label(drawing, foot);
+        const DrawingLabel* number = Label(drawing, foot);
         ASSERT_NE(number, nullptr);
-        for (const PlotLabel& label : drawing.labels) {
+        for (const DrawingLabel& label : drawing.labels) {
             if (label.text != "Use" && label.text != "Ignore")
                 continue;
             ++marks;

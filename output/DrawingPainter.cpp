@@ -1,4 +1,4 @@
-#include "output/PlotPainter.h"
+#include "output/DrawingPainter.h"
 
 #include <QFontMetricsF>
 
@@ -13,31 +13,30 @@ namespace quarnel {
 
 namespace {
 
-constexpr int TwipsPerPoint = 20;
 constexpr double CircleWidth = 20;
 constexpr double HaloWidth = 50;
 
-QColor ColourOf(PlotColour colour, const PlotInks& inks) {
+QColor ColourOf(DrawingColour colour, const Inks& inks) {
     switch (colour) {
-    case PlotColour::Ink:
+    case DrawingColour::Ink:
         return inks.ink;
-    case PlotColour::Grid:
+    case DrawingColour::Grid:
         return inks.grid;
-    case PlotColour::Red:
+    case DrawingColour::Red:
         return {255, 0, 0};
-    case PlotColour::Blue:
+    case DrawingColour::Blue:
         return {0, 0, 255};
     }
     return inks.ink;
 }
 
-QString TextOf(const PlotLabel& label) {
+QString TextOf(const DrawingLabel& label) {
     return QString::fromUtf8(label.text.data(), static_cast<qsizetype>(label.text.size()));
 }
 
 /// Pixel sizes, not point sizes: one twip is the painter's pixel, on screen and paper alike.
-QFont LabelFont(const QPainter& painter, const PlotLabel& label, double scale,
-                const PlotInks& inks) {
+QFont LabelFont(const QPainter& painter, const DrawingLabel& label, double scale,
+                const Inks& inks) {
     QFont font = inks.fontFamily.isEmpty() ? painter.font() : QFont(inks.fontFamily);
     font.setBold(label.bold);
     font.setPixelSize(std::max(1, static_cast<int>(label.points * TwipsPerPoint * scale)));
@@ -45,7 +44,7 @@ QFont LabelFont(const QPainter& painter, const PlotLabel& label, double scale,
 }
 
 /// By how much a label must be set smaller to keep within its bounds; at most 1.
-double FittingScale(const QPainter& painter, const PlotLabel& label, const PlotInks& inks) {
+double FittingScale(const QPainter& painter, const DrawingLabel& label, const Inks& inks) {
     const QFontMetricsF metrics(LabelFont(painter, label, 1, inks));
     double scale = 1;
     if (const double width = metrics.horizontalAdvance(TextOf(label));
@@ -57,12 +56,12 @@ double FittingScale(const QPainter& painter, const PlotLabel& label, const PlotI
 }
 
 /// The scale of every label, in order; those of one group share the smallest.
-std::vector<double> LabelScales(const QPainter& painter, const std::vector<PlotLabel>& labels,
-                                const PlotInks& inks) {
+std::vector<double> LabelScales(const QPainter& painter, const std::vector<DrawingLabel>& labels,
+                                const Inks& inks) {
     std::vector<double> scales;
     scales.reserve(labels.size());
     std::map<int, double> smallest;
-    for (const PlotLabel& label : labels) {
+    for (const DrawingLabel& label : labels) {
         scales.push_back(FittingScale(painter, label, inks));
         const auto group = smallest.emplace(label.group, scales.back()).first;
         group->second = std::min(group->second, scales.back());
@@ -73,7 +72,7 @@ std::vector<double> LabelScales(const QPainter& painter, const std::vector<PlotL
     return scales;
 }
 
-void PaintLabel(QPainter& painter, const PlotLabel& label, double scale, const PlotInks& inks) {
+void PaintLabel(QPainter& painter, const DrawingLabel& label, double scale, const Inks& inks) {
     const QString text = TextOf(label);
     const QFont font = LabelFont(painter, label, scale, inks);
     const QFontMetricsF metrics(font);
@@ -94,8 +93,8 @@ void PaintLabel(QPainter& painter, const PlotLabel& label, double scale, const P
     painter.restore();
 }
 
-void PaintLines(QPainter& painter, const PlotDrawing& drawing, const PlotInks& inks) {
-    for (const PlotLine& line : drawing.lines) {
+void PaintLines(QPainter& painter, const Drawing& drawing, const Inks& inks) {
+    for (const DrawingLine& line : drawing.lines) {
         // Upright and level lines stay crisp on a screen's pixels.
         painter.setRenderHint(QPainter::Antialiasing, line.x1 != line.x2 && line.y1 != line.y2);
         painter.setPen(QPen(ColourOf(line.colour, inks), line.width));
@@ -106,19 +105,19 @@ void PaintLines(QPainter& painter, const PlotDrawing& drawing, const PlotInks& i
 
 /// The centre to the nearest twip, which no eye tells from the exact one: the repeating fractions
 /// let a page of a hundred thousand points compress to a fraction of its size.
-QPointF CentreOf(const PlotCircle& circle) {
+QPointF CentreOf(const DrawingCircle& circle) {
     return {std::round(circle.x), std::round(circle.y)};
 }
 
-void PaintCircles(QPainter& painter, const PlotDrawing& drawing, const PlotInks& inks) {
+void PaintCircles(QPainter& painter, const Drawing& drawing, const Inks& inks) {
     painter.setBrush(Qt::NoBrush);
     if (inks.halo.isValid()) {
         painter.setPen(QPen(inks.halo, HaloWidth));
-        for (const PlotCircle& circle : drawing.circles)
+        for (const DrawingCircle& circle : drawing.circles)
             painter.drawEllipse(CentreOf(circle), circle.radius, circle.radius);
     }
-    std::optional<PlotColour> current;
-    for (const PlotCircle& circle : drawing.circles) {
+    std::optional<DrawingColour> current;
+    for (const DrawingCircle& circle : drawing.circles) {
         // A vector file repeats the pen at every change: thousands of points would double in size.
         if (current != circle.colour)
             painter.setPen(QPen(ColourOf(circle.colour, inks), CircleWidth));
@@ -129,7 +128,7 @@ void PaintCircles(QPainter& painter, const PlotDrawing& drawing, const PlotInks&
 
 } // namespace
 
-void PaintPlot(QPainter& painter, const PlotDrawing& drawing, const PlotInks& inks) {
+void PaintDrawing(QPainter& painter, const Drawing& drawing, const Inks& inks) {
     painter.save();
     PaintLines(painter, drawing, inks);
     PaintCircles(painter, drawing, inks);
