@@ -1,6 +1,6 @@
 #include "output/DrawingPainter.h"
 
-#include <QFontMetricsF>
+#include "output/FontMeasure.h"
 
 #include <algorithm>
 #include <cmath>
@@ -34,50 +34,56 @@ QString TextOf(const DrawingLabel& label) {
     return QString::fromUtf8(label.text.data(), static_cast<qsizetype>(label.text.size()));
 }
 
-/// Pixel sizes, not point sizes: one twip is the painter's pixel, on screen and paper alike.
-QFont LabelFont(const QPainter& painter, const DrawingLabel& label, double scale,
-                const Inks& inks) {
-    QFont font = inks.fontFamily.isEmpty() ? painter.font() : QFont(inks.fontFamily);
-    font.setBold(label.bold);
-    font.setPixelSize(std::max(1, static_cast<int>(label.points * TwipsPerPoint * scale)));
-    return font;
+QFont PaintingFont(const QPainter& painter, const Inks& inks) {
+    return inks.fontFamily.isEmpty() ? painter.font() : QFont(inks.fontFamily);
 }
 
-/// By how much a label must be set smaller to keep within its bounds; at most 1.
-double FittingScale(const QPainter& painter, const DrawingLabel& label, const Inks& inks) {
-    const QFontMetricsF metrics(LabelFont(painter, label, 1, inks));
-    double scale = 1;
-    if (const double width = metrics.horizontalAdvance(TextOf(label));
-        label.maxWidth > 0 && width > label.maxWidth)
-        scale = label.maxWidth / width;
-    if (label.maxHeight > 0 && metrics.height() * scale > label.maxHeight)
-        scale = label.maxHeight / metrics.height();
-    return scale;
+/// A label with its size, measured once.
+struct SizedLabel {
+    const DrawingLabel* label = nullptr;
+    QString text;
+    double widthEms = 0;
+    double scale = 1; ///< by how much it must be set smaller to keep within its bounds
+};
+
+SizedLabel Sized(const DrawingLabel& label, const FontMeasure& measure) {
+    SizedLabel sized{&label, TextOf(label), 0, 1};
+    sized.widthEms = measure.WidthEms(sized.text, label.bold);
+    const double em = label.points * TwipsPerPoint;
+    if (const double width = sized.widthEms * em; label.maxWidth > 0 && width > label.maxWidth)
+        sized.scale = label.maxWidth / width;
+    if (const double height = measure.HeightEms(label.bold) * em * sized.scale;
+        label.maxHeight > 0 && height > label.maxHeight)
+        sized.scale *= label.maxHeight / height;
+    return sized;
 }
 
-/// The scale of every label, in order; those of one group share the smallest.
-std::vector<double> LabelScales(const QPainter& painter, const std::vector<DrawingLabel>& labels,
-                                const Inks& inks) {
-    std::vector<double> scales;
-    scales.reserve(labels.size());
+/// All labels with their scales; those of one group share the smallest.
+std::vector<SizedLabel> SizedLabels(const std::vector<DrawingLabel>& labels,
+                                    const FontMeasure& measure) {
+    std::vector<SizedLabel> sizedLabels;
+    sizedLabels.reserve(labels.size());
     std::map<int, double> smallest;
     for (const DrawingLabel& label : labels) {
-        scales.push_back(FittingScale(painter, label, inks));
-        const auto group = smallest.emplace(label.group, scales.back()).first;
-        group->second = std::min(group->second, scales.back());
+        sizedLabels.push_back(Sized(label, measure));
+        const auto group = smallest.emplace(label.group, sizedLabels.back().scale).first;
+        group->second = std::min(group->second, sizedLabels.back().scale);
     }
-    for (std::size_t i = 0; i < labels.size(); ++i)
-        if (labels[i].group > 0)
-            scales[i] = smallest[labels[i].group];
-    return scales;
+    for (SizedLabel& sized : sizedLabels)
+        if (sized.label->group > 0)
+            sized.scale = smallest[sized.label->group];
+    return sizedLabels;
 }
 
-void PaintLabel(QPainter& painter, const DrawingLabel& label, double scale, const Inks& inks) {
-    const QString text = TextOf(label);
-    const QFont font = LabelFont(painter, label, scale, inks);
-    const QFontMetricsF metrics(font);
-    const double width = metrics.horizontalAdvance(text);
-    const double height = metrics.height();
+/// Pixel sizes, not point sizes: one twip is the painter's pixel, on screen and paper alike.
+void PaintLabel(QPainter& painter, const SizedLabel& sized, const FontMeasure& measure,
+                QFont font) {
+    const DrawingLabel& label = *sized.label;
+    const int em = std::max(1, static_cast<int>(label.points * TwipsPerPoint * sized.scale));
+    font.setBold(label.bold);
+    font.setPixelSize(em);
+    const double width = sized.widthEms * em;
+    const double height = measure.HeightEms(label.bold) * em;
     painter.save();
     painter.setFont(font);
     painter.translate(label.x, label.y + label.heightsDown * height);
@@ -89,7 +95,7 @@ void PaintLabel(QPainter& painter, const DrawingLabel& label, double scale, cons
     const double top = label.along == Along::Top      ? 0
                        : label.along == Along::Middle ? -height / 2
                                                       : -height;
-    painter.drawText(QPointF(x, top + metrics.ascent()), text);
+    painter.drawText(QPointF(x, top + measure.AscentEms(label.bold) * em), sized.text);
     painter.restore();
 }
 
@@ -133,9 +139,10 @@ void PaintDrawing(QPainter& painter, const Drawing& drawing, const Inks& inks) {
     PaintLines(painter, drawing, inks);
     PaintCircles(painter, drawing, inks);
     painter.setPen(inks.ink);
-    const std::vector<double> scales = LabelScales(painter, drawing.labels, inks);
-    for (std::size_t i = 0; i < drawing.labels.size(); ++i)
-        PaintLabel(painter, drawing.labels[i], scales[i], inks);
+    const QFont font = PaintingFont(painter, inks);
+    const FontMeasure measure(font);
+    for (const SizedLabel& label : SizedLabels(drawing.labels, measure))
+        PaintLabel(painter, label, measure, font);
     painter.restore();
 }
 

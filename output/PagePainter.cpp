@@ -2,6 +2,7 @@
 
 #include "kcompute/Analysis.h"
 #include "output/DrawingPainter.h"
+#include "output/FontMeasure.h"
 #include "output/PrintedPlot.h"
 
 #include <QBuffer>
@@ -27,13 +28,14 @@ Inks PaperInks() {
 
 Pages PlotPages(const Analysis& analysis, const Paper& paper) {
     return {1, [&analysis, paper](std::size_t) {
-                return DrawPlotPage(analysis, paper.printableWidth, paper.printableHeight);
+                return DrawPlotPage(analysis, paper, FontMeasure(QFont(PaperInks().fontFamily)));
             }};
 }
 
 Pages SummaryReportPages(const Analysis& analysis, const Paper& paper) {
-    const auto report = std::make_shared<ReportPages>(analysis, paper);
-    return {report->Count(), [report](std::size_t page) { return report->Page(page); }};
+    const auto measure = std::make_shared<FontMeasure>(QFont(PaperInks().fontFamily));
+    const auto report = std::make_shared<ReportPages>(analysis, paper, *measure);
+    return {report->Count(), [measure, report](std::size_t page) { return report->Page(page); }};
 }
 
 Paper PaperOf(const QPageLayout& layout) {
@@ -46,6 +48,10 @@ Paper PaperOf(const QPageLayout& layout) {
     paper.marginTop = margins.top() * TwipsPerPoint;
     paper.marginRight = margins.right() * TwipsPerPoint;
     paper.marginBottom = margins.bottom() * TwipsPerPoint;
+    // Margins of our own, as a PDF has them, take ink; those that a printer cannot reach do not.
+    QPageLayout inPoints = layout;
+    inPoints.setUnits(QPageLayout::Point);
+    paper.reachRight = (margins.right() - inPoints.minimumMargins().right()) * TwipsPerPoint;
     return paper;
 }
 

@@ -31,9 +31,6 @@ constexpr double TimeLabelPart = 0.9;
 /// A label between two decades takes at most this part of a decade's height.
 constexpr double DecadeLabelPart = 0.95;
 
-/// Labels that must look alike are set in one size.
-enum LabelGroup { TimeLabels = 1, DecadeLabels = 2 };
-
 constexpr double AxisWidth = 15;
 constexpr double GridWidth = 8;
 constexpr double FittedWidth = 25;

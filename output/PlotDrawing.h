@@ -26,6 +26,9 @@ struct PlotLayout {
 
 inline constexpr int TimeIntervals = 5; ///< divisions of the time axis
 
+/// Groups of labels: those of one axis are set in one size.
+enum LabelGroup { TimeLabels = 1, DecadeLabels = 2 };
+
 /// The layout of the plot area on screen, for an area of the given size.
 PlotLayout ScreenPlotLayout(double areaWidth, double areaHeight);
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "output/PlotDrawing.h"
+#include "output/Drawing.h"
 
 #include <QByteArray>
 #include <QLineF>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "output/FontMeasure.h"
 #include "output/PlotWidget.h"
 #include "output/PrintedPlot.h"
 #include "output/SummaryReport.h"
@@ -144,7 +145,12 @@ public:
             ReportBytes(Window().Current().state, Window().Current().computation.get()));
     }
     /// The printed page on Letter paper.
-    Drawing Page() { return DrawPlotPage(Window().Current(), 11520, 15120); }
+    Drawing Page() {
+        Paper letter;
+        letter.printableWidth = 11520;
+        letter.printableHeight = 15120;
+        return DrawPlotPage(Window().Current(), letter, FontMeasure(QFont(u"Arial"_s)));
+    }
     /// The picture that Ctrl+C on the plot puts on the clipboard; empty when it puts none.
     QByteArray Picture() {
         QGuiApplication::clipboard()->setText(u"no picture"_s);

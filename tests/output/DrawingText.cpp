@@ -1,7 +1,9 @@
 #include "tests/output/DrawingText.h"
 
 #include "kcompute/Analysis.h"
+#include "output/PlotDrawing.h"
 #include "output/PrintedPlot.h"
+#include "tests/output/ArialMeasure.h"
 
 #include <array>
 #include <cmath>
@@ -53,6 +55,9 @@ std::string ExampleDrawings(const std::string& projectPath) {
     constexpr double AreaHeight = 7000;
     constexpr double LetterWidth = 11520;
     constexpr double LetterHeight = 15120;
+    Paper letter;
+    letter.printableWidth = LetterWidth;
+    letter.printableHeight = LetterHeight;
     Analysis analysis;
     OpenProjectFile(projectPath, analysis);
     PrepareComputation(analysis);
@@ -60,7 +65,7 @@ std::string ExampleDrawings(const std::string& projectPath) {
     return "on screen\n" +
            DrawingText(DrawPlot(PlotContents(*analysis.computation),
                                 ScreenPlotLayout(AreaWidth, AreaHeight))) +
-           "on Letter\n" + DrawingText(DrawPlotPage(analysis, LetterWidth, LetterHeight));
+           "on Letter\n" + DrawingText(DrawPlotPage(analysis, letter, ArialMeasure()));
 }
 
 } // namespace quarnel

@@ -2,7 +2,7 @@
 
 #include "kcompute/Analysis.h"
 #include "output/ReportPages.h"
-#include "output/TextWidth.h"
+#include "tests/output/ArialMeasure.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,6 +17,19 @@ constexpr double LetterWidth = 11520;
 constexpr double LetterHeight = 15120;
 constexpr double A4Width = 11906 - 720;
 constexpr double A4Height = 16838 - 720;
+
+const ArialMeasure Arial;
+
+Paper PaperOf(double width, double height) {
+    Paper paper;
+    paper.printableWidth = width;
+    paper.printableHeight = height;
+    return paper;
+}
+
+Drawing DrawOnPaper(const Analysis& analysis, double width, double height) {
+    return DrawPlotPage(analysis, PaperOf(width, height), Arial);
+}
 
 Analysis Pratt() {
     Analysis analysis;
@@ -34,7 +47,7 @@ const DrawingLabel* Label(const Drawing& drawing, const std::string& text) {
 
 /// Where a label's left and right edges lie when set in Arial.
 std::pair<double, double> Edges(const DrawingLabel& label) {
-    double width = ArialWidth(label.text, label.points);
+    double width = Arial.Width(label.text, label.points);
     if (label.maxWidth > 0)
         width = std::min(width, label.maxWidth);
     const double left = label.across == Across::Left     ? label.x
@@ -62,7 +75,7 @@ void ExpectInside(const Drawing& drawing) {
 } // namespace
 
 TEST(PrintedPlot, StandsWhereThePageConstantsSay) {
-    const Drawing page = DrawPlotPage(Pratt(), LetterWidth, LetterHeight);
+    const Drawing page = DrawOnPaper(Pratt(), LetterWidth, LetterHeight);
     const double axisY = LetterHeight - 3960;
     const auto isAxis = [&](const DrawingLine& line) {
         return line.x1 == 2160 && line.x2 == 10800 && line.y1 == axisY && line.y2 == axisY;
@@ -83,7 +96,7 @@ TEST(PrintedPlot, StandsWhereThePageConstantsSay) {
 
 TEST(PrintedPlot, PointsAndLineAreMappedAndColoured) {
     const Analysis analysis = Pratt();
-    const Drawing page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    const Drawing page = DrawOnPaper(analysis, LetterWidth, LetterHeight);
     const double axisY = LetterHeight - 3960;
     const auto& point = (*analysis.working.recovery.RecoveryPoints)[47];
     const double x = 2160 + 79.5 / 354.9 * 8640;
@@ -114,7 +127,7 @@ TEST(PrintedPlot, RisingFitDrawsNoLine) {
     analysis.state.RecDatGrid[1] = {"5", "2"};
     PrepareComputation(analysis);
     ASSERT_FALSE(Compute(analysis).IsError());
-    const Drawing page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    const Drawing page = DrawOnPaper(analysis, LetterWidth, LetterHeight);
     EXPECT_EQ(page.circles.size(), 2U);
     for (const DrawingLine& line : page.lines)
         EXPECT_NE(line.colour, DrawingColour::Red);
@@ -126,27 +139,27 @@ TEST(PrintedPlot, HeaderNamesSiteAndWell) {
     analysis.state.SiteIDText[ConsultantName] = "Rivers Inc.";
     analysis.state.SiteIDText[ProfessionalName] = "A. Rivers";
     analysis.state.WellTestIDTxt[TestDate] = "4/12/98";
-    Drawing page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    Drawing page = DrawOnPaper(analysis, LetterWidth, LetterHeight);
     for (const char* text :
          {"LUST No.: 45", "Site Name: Site 36", "Well: Well 4", "Slug Test Date: 4/12/98",
           "Rivers Inc.", "A. Rivers", "CGWP: A. Rivers", "Hydraulic Conductivity: 3.6 m/day"})
         EXPECT_NE(Label(page, text), nullptr) << text;
     EXPECT_EQ(Label(page, "Site Name: Site 36")->x - Label(page, "LUST No.: 45")->x, 3000);
     analysis.state.SiteIDText[CertificationNo] = "17";
-    page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    page = DrawOnPaper(analysis, LetterWidth, LetterHeight);
     EXPECT_NE(Label(page, "A. Rivers, 17"), nullptr);
 }
 
 TEST(PrintedPlot, AllThreeTitlesEmptyPrintsNoTitleLines) {
     Analysis analysis = Pratt();
-    const Drawing with = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    const Drawing with = DrawOnPaper(analysis, LetterWidth, LetterHeight);
     const DrawingLabel* title = Label(with, analysis.state.PlotText[0]);
     ASSERT_NE(title, nullptr);
     EXPECT_EQ(title->points, 11);
     EXPECT_EQ(title->x, 6480);
     EXPECT_EQ(title->across, Across::Centre);
     analysis.state.PlotText = {"", "  ", ""};
-    const Drawing without = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    const Drawing without = DrawOnPaper(analysis, LetterWidth, LetterHeight);
     EXPECT_EQ(without.labels.size() + 2, with.labels.size());
     EXPECT_EQ(without.lines.size(), with.lines.size());
     EXPECT_EQ(without.circles.size(), with.circles.size());
@@ -156,20 +169,20 @@ TEST(PrintedPlot, NothingIsCutOffOnLetterOrA4) {
     Analysis analysis = Pratt();
     analysis.state.SiteIDText[SiteName] = std::string(300, 'W');
     analysis.state.PlotText = {std::string(400, 'M'), "a title", "another"};
-    ExpectInside(DrawPlotPage(analysis, LetterWidth, LetterHeight));
-    ExpectInside(DrawPlotPage(analysis, A4Width, A4Height));
-    ExpectInside(DrawPlotPage(analysis, 8000, 9000));
+    ExpectInside(DrawOnPaper(analysis, LetterWidth, LetterHeight));
+    ExpectInside(DrawOnPaper(analysis, A4Width, A4Height));
+    ExpectInside(DrawOnPaper(analysis, 8000, 9000));
 }
 
 TEST(PrintedPlot, ASmallPageIsTheWholePageScaled) {
     const Analysis analysis = Pratt();
-    const Drawing full = DrawPlotPage(analysis, LetterWidth, LetterHeight);
-    const Drawing small = DrawPlotPage(analysis, 5400, LetterHeight);
+    const Drawing full = DrawOnPaper(analysis, LetterWidth, LetterHeight);
+    const Drawing small = DrawOnPaper(analysis, 5400, LetterHeight);
     const DrawingLabel* first = Label(full, "0.1");
     const DrawingLabel* second = Label(small, "0.1");
     ASSERT_TRUE(first != nullptr && second != nullptr);
     const double factor = second->points / first->points;
-    EXPECT_LT(factor, 0.5);
+    EXPECT_DOUBLE_EQ(factor, 0.5);
     EXPECT_NEAR(second->x, factor * first->x, 1e-6);
     EXPECT_NEAR(second->maxWidth, factor * first->maxWidth, 1e-6);
     EXPECT_GT(first->maxHeight, 0);
@@ -180,7 +193,7 @@ TEST(PrintedPlot, ASmallPageIsTheWholePageScaled) {
 TEST(PrintedPlot, LongNamesDoNotRunIntoEachOther) {
     Analysis analysis = Pratt();
     analysis.state.SiteIDText[LustNo] = "A very long registration of a site with many words in it";
-    const Drawing page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    const Drawing page = DrawOnPaper(analysis, LetterWidth, LetterHeight);
     const double second = Label(page, "Site Name: Site 36")->x;
     for (const DrawingLabel& label : page.labels) {
         if (label.across == Across::Left && label.x < second) {
@@ -192,7 +205,7 @@ TEST(PrintedPlot, LongNamesDoNotRunIntoEachOther) {
 TEST(PrintedPlot, WithoutAComputationShowsThePreparedPointsAllBlue) {
     Analysis analysis = Pratt();
     analysis.computation.reset();
-    const Drawing page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    const Drawing page = DrawOnPaper(analysis, LetterWidth, LetterHeight);
     for (const DrawingLabel& label : page.labels)
         EXPECT_EQ(label.text.find("Hydraulic"), std::string::npos);
     EXPECT_FALSE(page.circles.empty());
@@ -204,11 +217,11 @@ TEST(PrintedPlot, WithoutAComputationShowsThePreparedPointsAllBlue) {
 
 TEST(PrintedPlot, IsThatOfTheComputationWhateverIsPreparedAfterwards) {
     Analysis analysis = Pratt();
-    const Drawing before = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    const Drawing before = DrawOnPaper(analysis, LetterWidth, LetterHeight);
     analysis.state.RecDatGrid[0].level = "99";
     analysis.state.RecDatTimeUnitsDDL = Minute;
     CheckDataShowYs(analysis);
-    const Drawing after = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    const Drawing after = DrawOnPaper(analysis, LetterWidth, LetterHeight);
     ASSERT_EQ(after.labels.size(), before.labels.size());
     for (std::size_t i = 0; i < after.labels.size(); ++i)
         EXPECT_EQ(after.labels[i].text, before.labels[i].text);
@@ -216,7 +229,7 @@ TEST(PrintedPlot, IsThatOfTheComputationWhateverIsPreparedAfterwards) {
 }
 
 TEST(PrintedPlot, EmptyProjectGivesAHeaderAndNoPlot) {
-    const Drawing page = DrawPlotPage(Analysis(), LetterWidth, LetterHeight);
+    const Drawing page = DrawOnPaper(Analysis(), LetterWidth, LetterHeight);
     EXPECT_NE(Label(page, "LUST No.: "), nullptr);
     EXPECT_TRUE(page.circles.empty());
 }
@@ -231,7 +244,7 @@ TEST(PrintedPlot, AHundredThousandPointsAreDrawnOncePerSpot) {
             {std::to_string(i), std::to_string(9.0 * std::exp(-i * 2e-5))});
     PrepareComputation(analysis);
     ASSERT_FALSE(Compute(analysis).IsError());
-    const Drawing page = DrawPlotPage(analysis, LetterWidth, LetterHeight);
+    const Drawing page = DrawOnPaper(analysis, LetterWidth, LetterHeight);
     EXPECT_GT(page.circles.size(), 500U);
     EXPECT_LT(page.circles.size(), 8000U);
 }
@@ -241,7 +254,7 @@ TEST(ReportPages, EveryPageRepeatsTheTablesHeadingAndItsNumber) {
     Paper paper;
     paper.printableWidth = LetterWidth;
     paper.printableHeight = LetterHeight;
-    const ReportPages pages(analysis, paper);
+    const ReportPages pages(analysis, paper, Arial);
     ASSERT_EQ(pages.Count(), 2U);
     for (std::size_t page = 0; page < pages.Count(); ++page) {
         const Drawing drawing = pages.Page(page);
@@ -257,7 +270,7 @@ TEST(ReportPages, EveryPointStandsOnExactlyOnePageAboveItsFoot) {
     Paper paper;
     paper.printableWidth = A4Width;
     paper.printableHeight = 7000;
-    const ReportPages pages(analysis, paper);
+    const ReportPages pages(analysis, paper, Arial);
     std::size_t marks = 0;
     for (std::size_t page = 0; page < pages.Count(); ++page) {
         const Drawing drawing = pages.Page(page);
@@ -269,7 +282,7 @@ TEST(ReportPages, EveryPointStandsOnExactlyOnePageAboveItsFoot) {
             if (label.text != "Use" && label.text != "Ignore")
                 continue;
             ++marks;
-            EXPECT_LE(label.y + ArialHeight(label.points), number->y);
+            EXPECT_LE(label.y + Arial.Height(label.points), number->y);
         }
     }
     EXPECT_EQ(marks, 61U);
