@@ -84,7 +84,8 @@ void ReportPages::AddTitle() {
     Strip strip;
     strip.labels.push_back(Text(left_, 0, std::string(ReportTitle), TitlePoints, right_ - left_));
     strip.labels.back().bold = true;
-    strip.height = LineHeight(TitlePoints) + BlockGap;
+    strip.height = LineHeight(TitlePoints);
+    strip.gap = BlockGap;
     strip.keepWithNext = true;
     strips_.push_back(std::move(strip));
 }
@@ -157,7 +158,7 @@ void ReportPages::AddLines(const std::vector<Column>& columns) {
                     Text(column.x, 0, column.lines[line], TextPoints, column.width));
         strips_.push_back(std::move(strip));
     }
-    strips_.back().height += BlockGap;
+    strips_.back().gap = BlockGap;
 }
 
 void ReportPages::BreakBlocksIntoPages() {
@@ -167,14 +168,14 @@ void ReportPages::BreakBlocksIntoPages() {
     for (std::size_t i = 0; i < strips_.size(); ++i) {
         double needed = strips_[i].height;
         for (std::size_t j = i; strips_[j].keepWithNext && j + 1 < strips_.size(); ++j)
-            needed += strips_[j + 1].height;
-        if (y + needed > end + BlockGap && pages_.back().endStrip > pages_.back().firstStrip) {
+            needed += strips_[j].gap + strips_[j + 1].height;
+        if (y + needed > end && pages_.back().endStrip > pages_.back().firstStrip) {
             pages_.emplace_back();
             pages_.back().firstStrip = i;
             y = top_;
         }
         pages_.back().endStrip = i + 1;
-        y += strips_[i].height;
+        y += strips_[i].height + strips_[i].gap;
     }
     endOfBlocks_ = y;
 }
@@ -284,7 +285,7 @@ void ReportPages::Place(const Strip& strip, double& y, Drawing& drawing) {
         rule.y2 += y;
         drawing.lines.push_back(rule);
     }
-    y += strip.height;
+    y += strip.height + strip.gap;
 }
 
 void ReportPages::DrawFoot(Drawing& drawing, std::size_t page) const {

@@ -33,6 +33,7 @@ private:
     /// A piece of a page that is never cut; its positions count from its own top.
     struct Strip {
         double height = 0;
+        double gap = 0; ///< below it, for which a page's end needs no room
         std::vector<DrawingLabel> labels;
         std::vector<DrawingLine> rules;
         bool keepWithNext = false; ///< a heading does not end a page
