@@ -2,6 +2,7 @@
 #include "cli/ImportOutput.h"
 #include "cli/ImportRequest.h"
 #include "cli/Output.h"
+#include "cli/SaveAndTell.h"
 #include "loggerfiles/ImportMessages.h"
 #include "loggerfiles/ImportTexts.h"
 #include "loggerfiles/XleReader.h"
@@ -103,15 +104,8 @@ ExitStatus Write(const Import& import) {
     else if (!ReadProject(from, state))
         return Failed;
     ApplyImport(*import.run.plan, state);
-    const std::vector<std::string> lost = FieldsNotReadBackIntact(state);
-    const std::vector<std::string> failures = WriteProjectFile(import.request.out, state);
-    for (const std::string& message : failures)
-        PrintMessage(import.request.out, message);
-    if (!failures.empty())
-        return Failed;
-    for (const std::string& field : lost)
-        PrintMessage(import.request.out, "Will not read back intact: " + field);
-    return Done;
+    FileOnDisk file;
+    return SaveAndTell(import.request.out, state, file).isSaved ? Done : Failed;
 }
 
 /// Rows that were left out are told on standard error whatever the format; JSON holds all else.
