@@ -8,9 +8,10 @@
 
 namespace quarnel {
 
-/// What a stroke is drawn in. Ink and Grid follow the surface (text colour, a pale line); the
-/// points and the fitted line have fixed colours: Red (255, 0, 0) and Blue (0, 0, 255).
-enum class PlotColour { Ink, Grid, Red, Blue };
+/// What a stroke is drawn in. Ink, Grid, Grey and Band follow the surface (text colour, a pale
+/// line, one between both, an area that points stand out from); the points and the fitted line have
+/// fixed colours: Red (255, 0, 0) and Blue (0, 0, 255).
+enum class PlotColour { Ink, Grid, Red, Blue, Grey, Band };
 
 enum class Across { Left, Centre, Right };
 enum class Along { Top, Middle, Bottom };
@@ -21,6 +22,13 @@ struct PlotLine {
     double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
     PlotColour colour = PlotColour::Ink;
     double width = 0;
+    bool dashed = false;
+};
+
+/// A filled area without an outline, from its upper left corner.
+struct PlotArea {
+    double x = 0, y = 0, width = 0, height = 0;
+    PlotColour colour = PlotColour::Band;
 };
 
 struct PlotCircle {
@@ -47,10 +55,13 @@ struct PlotLabel {
 
 struct PlotDrawing {
     double width = 0, height = 0; ///< of the surface
+    std::vector<PlotArea> areas;  ///< below everything else
     std::vector<PlotLine> lines;
     std::vector<PlotCircle> circles;
     std::vector<PlotLabel> labels;
-    bool IsEmpty() const { return lines.empty() && circles.empty() && labels.empty(); }
+    bool IsEmpty() const {
+        return areas.empty() && lines.empty() && circles.empty() && labels.empty();
+    }
 };
 
 /// Where on a surface the plot stands, and how large its marks are (twips).
@@ -63,6 +74,8 @@ struct PlotLayout {
     double circleRadius = 50;
     double spot = 5;   ///< points of one colour that share a square of this side are drawn once
     double points = 9; ///< font size of labels
+    /// Whether the range of 0.20 to 0.30 of the first change in head is shown as a band.
+    bool showHeadRange = false;
 };
 
 inline constexpr int TimeIntervals = 5; ///< divisions of the time axis
@@ -85,6 +98,7 @@ struct PlotContents {
     const RecoveryData& recovery;
     const std::vector<Mark>* marks = nullptr; ///< null: no point was used
     const FittedLine* line = nullptr;         ///< null: no line to draw
+    const WellDimensions* well = nullptr;     ///< null: no range of the head to show
 };
 
 /// Draws axes, fitted line and points. The line is left out where it does not fall, a point where

@@ -26,6 +26,10 @@ QColor ColourOf(PlotColour colour, const PlotInks& inks) {
         return {255, 0, 0};
     case PlotColour::Blue:
         return {0, 0, 255};
+    case PlotColour::Grey:
+        return inks.grey;
+    case PlotColour::Band:
+        return inks.band;
     }
     return inks.ink;
 }
@@ -93,11 +97,18 @@ void PaintLabel(QPainter& painter, const PlotLabel& label, double scale, const P
     painter.restore();
 }
 
+void PaintAreas(QPainter& painter, const PlotDrawing& drawing, const PlotInks& inks) {
+    for (const PlotArea& area : drawing.areas)
+        painter.fillRect(QRectF(area.x, area.y, area.width, area.height),
+                         ColourOf(area.colour, inks));
+}
+
 void PaintLines(QPainter& painter, const PlotDrawing& drawing, const PlotInks& inks) {
     for (const PlotLine& line : drawing.lines) {
         // Upright and level lines stay crisp on a screen's pixels.
         painter.setRenderHint(QPainter::Antialiasing, line.x1 != line.x2 && line.y1 != line.y2);
-        painter.setPen(QPen(ColourOf(line.colour, inks), line.width));
+        painter.setPen(QPen(ColourOf(line.colour, inks), line.width,
+                            line.dashed ? Qt::DashLine : Qt::SolidLine));
         painter.drawLine(QPointF(line.x1, line.y1), QPointF(line.x2, line.y2));
     }
     painter.setRenderHint(QPainter::Antialiasing);
@@ -130,6 +141,7 @@ void PaintCircles(QPainter& painter, const PlotDrawing& drawing, const PlotInks&
 
 void PaintPlot(QPainter& painter, const PlotDrawing& drawing, const PlotInks& inks) {
     painter.save();
+    PaintAreas(painter, drawing, inks);
     PaintLines(painter, drawing, inks);
     PaintCircles(painter, drawing, inks);
     painter.setPen(inks.ink);

@@ -24,7 +24,7 @@ TEST_F(CliUsageTest, EachCommandHasItsHelp) {
     for (const auto& [command, usage] :
          {std::pair("analyze", "Usage: quarnel-cli analyze [--format table|json|csv] FILE...\n"),
           std::pair("report", "Usage: quarnel-cli report [-o OUT] FILE\n"),
-          std::pair("plot", "Usage: quarnel-cli plot -o OUT FILE\n"),
+          std::pair("plot", "Usage: quarnel-cli plot -o OUT [--head-range] FILE\n"),
           std::pair("convert", "Usage: quarnel-cli convert IN OUT\n"),
           std::pair("check", "Usage: quarnel-cli check FILE...\n")}) {
         const Outcome outcome = Run({Q(command), Q("--help")});

@@ -11,7 +11,7 @@ namespace quarnel {
 
 namespace {
 
-constexpr std::array<const char*, 4> ColourNames = {"ink", "grid", "red", "blue"};
+constexpr std::array<const char*, 6> ColourNames = {"ink", "grid", "red", "blue", "grey", "band"};
 constexpr std::array<const char*, 3> AcrossNames = {"left", "centre", "right"};
 constexpr std::array<const char*, 3> AlongNames = {"top", "middle", "bottom"};
 
@@ -35,9 +35,12 @@ std::string Name(const std::array<const char*, N>& names, Enum value) {
 
 std::string DrawingText(const PlotDrawing& drawing) {
     std::string text = "surface" + Numbers({drawing.width, drawing.height}) + "\n";
+    for (const PlotArea& area : drawing.areas)
+        text += "area" + Numbers({area.x, area.y, area.width, area.height}) +
+                Name(ColourNames, area.colour) + "\n";
     for (const PlotLine& line : drawing.lines)
         text += "line" + Numbers({line.x1, line.y1, line.x2, line.y2, line.width}) +
-                Name(ColourNames, line.colour) + "\n";
+                Name(ColourNames, line.colour) + (line.dashed ? " dashed\n" : "\n");
     for (const PlotCircle& circle : drawing.circles)
         text += "circle" + Numbers({circle.x, circle.y, circle.radius}) +
                 Name(ColourNames, circle.colour) + "\n";
