@@ -2,6 +2,7 @@
 
 #include "kcompute/KComputations.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace quarnel {
@@ -11,15 +12,21 @@ namespace {
 /// So that a reading typed on an end of a window counts whatever its quotient rounds to.
 constexpr double EndSlack = 1e-9;
 
-HeadWindowRow RowOf(std::string_view name, const Computation& computation, const Series& series) {
+bool AreSamePoints(const Series& a, const Series& b) {
+    return std::ranges::equal(a.timeSec, b.timeSec) && std::ranges::equal(a.lnYCm, b.lnYCm);
+}
+
+HeadWindowRow RowOf(std::string_view name, const Computation& computation, const Series& used,
+                    const Series& series) {
     HeadWindowRow row;
     row.name = name;
     row.pointCount = series.Size();
     const std::optional<SeriesLine> line = LineThrough(series);
     if (!line)
         return row;
-    row.slope = line->slope;
-    row.kCmPerSec = KOfSlope(computation, line->slope);
+    // The points of the fit have the fit's own line: K is then the one that is shown.
+    row.slope = AreSamePoints(series, used) ? computation.line.slope : line->slope;
+    row.kCmPerSec = KOfSlope(computation, *row.slope);
     row.rSquared = RSquaredOf(*line);
     row.changePercent = ChangePercent(computation, row.kCmPerSec);
     return row;
@@ -79,10 +86,11 @@ std::vector<HeadWindowRow> ComputeHeadWindows(const Computation& computation,
                                               std::optional<double> markedRSquared) {
     std::vector<HeadWindowRow> rows;
     rows.reserve(HeadWindowRowCount);
-    rows.push_back(RowOf("all", computation, series.Valid()));
+    rows.push_back(RowOf("all", computation, series.Used(), series.Valid()));
     WindowPoints points;
     for (const HeadWindow& window : HeadWindows)
-        rows.push_back(RowOf(window.name, computation, points.Gather(series, window)));
+        rows.push_back(
+            RowOf(window.name, computation, series.Used(), points.Gather(series, window)));
     rows.push_back(MarkedRow(computation, series, markedRSquared));
     return rows;
 }
