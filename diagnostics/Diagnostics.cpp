@@ -103,14 +103,9 @@ StatisticsPage Diagnostics::MakeStatistics() {
     page.firstYCm = Points().FirstYCm();
     page.readingStepCm = ReadingStep();
     page.fit = Fit();
-    const RecoveryPointList& points = *computation_->recovery.RecoveryPoints;
-    const std::vector<std::size_t>& used = Points().UsedPoints();
-    const auto [least, greatest] =
-        std::minmax_element(used.begin(), used.end(), [&](std::size_t a, std::size_t b) {
-            return points[a].y < points[b].y;
-        });
-    page.leastUsedHead = points[*least].y / Points().FirstY();
-    page.greatestUsedHead = points[*greatest].y / Points().FirstY();
+    const auto [least, greatest] = std::ranges::minmax(Points().UsedY());
+    page.leastUsedHead = least / Points().FirstY();
+    page.greatestUsedHead = greatest / Points().FirstY();
     if (page.fit.scatter)
         page.interval = IntervalOf(page.kCmPerSec, page.fit.scatter->halfWidth);
     if (page.fit.autocorrelation)
@@ -156,8 +151,8 @@ const ChecksPage& Diagnostics::Checks() {
 
 const SensitivityPage& Diagnostics::SensitivityTo(double percent) {
     if (!sensitivity_ || sensitivity_->percent != percent)
-        sensitivity_ =
-            ComputeSensitivity(*computation_, Points(), WindowRows(), StaticLevel(), percent);
+        sensitivity_ = ComputeSensitivity(*computation_, Points(), Fit(), WindowRows(),
+                                          StaticLevel(), percent);
     return *sensitivity_;
 }
 

@@ -23,12 +23,14 @@ constexpr double GridWidth = 8;
 constexpr double PointRadius = 40;
 constexpr double Spot = 5;
 constexpr int Intervals = 5;
+/// A surface divided by a smaller range would be infinite.
+constexpr double SmallestRange = 1e-290;
 enum LabelGroup { XNumbers = 1, YNumbers = 2 };
 
 LinearAxes::Range Usable(LinearAxes::Range range) {
     if (!std::isfinite(range.low) || !std::isfinite(range.high))
         return {0, 1};
-    if (!(range.low < range.high) || !std::isfinite(range.high - range.low))
+    if (!(range.high - range.low > SmallestRange) || !std::isfinite(range.high - range.low))
         return {range.low - 0.5, range.low + 0.5};
     return range;
 }
@@ -85,14 +87,18 @@ LinearAxes::LinearAxes(double areaWidth, double areaHeight, Range x, Range y)
     , height_(std::max(0.0, areaHeight - TopMargin - BottomMargin)) {
     drawing_.width = areaWidth;
     drawing_.height = areaHeight;
+    perX_ = width_ / (x_.high - x_.low);
+    perY_ = height_ / (y_.high - y_.low);
+    columns_ = static_cast<std::size_t>(width_ / Spot) + 1;
+    taken_.resize(columns_ * (static_cast<std::size_t>(height_ / Spot) + 1) * 2);
 }
 
 double LinearAxes::AtX(double x) const {
-    return left_ + (x - x_.low) / (x_.high - x_.low) * width_;
+    return left_ + (x - x_.low) * perX_;
 }
 
 double LinearAxes::AtY(double y) const {
-    return top_ + height_ - (y - y_.low) / (y_.high - y_.low) * height_;
+    return top_ + height_ - (y - y_.low) * perY_;
 }
 
 void LinearAxes::AddLine(double x1, double y1, double x2, double y2, PlotColour colour,
@@ -171,12 +177,9 @@ void LinearAxes::Point(double x, double y, PlotColour colour) {
         return;
     const double atX = AtX(x);
     const double atY = AtY(y);
-    const auto columns = static_cast<std::size_t>(width_ / Spot) + 1;
-    const auto rows = static_cast<std::size_t>(height_ / Spot) + 1;
-    taken_.resize(columns * rows * 2);
     const auto column = static_cast<std::size_t>((atX - left_) / Spot);
     const auto row = static_cast<std::size_t>((atY - top_) / Spot);
-    const std::size_t spot = (row * columns + column) * 2 + (colour == PlotColour::Red ? 1 : 0);
+    const std::size_t spot = (row * columns_ + column) * 2 + (colour == PlotColour::Red ? 1 : 0);
     if (spot >= taken_.size() || taken_[spot])
         return;
     taken_[spot] = true;

@@ -2,7 +2,9 @@
 
 #include "output/PlotDrawing.h"
 
+#include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace quarnel {
@@ -37,7 +39,9 @@ private:
 
     Range x_, y_;
     double left_, top_, width_, height_;
-    std::vector<bool> taken_;
+    double perX_ = 0, perY_ = 0; ///< twips
+    std::size_t columns_ = 0;    ///< of spots
+    std::vector<bool> taken_;    ///< one bit a spot and colour
     PlotDrawing drawing_;
 };
 

@@ -22,13 +22,15 @@ constexpr int CurvePieces = 120;
 class TimeScale {
 public:
     explicit TimeScale(const Computation& computation)
-        : unit_(computation.recovery.timeUnit) {}
-    double FromSec(double timeSec) const { return timeSec / UnitFactorToSec(unit_); }
-    double ToSec(double time) const { return time * UnitFactorToSec(unit_); }
+        : unit_(computation.recovery.timeUnit)
+        , secPerUnit_(UnitFactorToSec(unit_)) {}
+    double FromSec(double timeSec) const { return timeSec / secPerUnit_; }
+    double ToSec(double time) const { return time * secPerUnit_; }
     std::string Title() const { return "Time (" + std::string(NameAt(TimeUnitNames, unit_)) + ")"; }
 
 private:
     int unit_;
+    double secPerUnit_;
 };
 
 LinearAxes::Range TimeRange(const Series& series, const TimeScale& scale) {

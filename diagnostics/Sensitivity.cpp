@@ -95,16 +95,17 @@ void AddLengths(const Computation& computation, double percent, EntryList& entri
 /// K of the used points with every Y moved by `shiftCm`.
 std::optional<double> KWithShiftedY(const Computation& computation, const TestSeries& series,
                                     double shiftCm) {
-    const RecoveryPointList& points = *computation.recovery.RecoveryPoints;
+    const double cmPerUnit = UnitFactorToCm(computation.recovery.levelUnit);
+    const Series used = series.Used();
     std::vector<double> timeSec;
     std::vector<double> lnYCm;
     timeSec.reserve(series.UsedPoints().size());
     lnYCm.reserve(series.UsedPoints().size());
-    for (const std::size_t i : series.UsedPoints()) {
-        const double yCm = points[i].yCm + shiftCm;
+    for (std::size_t i = 0; i < used.Size(); ++i) {
+        const double yCm = series.UsedY()[i] * cmPerUnit + shiftCm;
         if (!(yCm > 0))
             continue;
-        timeSec.push_back(points[i].timeSec);
+        timeSec.push_back(used.timeSec[i]);
         lnYCm.push_back(std::log(yCm));
     }
     const std::optional<SeriesLine> line = LineThrough({timeSec, lnYCm});
@@ -126,17 +127,15 @@ struct LeftOutSlope {
 
 /// The least and the greatest slope with one used point left out, by the influence of each point,
 /// so that a long record needs no second fit.
-std::vector<LeftOutSlope> ExtremeLeftOutSlopes(const Computation& computation, const Series& used) {
-    const std::optional<SeriesLine> line = LineThrough(used);
+std::vector<LeftOutSlope> ExtremeLeftOutSlopes(const FitStatistics& fit, const Series& used) {
     std::vector<LeftOutSlope> slopes;
-    if (used.Size() < 3 || !line)
+    if (fit.residuals.empty())
         return slopes;
-    const double b = computation.line.slope;
+    const double b = fit.slope;
     const double whole = 1 - 1 / static_cast<double>(used.Size());
     for (std::size_t i = 0; i < used.Size(); ++i) {
-        const double t = used.timeSec[i] - line->meanTimeSec;
-        const double e = used.lnYCm[i] - (computation.line.intercept + b * used.timeSec[i]);
-        const double slope = b - t * e / (line->sxx * (whole - t * t / line->sxx));
+        const double t = used.timeSec[i] - fit.meanTimeSec;
+        const double slope = b - t * fit.residuals[i] / (fit.sxx * (whole - t * t / fit.sxx));
         if (!std::isfinite(slope) || !LeavesTwoTimes(used, i))
             continue;
         if (slopes.empty())
@@ -149,8 +148,9 @@ std::vector<LeftOutSlope> ExtremeLeftOutSlopes(const Computation& computation, c
     return slopes;
 }
 
-void AddLeftOut(const Computation& computation, const TestSeries& series, EntryList& entries) {
-    for (const LeftOutSlope& leftOut : ExtremeLeftOutSlopes(computation, series.Used()))
+void AddLeftOut(const Computation& computation, const TestSeries& series, const FitStatistics& fit,
+                EntryList& entries) {
+    for (const LeftOutSlope& leftOut : ExtremeLeftOutSlopes(fit, series.Used()))
         entries.Add(SensitivityInput::LeftOut,
                     static_cast<double>(series.UsedPoints()[leftOut.at] + 1),
                     KOfSlope(computation, leftOut.slope));
@@ -244,6 +244,7 @@ std::vector<SensitivityEntry> StaticLevelEntries(const Computation& computation,
 }
 
 SensitivityPage ComputeSensitivity(const Computation& computation, const TestSeries& series,
+                                   const FitStatistics& fit,
                                    const std::vector<HeadWindowRow>& windows,
                                    const std::vector<SensitivityEntry>& staticLevel,
                                    double percent) {
@@ -253,7 +254,7 @@ SensitivityPage ComputeSensitivity(const Computation& computation, const TestSer
         entries.Add(SensitivityInput::Porosity, porosity, KWithPorosity(computation, porosity));
     for (const SensitivityEntry& entry : staticLevel)
         entries.Add(entry.input, entry.change, entry.kCmPerSec);
-    AddLeftOut(computation, series, entries);
+    AddLeftOut(computation, series, fit, entries);
     if (LnCapApplies(computation.geometry))
         entries.Add(SensitivityInput::LnCap, GreatestLnBelowWell, KWithLnCap(computation));
     for (const double ratio : Anisotropies)

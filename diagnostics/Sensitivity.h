@@ -1,5 +1,6 @@
 #pragma once
 
+#include "diagnostics/FitStatistics.h"
 #include "diagnostics/HeadWindows.h"
 #include "diagnostics/TestSeries.h"
 #include "kcompute/Computation.h"
@@ -59,8 +60,10 @@ struct SensitivityPage {
 };
 
 /// Recomputes K by the program's own routines with each thing changed in turn; lengths and
-/// diameters by `percent` (0 to 50) less and more. `staticLevel` are StaticLevelEntries.
+/// diameters by `percent` (0 to 50) less and more. `fit` holds the statistics of the
+/// computation's fit, `staticLevel` the StaticLevelEntries.
 SensitivityPage ComputeSensitivity(const Computation& computation, const TestSeries& series,
+                                   const FitStatistics& fit,
                                    const std::vector<HeadWindowRow>& windows,
                                    const std::vector<SensitivityEntry>& staticLevel,
                                    double percent);

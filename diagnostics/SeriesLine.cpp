@@ -8,12 +8,22 @@ namespace quarnel {
 
 namespace {
 
-double MeanOf(std::span<const double> values) {
-    double sum = 0;
-    for (const double value : values)
-        sum += value;
-    return sum / static_cast<double>(values.size());
-}
+/// Mean time and level, and the greatest size of a level, in one pass.
+struct Means {
+    double timeSec = 0;
+    double lnYCm = 0;
+    double greatest = 0;
+
+    explicit Means(const Series& series) {
+        for (std::size_t i = 0; i < series.Size(); ++i) {
+            timeSec += series.timeSec[i];
+            lnYCm += series.lnYCm[i];
+            greatest = std::max(greatest, std::fabs(series.lnYCm[i]));
+        }
+        timeSec /= static_cast<double>(series.Size());
+        lnYCm /= static_cast<double>(series.Size());
+    }
+};
 
 double SumOfSquaredResiduals(const Series& series, double meanTime, double meanL, double slope) {
     double sum = 0;
@@ -43,8 +53,9 @@ std::optional<SeriesLine> LineThrough(const Series& series) {
         return std::nullopt;
     SeriesLine line;
     line.pointCount = series.Size();
-    line.meanTimeSec = MeanOf(series.timeSec);
-    const double meanL = MeanOf(series.lnYCm);
+    const Means means(series);
+    line.meanTimeSec = means.timeSec;
+    const double meanL = means.lnYCm;
     double product = 0;
     for (std::size_t i = 0; i < series.Size(); ++i) {
         const double t = series.timeSec[i] - line.meanTimeSec;
@@ -57,10 +68,9 @@ std::optional<SeriesLine> LineThrough(const Series& series) {
     line.intercept = meanL - line.slope * line.meanTimeSec;
     if (!std::isfinite(line.slope) || !std::isfinite(line.intercept) || !std::isfinite(line.sxx))
         return std::nullopt;
-    const double greatest = GreatestSize(series.lnYCm);
     line.sse = SumOfSquaredResiduals(series, line.meanTimeSec, meanL, line.slope);
-    line.sse = WithoutRounding(line.sse, line.pointCount, greatest);
-    line.syy = WithoutRounding(line.syy, line.pointCount, greatest);
+    line.sse = WithoutRounding(line.sse, line.pointCount, means.greatest);
+    line.syy = WithoutRounding(line.syy, line.pointCount, means.greatest);
     return line;
 }
 

@@ -25,6 +25,17 @@ std::vector<std::size_t> OrderOfTime(const RecoveryPointList& points) {
     return order;
 }
 
+bool IsPlainDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+/// Whether a number ends in `decimals` digits after a point, as all of a logger's readings do.
+bool ShowsNoMoreThan(std::string_view text, int decimals) {
+    const auto digits = static_cast<std::size_t>(decimals);
+    return text.size() > digits && text[text.size() - digits - 1] == '.' &&
+           std::all_of(text.end() - decimals, text.end(), IsPlainDigit);
+}
+
 } // namespace
 
 bool IsUsed(const Computation& computation, std::size_t point) {
@@ -34,16 +45,12 @@ bool IsUsed(const Computation& computation, std::size_t point) {
 TestSeries::TestSeries(const Computation& computation)
     : order_(OrderOfTime(*computation.recovery.RecoveryPoints)) {
     const RecoveryPointList& points = *computation.recovery.RecoveryPoints;
-    if (const RecoveryPoint* first = FirstValidPoint(points)) {
-        firstYCm_ = first->yCm;
-        firstY_ = first->y;
-    }
     const auto validCount = static_cast<std::size_t>(computation.recovery.ValidYCount);
     const auto usedCount = static_cast<std::size_t>(computation.usedCount);
     for (std::vector<double>* values : {&validTimeSec_, &validLnYCm_, &validHeads_})
         values->reserve(validCount);
     validPoints_.reserve(validCount);
-    for (std::vector<double>* values : {&usedTimeSec_, &usedLnYCm_})
+    for (std::vector<double>* values : {&usedTimeSec_, &usedLnYCm_, &usedY_})
         values->reserve(usedCount);
     usedPoints_.reserve(usedCount);
     for (const std::size_t i : order_)
@@ -52,6 +59,10 @@ TestSeries::TestSeries(const Computation& computation)
 }
 
 void TestSeries::AddPoint(const RecoveryPoint& point, std::size_t index, bool isUsed) {
+    if (validPoints_.empty()) {
+        firstYCm_ = point.yCm;
+        firstY_ = point.y;
+    }
     validTimeSec_.push_back(point.timeSec);
     validLnYCm_.push_back(point.lnYCm);
     validHeads_.push_back(point.y / firstY_);
@@ -60,6 +71,7 @@ void TestSeries::AddPoint(const RecoveryPoint& point, std::size_t index, bool is
         return;
     usedTimeSec_.push_back(point.timeSec);
     usedLnYCm_.push_back(point.lnYCm);
+    usedY_.push_back(point.y);
     usedPoints_.push_back(index);
 }
 
@@ -70,7 +82,7 @@ std::optional<double> ReadingStepCm(const Computation& computation) {
     int decimals = 0;
     for (const RecoveryPoint& point : points) {
         readings.push_back(point.level);
-        if (decimals < MostReadingDecimals)
+        if (!ShowsNoMoreThan(point.levelText, decimals))
             decimals = std::max(decimals, DecimalsOf(point.levelText));
     }
     const std::optional<double> step = ReadingStep(readings, decimals);

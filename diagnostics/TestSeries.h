@@ -26,6 +26,8 @@ public:
 
     Series Used() const { return {usedTimeSec_, usedLnYCm_}; }
     const std::vector<std::size_t>& UsedPoints() const { return usedPoints_; }
+    /// Y of each used point, entered level unit.
+    const std::vector<double>& UsedY() const { return usedY_; }
 
     /// H0, the first change in head, in cm and in the entered level unit. A computation has valid
     /// points, so there always is one.
@@ -36,7 +38,7 @@ private:
     void AddPoint(const RecoveryPoint& point, std::size_t index, bool isUsed);
 
     std::vector<std::size_t> order_, validPoints_, usedPoints_;
-    std::vector<double> validTimeSec_, validLnYCm_, validHeads_, usedTimeSec_, usedLnYCm_;
+    std::vector<double> validTimeSec_, validLnYCm_, validHeads_, usedTimeSec_, usedLnYCm_, usedY_;
     double firstYCm_ = 0;
     double firstY_ = 0;
 };

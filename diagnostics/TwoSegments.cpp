@@ -15,7 +15,7 @@ constexpr double GreatestSsePart = 0.25;
 /// Totals that differ by less than this part of the one-line sum count as equal.
 constexpr double EqualTotals = 1e-12;
 
-/// Sums over the first points, of t and L about the means of the whole series.
+/// Sums over points, of t and L about the means of the whole series.
 struct Sums {
     double count = 0, t = 0, l = 0, tt = 0, ll = 0, tl = 0;
 
@@ -40,16 +40,6 @@ struct Sums {
     }
 };
 
-std::vector<Sums> PrefixSums(const Series& series, const SeriesLine& whole) {
-    const double meanL = whole.intercept + whole.slope * whole.meanTimeSec;
-    std::vector<Sums> prefix(series.Size() + 1);
-    for (std::size_t i = 0; i < series.Size(); ++i) {
-        prefix[i + 1] = prefix[i];
-        prefix[i + 1].Add(series.timeSec[i] - whole.meanTimeSec, series.lnYCm[i] - meanL);
-    }
-    return prefix;
-}
-
 bool IsSplit(const Series& series, std::size_t k) {
     return series.timeSec.front() != series.timeSec[k - 1] &&
            series.timeSec[k] != series.timeSec.back();
@@ -58,11 +48,20 @@ bool IsSplit(const Series& series, std::size_t k) {
 /// The points of the early segment at the least total, 0 where no split is possible.
 std::size_t BestSplit(const Series& series, const SeriesLine& whole) {
     constexpr double None = std::numeric_limits<double>::infinity();
-    const std::vector<Sums> prefix = PrefixSums(series, whole);
+    const double meanL = whole.intercept + whole.slope * whole.meanTimeSec;
+    const auto add = [&](Sums& sums, std::size_t i) {
+        sums.Add(series.timeSec[i] - whole.meanTimeSec, series.lnYCm[i] - meanL);
+    };
+    Sums all;
+    for (std::size_t i = 0; i < series.Size(); ++i)
+        add(all, i);
+    Sums early;
     std::vector<double> totals(series.Size(), None);
-    for (std::size_t k = FewestPointsOfSegment; k + FewestPointsOfSegment <= series.Size(); ++k)
-        if (IsSplit(series, k))
-            totals[k] = prefix[k].Sse() + (prefix.back() - prefix[k]).Sse();
+    for (std::size_t k = 1; k + FewestPointsOfSegment <= series.Size(); ++k) {
+        add(early, k - 1);
+        if (k >= FewestPointsOfSegment && IsSplit(series, k))
+            totals[k] = early.Sse() + (all - early).Sse();
+    }
     const auto least = std::min_element(totals.begin(), totals.end());
     if (!std::isfinite(*least))
         return 0;

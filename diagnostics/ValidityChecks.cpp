@@ -116,6 +116,8 @@ void Checker::CheckFirstChange(std::optional<double> readingStepCm) {
 }
 
 void Checker::CheckSwing() {
+    if (series_.ValidPoints().size() == points_.size())
+        return; // nothing lies below the static level
     std::vector<double> y;
     y.reserve(points_.size());
     for (const std::size_t i : series_.Order())
@@ -168,10 +170,9 @@ void Checker::CheckEnd(const std::vector<SensitivityEntry>& staticLevel) {
 }
 
 void Checker::CheckTail(const std::vector<SensitivityEntry>& staticLevel) {
-    const std::vector<std::size_t>& used = series_.UsedPoints();
-    const auto count = std::count_if(used.begin(), used.end(), [&](std::size_t i) {
-        return IsInTail(points_[i].y, series_.FirstY());
-    });
+    const std::vector<double>& y = series_.UsedY();
+    const auto count = std::count_if(
+        y.begin(), y.end(), [&](double value) { return IsInTail(value, series_.FirstY()); });
     if (count == 0)
         return;
     CheckFinding& finding = Add(CheckId::Tail, CheckLevel::Caution, static_cast<double>(count));

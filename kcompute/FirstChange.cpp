@@ -1,12 +1,6 @@
 #include "kcompute/FirstChange.h"
 
-#include <cmath>
-
 namespace quarnel {
-
-bool IsValidPoint(const RecoveryPoint& point) {
-    return point.yCm > 0 && std::isfinite(point.yCm);
-}
 
 const RecoveryPoint* FirstValidPoint(const RecoveryPointList& points) {
     const RecoveryPoint* first = nullptr;
