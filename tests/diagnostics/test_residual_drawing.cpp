@@ -109,8 +109,7 @@ TEST(ResidualDrawing, ExactFlatAndHugeRecoveriesStayOnTheSurface) {
     for (const ProjectState& state :
          {test::ProjectOf({0, 1, 2, 3}, {8, 4, 2, 1}), test::ProjectOf({0, 1, 2}, {1, 1, 1}),
           test::ProjectOf({0, 1, 2, 3}, {1e300, 1e200, 1e-200, 1e-300}),
-          test::ProjectOf({0, 0, 1e-9}, {8, 4, 2}), test::ProjectOf({0, 1e-150, 2e-150}, {8, 4, 2}),
-          test::ProjectOf({0, 1, 2}, {1, 2, 3})}) {
+          test::ProjectOf({0, 0, 1e-9}, {8, 4, 2}), test::ProjectOf({0, 1, 2}, {1, 2, 3})}) {
         Diagnostics diagnostics = test::DiagnosticsOf(state);
         ExpectOnSurface(DrawSegments(diagnostics, Width, Height));
         ExpectOnSurface(DrawResiduals(diagnostics, Width, Height));
