@@ -76,6 +76,8 @@ Inks InksOf(const QPalette& palette) {
     Inks inks;
     inks.ink = palette.color(QPalette::Text);
     inks.grid = Between(base, inks.ink, 0.2);
+    inks.grey = Between(base, inks.ink, 0.5);
+    inks.band = Between(base, QColor(240, 180, 0), 0.2);
     // Pure blue drowns in a dark surface.
     if (base.lightness() < inks.ink.lightness())
         inks.halo = Between(base, inks.ink, 0.55);
