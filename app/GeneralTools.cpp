@@ -1,5 +1,7 @@
 #include "app/GeneralTools.h"
 
+#include "output/Drawing.h"
+
 #include <QScreen>
 
 namespace quarnel {
@@ -7,7 +9,7 @@ namespace quarnel {
 namespace {
 
 int PixelsOf(int twips, const QScreen* screen) {
-    return qRound(twips * screen->logicalDotsPerInch() / 1440.0);
+    return qRound(twips * screen->logicalDotsPerInch() / TwipsPerInch);
 }
 
 } // namespace

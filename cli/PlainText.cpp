@@ -1,5 +1,6 @@
 #include "cli/PlainText.h"
 
+#include "project/TextColumns.h"
 #include "project/TextEncoding.h"
 
 #include <algorithm>
@@ -17,10 +18,8 @@ constexpr double LargestPlainWhole = 1e15;
 
 /// The character at the start of `bytes`, or nothing where there is none.
 std::string_view FirstCharacter(std::string_view bytes) {
-    for (std::size_t size = 1; size <= 4 && size <= bytes.size(); ++size)
-        if (IsValidUtf8(bytes.substr(0, size)))
-            return bytes.substr(0, size);
-    return {};
+    const std::string_view character = bytes.substr(0, CharacterSize(bytes.front()));
+    return IsValidUtf8(character) ? character : std::string_view();
 }
 
 /// U+0000 to U+001F, U+007F to U+009F.

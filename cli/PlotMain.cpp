@@ -28,8 +28,6 @@ namespace {
 
 constexpr const char* Usage = "Usage: quarnel-plot -o OUT.pdf|OUT.svg|OUT.png FILE\n";
 
-enum ExitStatus { Done = 0, Failed = 1, WrongUse = 2 };
-
 /// A plot on screen is this large; a picture of it is too (twips).
 constexpr double PictureWidth = 11520;
 constexpr double PictureHeight = 8640;

@@ -3,15 +3,11 @@
 #include "kcompute/NumberToText.h"
 #include "project/FixedLists.h"
 
-#include <array>
 #include <cstddef>
 
 namespace quarnel {
 
 namespace {
-
-/// One centimetre in each length unit, divided out as the display of K is described.
-constexpr std::array<double, 4> LengthPerCm = {1 / 2.54, 1 / 30.48, 1.0, 1.0 / 100};
 
 bool LengthIsChosen(const ProjectState& state) {
     return !NameAt(LengthUnitNames, state.CmboKLengthUnits).empty();
@@ -20,8 +16,9 @@ bool LengthIsChosen(const ProjectState& state) {
 } // namespace
 
 float DisplayedK(const ProjectState& state, double kInCmPerSec) {
+    // One centimetre in the length unit, divided out first as the display of K is described.
     const double lengthFactor =
-        LengthIsChosen(state) ? LengthPerCm[static_cast<std::size_t>(state.CmboKLengthUnits)] : 0;
+        LengthIsChosen(state) ? 1 / UnitFactorToCm(state.CmboKLengthUnits) : 0;
     return static_cast<float>(UnitFactorToSec(state.CmboKTimeUnits) * kInCmPerSec * lengthFactor);
 }
 

@@ -1,7 +1,8 @@
 #include "output/PagePainter.h"
 
 #include "kcompute/Analysis.h"
-#include "output/PlotPainter.h"
+#include "output/DrawingPainter.h"
+#include "output/FontMeasure.h"
 #include "output/PrintedPlot.h"
 
 #include <QBuffer>
@@ -14,13 +15,11 @@ namespace quarnel {
 
 namespace {
 
-constexpr double TwipsPerPoint = 20;
-constexpr double TwipsPerInch = 1440;
 constexpr double UsualMarginPoints = 18;
 
 /// Inks of paper: black on white, whatever the desktop's colours are.
-PlotInks PaperInks() {
-    PlotInks inks;
+Inks PaperInks() {
+    Inks inks;
     inks.fontFamily = QStringLiteral("Arial");
     return inks;
 }
@@ -29,13 +28,14 @@ PlotInks PaperInks() {
 
 Pages PlotPages(const Analysis& analysis, const Paper& paper) {
     return {1, [&analysis, paper](std::size_t) {
-                return DrawPlotPage(analysis, paper.printableWidth, paper.printableHeight);
+                return DrawPlotPage(analysis, paper, FontMeasure(QFont(PaperInks().fontFamily)));
             }};
 }
 
 Pages SummaryReportPages(const Analysis& analysis, const Paper& paper) {
-    const auto report = std::make_shared<ReportPages>(analysis, paper);
-    return {report->Count(), [report](std::size_t page) { return report->Page(page); }};
+    const auto measure = std::make_shared<FontMeasure>(QFont(PaperInks().fontFamily));
+    const auto report = std::make_shared<ReportPages>(analysis, paper, *measure);
+    return {report->Count(), [measure, report](std::size_t page) { return report->Page(page); }};
 }
 
 Paper PaperOf(const QPageLayout& layout) {
@@ -48,6 +48,10 @@ Paper PaperOf(const QPageLayout& layout) {
     paper.marginTop = margins.top() * TwipsPerPoint;
     paper.marginRight = margins.right() * TwipsPerPoint;
     paper.marginBottom = margins.bottom() * TwipsPerPoint;
+    // Margins of our own, as a PDF has them, take ink; those that a printer cannot reach do not.
+    QPageLayout inPoints = layout;
+    inPoints.setUnits(QPageLayout::Point);
+    paper.reachRight = (margins.right() - inPoints.minimumMargins().right()) * TwipsPerPoint;
     return paper;
 }
 
@@ -63,11 +67,11 @@ bool PaintPages(QPagedPaintDevice& device, const Pages& pages) {
     if (!painter.begin(&device))
         return false;
     painter.scale(device.logicalDpiX() / TwipsPerInch, device.logicalDpiY() / TwipsPerInch);
-    const PlotInks inks = PaperInks();
+    const Inks inks = PaperInks();
     for (std::size_t page = 0; page < pages.count; ++page) {
         if (page > 0 && !device.newPage())
             return false;
-        PaintPlot(painter, pages.page(page), inks);
+        PaintDrawing(painter, pages.page(page), inks);
     }
     return painter.end();
 }

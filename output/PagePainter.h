@@ -1,7 +1,7 @@
 #pragma once
 
 #include "kcompute/Analysis.h"
-#include "output/PlotDrawing.h"
+#include "output/Drawing.h"
 #include "output/ReportPages.h"
 
 #include <QByteArray>
@@ -16,7 +16,7 @@ namespace quarnel {
 /// Pages ready to be painted, one after the other.
 struct Pages {
     std::size_t count = 0;
-    std::function<PlotDrawing(std::size_t)> page; ///< counted from 0
+    std::function<Drawing(std::size_t)> page; ///< counted from 0
 };
 
 /// Hands back the pages of a document for a sheet of paper.

@@ -31,9 +31,6 @@ constexpr double TimeLabelPart = 0.9;
 /// A label between two decades takes at most this part of a decade's height.
 constexpr double DecadeLabelPart = 0.95;
 
-/// Labels that must look alike are set in one size.
-enum LabelGroup { TimeLabels = 1, DecadeLabels = 2 };
-
 constexpr double AxisWidth = 15;
 constexpr double GridWidth = 8;
 constexpr double FittedWidth = 25;
@@ -51,7 +48,7 @@ public:
         drawing_.height = layout.surfaceHeight;
     }
 
-    PlotDrawing Make() {
+    Drawing Make() {
         // Before any check there are no bounds, and so no axes to draw on.
         if (!(range_ > 0))
             return {};
@@ -74,11 +71,11 @@ private:
         return AxisY() - (log10Y - low_) / range_ * layout_.plotHeight;
     }
 
-    void Line(double x1, double y1, double x2, double y2, PlotColour colour, double width) {
+    void Line(double x1, double y1, double x2, double y2, DrawingColour colour, double width) {
         drawing_.lines.push_back({x1, y1, x2, y2, colour, width});
     }
-    PlotLabel& Label(double x, double y, std::string text, Across across, Along along) {
-        PlotLabel label;
+    DrawingLabel& Label(double x, double y, std::string text, Across across, Along along) {
+        DrawingLabel label;
         label.x = x;
         label.y = y;
         label.text = std::move(text);
@@ -104,7 +101,7 @@ private:
     const PlotLayout& layout_;
     double low_;
     double range_;
-    PlotDrawing drawing_;
+    Drawing drawing_;
 };
 
 void PlotMaker::DrawTimeAxis() {
@@ -112,25 +109,25 @@ void PlotMaker::DrawTimeAxis() {
     for (int i = 0; i <= TimeIntervals; ++i) {
         const double x = layout_.left + i * step;
         const bool edge = i == 0 || i == TimeIntervals;
-        Line(x, layout_.top, x, AxisY(), edge ? PlotColour::Ink : PlotColour::Grid,
+        Line(x, layout_.top, x, AxisY(), edge ? DrawingColour::Ink : DrawingColour::Grid,
              edge ? AxisWidth : GridWidth);
-        Line(x, AxisY(), x, AxisY() + Tick, PlotColour::Ink, AxisWidth);
+        Line(x, AxisY(), x, AxisY() + Tick, DrawingColour::Ink, AxisWidth);
         const double time = static_cast<double>(i) / TimeIntervals * recovery_.bounds.PlotMaxTime;
-        PlotLabel& label =
+        DrawingLabel& label =
             Label(x, AxisY() + LabelGap, NumberToText(TwoDecimals, static_cast<float>(time)),
                   Across::Centre, Along::Top);
         label.maxWidth = step * TimeLabelPart;
         label.group = TimeLabels;
     }
-    Line(layout_.left, AxisY(), Right(), AxisY(), PlotColour::Ink, AxisWidth);
-    Line(layout_.left, layout_.top, Right(), layout_.top, PlotColour::Ink, AxisWidth);
+    Line(layout_.left, AxisY(), Right(), AxisY(), DrawingColour::Ink, AxisWidth);
+    Line(layout_.left, layout_.top, Right(), layout_.top, DrawingColour::Ink, AxisWidth);
 }
 
 void PlotMaker::DecadeLabel(int exponent) {
     const double y = LogY(exponent);
-    Line(layout_.left - Tick, y, layout_.left, y, PlotColour::Ink, AxisWidth);
-    PlotLabel& label = Label(layout_.left - LabelGap, y, DoubleToText(std::pow(10.0, exponent)),
-                             Across::Right, Along::Middle);
+    Line(layout_.left - Tick, y, layout_.left, y, DrawingColour::Ink, AxisWidth);
+    DrawingLabel& label = Label(layout_.left - LabelGap, y, DoubleToText(std::pow(10.0, exponent)),
+                                Across::Right, Along::Middle);
     label.maxWidth = DecadeLabelWidth;
     label.maxHeight = layout_.plotHeight / range_ * DecadeLabelPart;
     label.group = DecadeLabels;
@@ -140,12 +137,12 @@ void PlotMaker::DrawDecade(int exponent) {
     for (int j = 1; j <= 10; ++j) {
         const double y = LogY(std::log10(j) + exponent);
         if (j < 10)
-            Line(layout_.left - MinorTick, y, layout_.left, y, PlotColour::Ink, AxisWidth);
+            Line(layout_.left - MinorTick, y, layout_.left, y, DrawingColour::Ink, AxisWidth);
         else
             DecadeLabel(exponent + 1);
     }
     if (exponent > std::lround(low_))
-        Line(layout_.left, LogY(exponent), Right(), LogY(exponent), PlotColour::Grid, GridWidth);
+        Line(layout_.left, LogY(exponent), Right(), LogY(exponent), DrawingColour::Grid, GridWidth);
 }
 
 void PlotMaker::DrawYAxis() {
@@ -191,7 +188,7 @@ void PlotMaker::DrawFittedLine() {
                            lnCm;
         return std::clamp(lnY / std::log(10.0), low_, low_ + range_);
     };
-    Line(TimeX(start), LogY(log10Y(start)), TimeX(end), LogY(log10Y(end)), PlotColour::Red,
+    Line(TimeX(start), LogY(log10Y(start)), TimeX(end), LogY(log10Y(end)), DrawingColour::Red,
          FittedWidth);
 }
 
@@ -226,7 +223,7 @@ void PlotMaker::DrawPoints() {
             continue;
         taken[spot] = true;
         drawing_.circles.push_back(
-            {x, y, layout_.circleRadius, used ? PlotColour::Red : PlotColour::Blue});
+            {x, y, layout_.circleRadius, used ? DrawingColour::Red : DrawingColour::Blue});
     }
 }
 
@@ -251,7 +248,7 @@ PlotContents::PlotContents(const Computation& computation)
 PlotContents::PlotContents(const WorkingValues& working)
     : recovery(working.recovery) {}
 
-PlotDrawing DrawPlot(const PlotContents& contents, const PlotLayout& layout) {
+Drawing DrawPlot(const PlotContents& contents, const PlotLayout& layout) {
     return PlotMaker(contents, layout).Make();
 }
 

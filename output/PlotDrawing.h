@@ -4,58 +4,13 @@
 #include "kcompute/LeastSquares.h"
 #include "kcompute/UseIgnore.h"
 #include "kcompute/WorkingValues.h"
+#include "output/Drawing.h"
 #include "recovery/RecoveryData.h"
 
 #include <cstddef>
-#include <string>
 #include <vector>
 
 namespace quarnel {
-
-/// What a stroke is drawn in. Ink and Grid follow the surface (text colour, a pale line); the
-/// points and the fitted line have fixed colours: Red (255, 0, 0) and Blue (0, 0, 255).
-enum class PlotColour { Ink, Grid, Red, Blue };
-
-enum class Across { Left, Centre, Right };
-enum class Along { Top, Middle, Bottom };
-
-// All positions and lengths are twips (1/1440 inch), x to the right and y down.
-
-struct PlotLine {
-    double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
-    PlotColour colour = PlotColour::Ink;
-    double width = 0;
-};
-
-struct PlotCircle {
-    double x = 0, y = 0;
-    double radius = 0;
-    PlotColour colour = PlotColour::Red;
-};
-
-/// A text held at (x, y) by the given edges; it is measured only when painted. A text that stands
-/// `heightsDown` text heights below y says so, since a drawing does not know how tall its text is.
-struct PlotLabel {
-    double x = 0, y = 0;
-    std::string text;
-    Across across = Across::Left;
-    Along along = Along::Top;
-    double heightsDown = 0;
-    double points = 9;    ///< font size
-    bool turned = false;  ///< reads upwards, its middle at (x, y)
-    double maxWidth = 0;  ///< a wider text is set smaller until it fits; 0 for no bound
-    double maxHeight = 0; ///< the same for a taller text
-    int group = 0;        ///< labels of one group above 0 are all as small as the smallest of them
-    bool bold = false;
-};
-
-struct PlotDrawing {
-    double width = 0, height = 0; ///< of the surface
-    std::vector<PlotLine> lines;
-    std::vector<PlotCircle> circles;
-    std::vector<PlotLabel> labels;
-    bool IsEmpty() const { return lines.empty() && circles.empty() && labels.empty(); }
-};
 
 /// Where on a surface the plot stands, and how large its marks are (twips).
 struct PlotLayout {
@@ -70,6 +25,9 @@ struct PlotLayout {
 };
 
 inline constexpr int TimeIntervals = 5; ///< divisions of the time axis
+
+/// Groups of labels: those of one axis are set in one size.
+enum LabelGroup { TimeLabels = 1, DecadeLabels = 2 };
 
 /// The layout of the plot area on screen, for an area of the given size.
 PlotLayout ScreenPlotLayout(double areaWidth, double areaHeight);
@@ -93,6 +51,6 @@ struct PlotContents {
 
 /// Draws axes, fitted line and points. The line is left out where it does not fall, a point where
 /// Y <= 0 (it has no logarithm) or where its circle lies wholly outside the surface.
-PlotDrawing DrawPlot(const PlotContents& contents, const PlotLayout& layout);
+Drawing DrawPlot(const PlotContents& contents, const PlotLayout& layout);
 
 } // namespace quarnel

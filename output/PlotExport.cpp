@@ -1,6 +1,6 @@
 #include "output/PlotExport.h"
 
-#include "output/PlotPainter.h"
+#include "output/DrawingPainter.h"
 #include "project/Texts.h"
 #include "system/ReplaceFile.h"
 
@@ -19,8 +19,6 @@ namespace quarnel {
 
 namespace {
 
-constexpr int TwipsPerInch = 1440;
-constexpr int TwipsPerPoint = 20;
 constexpr int SvgDpi = 96;
 constexpr int ImageDpi = 300;
 /// Pixels across and down that an image may have: a screen-sized drawing has far fewer.
@@ -29,8 +27,8 @@ constexpr double MetresPerInch = 0.0254;
 
 /// What every picture looks like, wherever it was made: ink on white, in the font of the printed
 /// page.
-PlotInks PictureInks() {
-    PlotInks inks;
+Inks PictureInks() {
+    Inks inks;
     inks.fontFamily = QStringLiteral("Arial");
     return inks;
 }
@@ -39,7 +37,7 @@ bool EndsWith(const std::string& path, std::string_view upperCaseEnding) {
     return path.size() > upperCaseEnding.size() && UpperCaseAscii(path).ends_with(upperCaseEnding);
 }
 
-QByteArray PlotAsPng(const PlotDrawing& drawing) {
+QByteArray PlotAsPng(const Drawing& drawing) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
@@ -49,7 +47,7 @@ QByteArray PlotAsPng(const PlotDrawing& drawing) {
 
 } // namespace
 
-QByteArray PlotAsSvg(const PlotDrawing& drawing) {
+QByteArray PlotAsSvg(const Drawing& drawing) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     QSvgGenerator generator;
@@ -61,18 +59,18 @@ QByteArray PlotAsSvg(const PlotDrawing& drawing) {
     generator.setSize(QSize(qCeil(size.width()), qCeil(size.height())));
     generator.setViewBox(QRectF(QPointF(0, 0), size));
     QPainter painter(&generator);
-    painter.scale(double(SvgDpi) / TwipsPerInch, double(SvgDpi) / TwipsPerInch);
-    PaintPlot(painter, drawing, PictureInks());
+    painter.scale(SvgDpi / TwipsPerInch, SvgDpi / TwipsPerInch);
+    PaintDrawing(painter, drawing, PictureInks());
     painter.end();
     return bytes;
 }
 
-QByteArray PlotAsPdf(const PlotDrawing& drawing) {
+QByteArray PlotAsPdf(const Drawing& drawing) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     QPdfWriter writer(&buffer);
-    writer.setResolution(TwipsPerInch);
+    writer.setResolution(static_cast<int>(TwipsPerInch));
     writer.setTitle(QStringLiteral("Slug test recovery"));
     writer.setCreator(QStringLiteral("Quarnel"));
     writer.setPageSize(
@@ -80,26 +78,26 @@ QByteArray PlotAsPdf(const PlotDrawing& drawing) {
                   QPageSize::Point, QString(), QPageSize::ExactMatch));
     writer.setPageMargins(QMarginsF());
     QPainter painter(&writer);
-    PaintPlot(painter, drawing, PictureInks());
+    PaintDrawing(painter, drawing, PictureInks());
     painter.end();
     return bytes;
 }
 
-QImage PlotAsImage(const PlotDrawing& drawing) {
-    const double scale = std::min(double(ImageDpi) / TwipsPerInch,
-                                  MostPixels / std::max(drawing.width, drawing.height));
+QImage PlotAsImage(const Drawing& drawing) {
+    const double scale =
+        std::min(ImageDpi / TwipsPerInch, MostPixels / std::max(drawing.width, drawing.height));
     QImage image(qCeil(drawing.width * scale), qCeil(drawing.height * scale), QImage::Format_RGB32);
     image.setDotsPerMeterX(qRound(scale * TwipsPerInch / MetresPerInch));
     image.setDotsPerMeterY(image.dotsPerMeterX());
     image.fill(Qt::white);
     QPainter painter(&image);
     painter.scale(scale, scale);
-    PaintPlot(painter, drawing, PictureInks());
+    PaintDrawing(painter, drawing, PictureInks());
     painter.end();
     return image;
 }
 
-FileFailure ExportPlot(const PlotDrawing& drawing, const std::string& path) {
+FileFailure ExportPlot(const Drawing& drawing, const std::string& path) {
     if (!(drawing.width > 0 && drawing.height > 0))
         return FileFailure::InvalidProcedureCall;
     QByteArray bytes;

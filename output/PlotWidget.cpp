@@ -1,8 +1,8 @@
 #include "output/PlotWidget.h"
 
 #include "kcompute/Computation.h"
+#include "output/DrawingPainter.h"
 #include "output/PlotExport.h"
-#include "output/PlotPainter.h"
 #include "project/Files.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
@@ -27,7 +27,6 @@ namespace quarnel {
 
 namespace {
 
-constexpr double TwipsPerInch = 1440;
 /// From this size on no label runs into another.
 constexpr int LeastWidth = 4700;
 constexpr int LeastHeight = 3800;
@@ -72,9 +71,9 @@ QColor Between(const QColor& a, const QColor& b, double part) {
     return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
 }
 
-PlotInks InksOf(const QPalette& palette) {
+Inks InksOf(const QPalette& palette) {
     const QColor base = palette.color(QPalette::Base);
-    PlotInks inks;
+    Inks inks;
     inks.ink = palette.color(QPalette::Text);
     inks.grid = Between(base, inks.ink, 0.2);
     // Pure blue drowns in a dark surface.
@@ -134,7 +133,7 @@ void PlotWidget::DrawAgain() {
     const QSizeF size = QSizeF(contentsRect().size()) * TwipsPerPixel();
     drawing_ = computation_ ? DrawPlot(PlotContents(*computation_),
                                        ScreenPlotLayout(size.width(), size.height()))
-                            : PlotDrawing();
+                            : Drawing();
     copy_->setEnabled(!drawing_.IsEmpty());
     save_->setEnabled(!drawing_.IsEmpty());
     update();
@@ -156,7 +155,7 @@ void PlotWidget::paintEvent(QPaintEvent* event) {
     painter.setClipRect(contentsRect());
     painter.translate(contentsRect().topLeft());
     painter.scale(1 / TwipsPerPixel(), 1 / TwipsPerPixel());
-    PaintPlot(painter, drawing_, InksOf(palette()));
+    PaintDrawing(painter, drawing_, InksOf(palette()));
 }
 
 void PlotWidget::resizeEvent(QResizeEvent* event) {

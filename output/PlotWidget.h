@@ -20,7 +20,7 @@ public:
     void ShowComputation(ComputationPtr computation);
 
     /// What is shown, in twips; empty without a computation.
-    const PlotDrawing& Drawing() const { return drawing_; }
+    const Drawing& Shown() const { return drawing_; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -44,7 +44,7 @@ private:
     void SaveAsPicture();
 
     ComputationPtr computation_; ///< what the plot is drawn from; null for none
-    PlotDrawing drawing_;
+    Drawing drawing_;
     QAction* copy_ = nullptr;
     QAction* save_ = nullptr;
 };

@@ -7,9 +7,7 @@
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
 
-#include <QDir>
-#include <QPrinter>
-#include <QPrinterInfo>
+#include <QPageLayout>
 #include <cstddef>
 #include <optional>
 
@@ -20,13 +18,13 @@ namespace {
 const QString NoPrinterQuestion =
     QStringLiteral("The system has no default printer. Do you want to save the page as a PDF file "
                    "instead?");
-const QString PrintingFailed =
-    QStringLiteral("The printer \"%1\" did not take the document \"%2\"%3. Nothing is lost: please "
-                   "check the printer and print again.");
+const QString PrintingFailed = QStringLiteral(
+    "The printer \"%1\" did not take the document \"%2\" (%3). Nothing is lost: please "
+    "check the printer and print again.");
 const QString PrinterStopped =
     QStringLiteral("The printer \"%1\" is stopped. It has taken the document \"%2\" and prints it "
                    "when it is started again.");
-const QString NoRoom = QStringLiteral("there is no room for its pages in the folder %1");
+const QString NoPages = QStringLiteral("its pages could not be made");
 
 bool SaveAsPdf(QWidget* parent, const QString& title, const PagesFor& pagesFor) {
     if (!AskYesNo(parent, NoPrinterQuestion))
@@ -50,56 +48,40 @@ bool SaveAsPdf(QWidget* parent, const QString& title, const PagesFor& pagesFor) 
     return false;
 }
 
-/// The printer's own sheet and all of it that the printer can reach: by itself Qt takes the
-/// country's sheet and margins of its own.
-void UseWholePrintableArea(QPrinter& printer, const QPageSize& sheet) {
-    if (sheet.isValid())
-        printer.setPageSize(sheet);
-    const QPageLayout layout = printer.pageLayout();
-    printer.setPageMargins(layout.minimumMargins(), layout.units());
+/// The printer's own sheet and all of it that the printer can reach.
+QPageLayout LayoutOf(const Printer& printer) {
+    if (!(printer.sheetWidth > 0 && printer.sheetHeight > 0))
+        return PdfPageLayout();
+    const QMarginsF margins(printer.marginLeft, printer.marginTop, printer.marginRight,
+                            printer.marginBottom);
+    return {QPageSize(QSizeF(printer.sheetWidth, printer.sheetHeight), QPageSize::Point),
+            QPageLayout::Portrait, margins, QPageLayout::Point, margins};
 }
 
 /// Hands the pages to a printer. What went wrong, in words; empty when all is well.
-std::optional<QString> FailureOfPrinting(const QPrinterInfo& info, const QString& title,
+std::optional<QString> FailureOfPrinting(const Printer& printer, const QString& title,
                                          const PagesFor& pagesFor) {
     const BusyPointer busy;
-    QPrinter printer(info, QPrinter::HighResolution);
-    printer.setDocName(title);
-    printer.setCreator(ApplicationTitle());
-    if (!printer.isValid())
-        return QString();
-    UseWholePrintableArea(printer, info.defaultPageSize());
-    const Pages pages = pagesFor(PaperOf(printer.pageLayout()));
-    if (!HasRoomForPages(pages.count))
-        return NoRoom.arg(QDir::toNativeSeparators(QDir::tempPath()));
-    if (!PaintPages(printer, pages) || printer.printerState() == QPrinter::Error ||
-        printer.printerState() == QPrinter::Aborted)
-        return QString();
-    if (const QString refusal = RefusalOfLastDocument(); !refusal.isEmpty())
-        return refusal;
-    return std::nullopt;
-}
-
-/// Whether a printer stands still; asked anew, since the default printer's data may be old.
-bool IsStopped(const QString& printerName) {
-    const QPrinter::PrinterState state = QPrinterInfo::printerInfo(printerName).state();
-    return state == QPrinter::Error || state == QPrinter::Aborted;
+    const QByteArray bytes = PdfOfPages(LayoutOf(printer), title, pagesFor);
+    if (bytes.isEmpty())
+        return NoPages;
+    const auto refusal = RefusalOfPrinting(
+        printer, title.toStdString(), {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    return refusal ? std::optional(ToQString(*refusal)) : std::nullopt;
 }
 
 } // namespace
 
 bool PrintDocument(QWidget* parent, const QString& title, const PagesFor& pagesFor) {
-    const QPrinterInfo info = QPrinterInfo::defaultPrinter();
-    if (info.isNull())
+    const std::optional<Printer> printer = DefaultPrinter();
+    if (!printer)
         return SaveAsPdf(parent, title, pagesFor);
-    const QString name = info.printerName();
-    if (const auto failure = FailureOfPrinting(info, title, pagesFor)) {
-        const QString reason =
-            failure->isEmpty() ? QString() : QStringLiteral(" (%1)").arg(*failure);
-        ShowMessage(parent, PrintingFailed.arg(name, title, reason));
+    const QString name = ToQString(printer->name);
+    if (const auto failure = FailureOfPrinting(*printer, title, pagesFor)) {
+        ShowMessage(parent, PrintingFailed.arg(name, title, *failure));
         return false;
     }
-    if (IsStopped(name))
+    if (IsStopped(*printer))
         ShowMessage(parent, PrinterStopped.arg(name, title));
     return true;
 }

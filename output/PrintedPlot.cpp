@@ -1,8 +1,7 @@
 #include "output/PrintedPlot.h"
 
 #include "kcompute/KText.h"
-#include "kcompute/NumberToText.h"
-#include "output/TextWidth.h"
+#include "output/PlotDrawing.h"
 #include "project/ProjectState.h"
 #include "project/Texts.h"
 #include "recovery/RecoveryData.h"
@@ -25,6 +24,8 @@ constexpr double BottomMargin = 3960;
 constexpr double PlotRight = PlotLeft + PlotWidth;
 constexpr double CentreLine = (PlotRight + PlotLeft) / 2;
 constexpr double PageCircleRadius = 65;
+/// Room above the plot for the header and the titles, with which the described page is whole.
+constexpr double HeaderRoom = 1440;
 
 constexpr double TextPoints = 9;
 constexpr double TitlePoints = 11;
@@ -38,20 +39,26 @@ constexpr double HeaderTop = 360; ///< where the page is high enough
 constexpr double TitleGap = 150;  ///< least distance of the titles from header and plot
 constexpr double KLineDown = 900; ///< from the time axis, below its title
 
+/// Smaller steps in which a text is set until it fits.
+constexpr double Smaller = 0.9;
+/// Least distance of two labels of the time axis, as a part of the distance of its ticks.
+constexpr double LabelDistance = 0.05;
+
 struct FittedText {
     std::vector<std::string> lines;
     double points = TextPoints;
-    double Height() const { return static_cast<double>(lines.size()) * ArialHeight(points); }
+    double lineHeight = 0;
+    double Height() const { return static_cast<double>(lines.size()) * lineHeight; }
 };
 
-/// Sets a text in at most three lines, smaller where the full size does not do.
-FittedText FitText(std::string_view text, double points, double maxWidth) {
-    FittedText fitted{WrapArial(text, points, maxWidth), points};
-    while (fitted.lines.size() > MostLines && fitted.points > SmallestPoints) {
-        fitted.points *= 0.9;
-        fitted.lines = WrapArial(text, fitted.points, maxWidth);
-    }
-    return fitted;
+/// Sets a text in at most three lines, smaller where the full size does not do. What three lines of
+/// the smallest size cannot hold is left out, so that no name pushes the plot off the page.
+FittedText FitText(std::string_view text, double points, double maxWidth,
+                   const TextMeasure& measure) {
+    while (points > SmallestPoints &&
+           CountLines(text, points, maxWidth, measure, MostLines) > MostLines)
+        points *= Smaller;
+    return {WrapText(text, points, maxWidth, measure, MostLines), points, measure.Height(points)};
 }
 
 std::string Field(std::string_view label, const std::string& text) {
@@ -64,36 +71,52 @@ struct HeaderRow {
     double Height() const { return std::max(left.Height(), right.Height()) + RowGap; }
 };
 
-HeaderRow TwoFields(std::string_view left, std::string_view right) {
-    return {FitText(left, TextPoints, SecondColumn - ColumnGap),
-            FitText(right, TextPoints, PlotWidth - SecondColumn)};
-}
-
 std::string ProfessionalText(const ProjectState& state) {
     std::string text = Field("", state.SiteIDText[ProfessionalName]);
     const std::string number = Field("", state.SiteIDText[CertificationNo]);
     return number.empty() ? text : text + ", " + number;
 }
 
-std::vector<HeaderRow> HeaderRows(const ProjectState& state) {
-    const auto& site = state.SiteIDText;
-    const auto& well = state.WellTestIDTxt;
-    return {TwoFields(Field("LUST No.: ", site[LustNo]), Field("Site Name: ", site[SiteName])),
-            TwoFields(Field("Well: ", well[WellLabel]), Field("Slug Test Date: ", well[TestDate])),
-            TwoFields(Field("", site[ConsultantName]), ProfessionalText(state)),
-            {FitText(Field("CGWP: ", site[ProfessionalName]), TextPoints, PlotWidth),
-             FitText("", TextPoints, PlotWidth)}};
-}
+/// What stands above the plot, set in a part of its full size.
+class HeaderMaker {
+public:
+    HeaderMaker(const ProjectState& state, const TextMeasure& measure, double part)
+        : state_(state)
+        , measure_(measure)
+        , part_(part) {}
 
-std::vector<FittedText> Titles(const ProjectState& state) {
-    std::vector<FittedText> titles;
-    for (const std::string& text : state.PlotText) {
-        const std::string_view title = TrimBlanks(text);
-        if (!title.empty())
-            titles.push_back(FitText(title, TitlePoints, PlotWidth));
+    std::vector<HeaderRow> Rows() const {
+        const auto& site = state_.SiteIDText;
+        const auto& well = state_.WellTestIDTxt;
+        return {
+            TwoFields(Field("LUST No.: ", site[LustNo]), Field("Site Name: ", site[SiteName])),
+            TwoFields(Field("Well: ", well[WellLabel]), Field("Slug Test Date: ", well[TestDate])),
+            TwoFields(Field("", site[ConsultantName]), ProfessionalText(state_)),
+            {Fit(Field("CGWP: ", site[ProfessionalName]), TextPoints, PlotWidth),
+             Fit("", TextPoints, PlotWidth)}};
     }
-    return titles;
-}
+
+    std::vector<FittedText> Titles() const {
+        std::vector<FittedText> titles;
+        for (const std::string& text : state_.PlotText)
+            if (const std::string_view title = TrimBlanks(text); !title.empty())
+                titles.push_back(Fit(title, TitlePoints, PlotWidth));
+        return titles;
+    }
+
+private:
+    FittedText Fit(std::string_view text, double points, double maxWidth) const {
+        return FitText(text, points * part_, maxWidth, measure_);
+    }
+    HeaderRow TwoFields(std::string_view left, std::string_view right) const {
+        return {Fit(left, TextPoints, SecondColumn - ColumnGap),
+                Fit(right, TextPoints, PlotWidth - SecondColumn)};
+    }
+
+    const ProjectState& state_;
+    const TextMeasure& measure_;
+    double part_;
+};
 
 bool HasPlot(const RecoveryData& recovery) {
     const PlotBounds& bounds = recovery.bounds;
@@ -101,62 +124,54 @@ bool HasPlot(const RecoveryData& recovery) {
            bounds.PlotYAxisMax > bounds.PlotYAxisMin;
 }
 
-/// How far the last label of the time axis reaches beyond the plot.
-double LabelOverhang(const RecoveryData& recovery) {
-    const std::string label =
-        NumberToText(TwoDecimals, static_cast<float>(recovery.bounds.PlotMaxTime));
-    return ArialWidth(label, TextPoints) / 2;
-}
-
-void Scale(PlotDrawing& drawing, double factor) {
-    for (PlotLine& line : drawing.lines)
+void Scale(Drawing& drawing, double factor) {
+    for (DrawingLine& line : drawing.lines)
         for (double* value : {&line.x1, &line.y1, &line.x2, &line.y2, &line.width})
             *value *= factor;
-    for (PlotCircle& circle : drawing.circles)
+    for (DrawingCircle& circle : drawing.circles)
         for (double* value : {&circle.x, &circle.y, &circle.radius})
             *value *= factor;
-    for (PlotLabel& label : drawing.labels)
+    for (DrawingLabel& label : drawing.labels)
         for (double* value : {&label.x, &label.y, &label.points, &label.maxWidth, &label.maxHeight})
             *value *= factor;
 }
 
-/// Makes the page at full size; a small printable area gets it scaled down.
+/// Makes the page at full size; a printable area too small for the plot gets it scaled down.
 class PageMaker {
 public:
-    explicit PageMaker(const Analysis& analysis)
+    PageMaker(const Analysis& analysis, const Paper& paper, const TextMeasure& measure)
         : analysis_(analysis)
+        , measure_(measure)
         , plot_(analysis.computation ? PlotContents(*analysis.computation)
                                      : PlotContents(analysis.working))
-        , rows_(HeaderRows(analysis.state))
-        , titles_(Titles(analysis.state)) {
-        for (const HeaderRow& row : rows_)
-            headerHeight_ += row.Height();
-        for (const FittedText& title : titles_)
-            titlesHeight_ += title.Height();
-    }
+        , paper_(paper)
+        , factor_(std::min({1.0, paper.printableWidth / PlotRight,
+                            paper.printableHeight / (HeaderRoom + PlotHeight + BottomMargin)}))
+        , axisY_(paper.printableHeight / factor_ - BottomMargin) {}
 
-    PlotDrawing Make(double width, double height) {
-        const double factor = std::min({1.0, width / LeastWidth(), height / LeastHeight()});
-        axisY_ = height / factor - BottomMargin;
-        if (HasPlot(plot_.recovery))
-            DrawThePlot(width / factor, height / factor);
+    Drawing Make() {
+        if (HasPlot(plot_.recovery)) {
+            DrawThePlot(paper_.printableWidth / factor_, paper_.printableHeight / factor_);
+            KeepTimeLabelsOnPaper((paper_.printableWidth + paper_.reachRight) / factor_);
+        }
+        FitHeader();
         const double headerBottom = DrawHeader();
         DrawTitles(headerBottom);
         DrawKLine();
-        if (factor < 1)
-            Scale(drawing_, factor);
-        drawing_.width = width;
-        drawing_.height = height;
+        if (factor_ < 1)
+            Scale(drawing_, factor_);
+        drawing_.width = paper_.printableWidth;
+        drawing_.height = paper_.printableHeight;
         return std::move(drawing_);
     }
 
 private:
-    double LeastWidth() const { return PlotRight + LabelOverhang(plot_.recovery); }
-    double LeastHeight() const {
-        return headerHeight_ + TitleGap + titlesHeight_ + TitleGap + PlotHeight + BottomMargin;
-    }
     double PlotTop() const { return axisY_ - PlotHeight; }
+    /// What header and titles leave of the room above the plot.
+    double SpareRoom() const { return PlotTop() - headerHeight_ - titlesHeight_ - 2 * TitleGap; }
 
+    void FitHeader();
+    void KeepTimeLabelsOnPaper(double limit);
     void DrawThePlot(double width, double height);
     double DrawHeader();
     void DrawTitles(double headerBottom);
@@ -164,13 +179,16 @@ private:
     double DrawText(const FittedText& text, double x, double y, Across across, double maxWidth);
 
     const Analysis& analysis_;
+    const TextMeasure& measure_;
     PlotContents plot_;
+    const Paper& paper_;
+    double factor_; ///< scale of the whole page
+    double axisY_;
     std::vector<HeaderRow> rows_;
     std::vector<FittedText> titles_;
     double headerHeight_ = 0;
     double titlesHeight_ = 0;
-    double axisY_ = 0;
-    PlotDrawing drawing_;
+    Drawing drawing_;
 };
 
 void PageMaker::DrawThePlot(double width, double height) {
@@ -186,12 +204,53 @@ void PageMaker::DrawThePlot(double width, double height) {
     drawing_ = DrawPlot(plot_, layout);
 }
 
+/// Sets header and titles smaller until they fit between the page's top and the plot.
+void PageMaker::FitHeader() {
+    for (double part = 1; part * TextPoints > SmallestPoints; part *= Smaller) {
+        const HeaderMaker header(analysis_.state, measure_, part);
+        rows_ = header.Rows();
+        titles_ = header.Titles();
+        headerHeight_ = 0;
+        for (const HeaderRow& row : rows_)
+            headerHeight_ += row.Height();
+        titlesHeight_ = 0;
+        for (const FittedText& title : titles_)
+            titlesHeight_ += title.Height();
+        if (SpareRoom() >= 0)
+            return;
+    }
+}
+
+/// The last label of the time axis is centred on the plot's right edge and so reaches beyond it.
+/// Where it would pass `limit`, it moves to the left, and where it would then run into its
+/// neighbour, the labels of the axis are set smaller. The plot stays where it is.
+void PageMaker::KeepTimeLabelsOnPaper(double limit) {
+    double widest = 0;
+    DrawingLabel* last = nullptr;
+    for (DrawingLabel& label : drawing_.labels)
+        if (label.group == TimeLabels) {
+            widest = std::max(widest, measure_.Width(label.text, label.points));
+            last = &label;
+        }
+    const double bound = last->maxWidth;
+    const double lastWidth = measure_.Width(last->text, last->points);
+    const auto width = [&](double most) { return lastWidth * std::min(1.0, most / widest); };
+    if (PlotRight + width(bound) / 2 <= limit)
+        return;
+    constexpr double Step = PlotWidth / TimeIntervals;
+    const double narrow = std::min(bound, (Step * (1 - LabelDistance) + limit - PlotRight) / 1.5);
+    for (DrawingLabel& label : drawing_.labels)
+        if (label.group == TimeLabels)
+            label.maxWidth = narrow;
+    last->x = std::min(PlotRight, limit - width(narrow) / 2);
+}
+
 /// Draws the lines of a text from `y` down and hands back where the next one would stand.
 double PageMaker::DrawText(const FittedText& text, double x, double y, Across across,
                            double maxWidth) {
     for (const std::string& line : text.lines) {
         if (!line.empty()) {
-            PlotLabel label;
+            DrawingLabel label;
             label.x = x;
             label.y = y;
             label.text = line;
@@ -200,21 +259,20 @@ double PageMaker::DrawText(const FittedText& text, double x, double y, Across ac
             label.maxWidth = maxWidth;
             drawing_.labels.push_back(std::move(label));
         }
-        y += ArialHeight(text.points);
+        y += text.lineHeight;
     }
     return y;
 }
 
 double PageMaker::DrawHeader() {
-    const double room = PlotTop() - headerHeight_ - titlesHeight_ - 2 * TitleGap;
-    double y = std::clamp(room, 0.0, HeaderTop);
+    double y = std::clamp(SpareRoom(), 0.0, HeaderTop);
     for (const HeaderRow& row : rows_) {
         const bool alone = row.right.lines.front().empty();
         DrawText(row.left, PlotLeft, y, Across::Left, alone ? PlotWidth : SecondColumn - ColumnGap);
         DrawText(row.right, PlotLeft + SecondColumn, y, Across::Left, PlotWidth - SecondColumn);
         y += row.Height();
         const double rule = y - RowGap / 2;
-        drawing_.lines.push_back({PlotLeft, rule, PlotRight, rule, PlotColour::Ink, RuleWidth});
+        drawing_.lines.push_back({PlotLeft, rule, PlotRight, rule, DrawingColour::Ink, RuleWidth});
     }
     return y;
 }
@@ -228,14 +286,14 @@ void PageMaker::DrawTitles(double headerBottom) {
 void PageMaker::DrawKLine() {
     const std::string text = KLine(analysis_.state, analysis_.computation.get());
     if (!text.empty())
-        DrawText({{text}, TextPoints}, CentreLine, axisY_ + KLineDown, Across::Centre, PlotWidth);
+        DrawText({{text}, TextPoints, measure_.Height(TextPoints)}, CentreLine, axisY_ + KLineDown,
+                 Across::Centre, PlotWidth);
 }
 
 } // namespace
 
-PlotDrawing DrawPlotPage(const Analysis& analysis, double printableWidthTwips,
-                         double printableHeightTwips) {
-    return PageMaker(analysis).Make(printableWidthTwips, printableHeightTwips);
+Drawing DrawPlotPage(const Analysis& analysis, const Paper& paper, const TextMeasure& measure) {
+    return PageMaker(analysis, paper, measure).Make();
 }
 
 } // namespace quarnel

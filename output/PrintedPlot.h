@@ -1,7 +1,9 @@
 #pragma once
 
 #include "kcompute/Analysis.h"
-#include "output/PlotDrawing.h"
+#include "output/Drawing.h"
+#include "output/Paper.h"
+#include "output/TextMeasure.h"
 
 namespace quarnel {
 
@@ -9,12 +11,14 @@ namespace quarnel {
 /// and well, the titles, the plot with its fitted line, and the line that states K. The time axis
 /// lies 3960 above the bottom of the printable area and the plot is 8640 by 8640 from x = 2160.
 ///
-/// A printable area too small for that (paper narrower than Letter, landscape, wide margins) gets
-/// the whole page at a smaller scale, so that nothing is cut off. Long names run over up to three
-/// lines and are set smaller beyond that. While there is no computation the page shows the prepared
-/// points, none of them as used, without a line and without K; with no points either it has no
-/// plot.
-PlotDrawing DrawPlotPage(const Analysis& analysis, double printableWidthTwips,
-                         double printableHeightTwips);
+/// What the texts hold moves none of that. The last label of the time axis may reach into the
+/// margin as far as the paper takes ink and gives way beyond that. Long names run over up to three
+/// lines, then are set smaller, and end in "..." where even that does not do. Only a printable area
+/// smaller than the plot with 1440 above it (paper narrower than Letter, landscape, wide margins)
+/// gets the whole page at a smaller scale.
+///
+/// While there is no computation the page shows the prepared points, none of them as used, without
+/// a line and without K; with no points either it has no plot.
+Drawing DrawPlotPage(const Analysis& analysis, const Paper& paper, const TextMeasure& measure);
 
 } // namespace quarnel

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "kcompute/Analysis.h"
-#include "output/PlotDrawing.h"
+#include "output/Drawing.h"
+#include "output/Paper.h"
 #include "output/SummaryReport.h"
+#include "output/TextMeasure.h"
 
 #include <cstddef>
 #include <string>
@@ -10,34 +12,30 @@
 
 namespace quarnel {
 
-/// A sheet of paper: its printable area, and how far that lies from the paper's edges. Twips
-/// (1/1440 inch).
-struct Paper {
-    double printableWidth = 0, printableHeight = 0;
-    double marginLeft = 0, marginTop = 0, marginRight = 0, marginBottom = 0;
-};
-
 /// The summary report on paper. The blocks stand side by side in the order of the report's text,
 /// the point table below them and on as many further pages as it needs, its headings on each. No
 /// row is cut by a page's end; long texts run over several lines. Pages are drawn one at a time, so
 /// that a logger's million readings do not have to be in memory as pages.
 ///
-/// The analysis must not change while its pages are in use.
+/// K, what the report is read for, stands out in size and weight.
+///
+/// The analysis must not change while its pages are in use, and the measure must outlive them.
 class ReportPages {
 public:
-    ReportPages(const Analysis& analysis, const Paper& paper);
+    ReportPages(const Analysis& analysis, const Paper& paper, const TextMeasure& measure);
 
     /// How many pages there are; at least one.
     std::size_t Count() const { return pages_.size(); }
     /// A page (counted from 0), in twips from the corner of the printable area.
-    PlotDrawing Page(std::size_t page) const;
+    Drawing Page(std::size_t page) const;
 
 private:
     /// A piece of a page that is never cut; its positions count from its own top.
     struct Strip {
         double height = 0;
-        std::vector<PlotLabel> labels;
-        std::vector<PlotLine> rules;
+        double gap = 0; ///< below it, for which a page's end needs no room
+        std::vector<DrawingLabel> labels;
+        std::vector<DrawingLine> rules;
         bool keepWithNext = false; ///< a heading does not end a page
     };
     struct PageContent {
@@ -46,26 +44,31 @@ private:
         bool hasTable = false;
     };
     struct Column {
-        ReportBlock block;
+        std::string heading;
         double x = 0, width = 0;
         std::vector<std::string> lines;
     };
 
     void AddTitle();
     void AddBlocksSideBySide(const std::vector<ReportBlock>& blocks);
-    void AddColumns(std::vector<Column>& columns);
+    void AddSlugTest(ReportBlock block);
+    void AddHeadings(const std::vector<Column>& columns);
+    void AddLines(const std::vector<Column>& columns);
+    Column ColumnOf(const ReportBlock& block, double x, double width) const;
     void BreakBlocksIntoPages();
     void BreakTableIntoPages();
     Strip TableHeading() const;
     Strip TableRow(std::size_t point) const;
     double RowHeight(std::size_t point) const;
-    std::vector<std::string> CellLines(const std::string& text) const;
-    PlotLabel Text(double x, double y, std::string text, double points, double maxWidth) const;
-    PlotLabel NumberCell(std::size_t column, double y, std::string text) const;
-    void DrawFoot(PlotDrawing& drawing, std::size_t page) const;
-    static void Place(const Strip& strip, double& y, PlotDrawing& drawing);
+    double CellWidth() const;
+    double LineHeight(double points) const;
+    DrawingLabel Text(double x, double y, std::string text, double points, double maxWidth) const;
+    DrawingLabel NumberCell(std::size_t column, double y, std::string text) const;
+    void DrawFoot(Drawing& drawing, std::size_t page) const;
+    static void Place(const Strip& strip, double& y, Drawing& drawing);
 
     const Analysis& analysis_;
+    const TextMeasure& measure_;
     Paper paper_;
     double left_ = 0, right_ = 0, top_ = 0, bottom_ = 0; ///< of the text on every page
     std::vector<Strip> strips_;

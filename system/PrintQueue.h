@@ -1,19 +1,30 @@
 #pragma once
 
-#include <QString>
-#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
 
 namespace quarnel {
 
-/// Why the printing system (CUPS) refused the document this thread has just handed over, in the
-/// system's own words; empty when it took it. Qt hands a document over when its painter ends and
-/// keeps the answer to itself, so this asks CUPS, whose last answer is kept per thread. To be
-/// called right after the painter's end.
-QString RefusalOfLastDocument();
+/// A printer of the system with the sheet that lies in it. Lengths in points (1/72 inch); a sheet
+/// without a width is unknown.
+struct Printer {
+    std::string name;
+    double sheetWidth = 0, sheetHeight = 0;
+    double marginLeft = 0, marginTop = 0, marginRight = 0, marginBottom = 0; ///< beyond its reach
+};
 
-/// Whether the folder in which a document waits on its way to the printer has room for so many
-/// pages. Qt writes it there without looking whether the disk took it, and a cut document would
-/// come out of the printer as if it were whole.
-bool HasRoomForPages(std::size_t pages);
+/// The user's default printer; nothing where there is none, or no printing system.
+std::optional<Printer> DefaultPrinter();
+
+/// Hands a PDF to a printer's queue, straight from memory: no file waits on a disk of this
+/// program's that could fill up unseen. Returns why the queue did not take the whole of it, in the
+/// printing system's own words, and nothing when it did. What was handed over of a document that
+/// was not taken is cancelled, so that no piece of it is printed.
+std::optional<std::string> RefusalOfPrinting(const Printer& printer, const std::string& title,
+                                             std::string_view pdf);
+
+/// Whether a printer stands still, so that its queue keeps what it takes.
+bool IsStopped(const Printer& printer);
 
 } // namespace quarnel

@@ -36,11 +36,11 @@ struct Frame {
 };
 
 /// The axes are the longest upright strokes of ink.
-Frame FrameOf(const PlotDrawing& drawing) {
+Frame FrameOf(const Drawing& drawing) {
     Frame frame;
     double longest = 0;
-    for (const PlotLine& line : drawing.lines) {
-        if (line.x1 != line.x2 || line.colour != PlotColour::Ink)
+    for (const DrawingLine& line : drawing.lines) {
+        if (line.x1 != line.x2 || line.colour != DrawingColour::Ink)
             continue;
         const double length = std::fabs(line.y2 - line.y1);
         if (length > longest)
@@ -137,20 +137,20 @@ QString LineDisagreement(const ToldPlot& plot, const Account& account, double la
     return {};
 }
 
-PlotColour ColourNamed(QStringView name) {
-    return name == u"#ff0000"   ? PlotColour::Red
-           : name == u"#0000ff" ? PlotColour::Blue
-           : name == u"#000000" ? PlotColour::Ink
-                                : PlotColour::Grid;
+DrawingColour ColourNamed(QStringView name) {
+    return name == u"#ff0000"   ? DrawingColour::Red
+           : name == u"#0000ff" ? DrawingColour::Blue
+           : name == u"#000000" ? DrawingColour::Ink
+                                : DrawingColour::Grid;
 }
 
 } // namespace
 
-ToldPlot ReadDrawing(const PlotDrawing& drawing) {
+ToldPlot ReadDrawing(const Drawing& drawing) {
     ToldPlot plot;
     const Frame frame = FrameOf(drawing);
     QList<double> decades;
-    for (const PlotLabel& label : drawing.labels) {
+    for (const DrawingLabel& label : drawing.labels) {
         plot.labels.append(QString::fromStdString(label.text));
         // The decades stand left of the Y axis and end there.
         bool isNumber = false;
@@ -162,17 +162,17 @@ ToldPlot ReadDrawing(const PlotDrawing& drawing) {
         plot.lowestDecade = *std::min_element(decades.begin(), decades.end());
         plot.highestDecade = *std::max_element(decades.begin(), decades.end());
     }
-    for (const PlotCircle& circle : drawing.circles)
-        (circle.colour == PlotColour::Red ? plot.red : plot.blue)
+    for (const DrawingCircle& circle : drawing.circles)
+        (circle.colour == DrawingColour::Red ? plot.red : plot.blue)
             .append(frame.Part(circle.x, circle.y));
-    for (const PlotLine& line : drawing.lines)
-        if (line.colour == PlotColour::Red)
+    for (const DrawingLine& line : drawing.lines)
+        if (line.colour == DrawingColour::Red)
             plot.line = QLineF(frame.Part(line.x1, line.y1), frame.Part(line.x2, line.y2));
     return plot;
 }
 
-PlotDrawing ReadSvg(const QByteArray& bytes) {
-    PlotDrawing drawing;
+Drawing ReadSvg(const QByteArray& bytes) {
+    Drawing drawing;
     QXmlStreamReader xml(bytes);
     QString stroke;
     while (!xml.atEnd()) {
@@ -193,7 +193,7 @@ PlotDrawing ReadSvg(const QByteArray& bytes) {
                                        attributes.value(u"cy"_s).toDouble(),
                                        attributes.value(u"r"_s).toDouble(), ColourNamed(stroke)});
         } else if (xml.name() == u"text"_s) {
-            PlotLabel label;
+            DrawingLabel label;
             label.text = xml.readElementText().toStdString();
             drawing.labels.push_back(std::move(label));
         }

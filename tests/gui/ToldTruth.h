@@ -1,6 +1,6 @@
 #pragma once
 
-#include "output/PlotDrawing.h"
+#include "output/Drawing.h"
 
 #include <QByteArray>
 #include <QLineF>
@@ -23,9 +23,9 @@ struct ToldPlot {
     bool HasAxes() const { return highestDecade > lowestDecade; }
 };
 
-ToldPlot ReadDrawing(const PlotDrawing& drawing);
+ToldPlot ReadDrawing(const Drawing& drawing);
 /// A picture as the drawing that it shows: its strokes, circles and texts in the drawing's twips.
-PlotDrawing ReadSvg(const QByteArray& bytes);
+Drawing ReadSvg(const QByteArray& bytes);
 
 /// The account that the report and the details give, line by line.
 struct Account {

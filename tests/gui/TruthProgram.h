@@ -1,5 +1,6 @@
 #pragma once
 
+#include "output/FontMeasure.h"
 #include "output/PlotWidget.h"
 #include "output/PrintedPlot.h"
 #include "output/SummaryReport.h"
@@ -144,7 +145,12 @@ public:
             ReportBytes(Window().Current().state, Window().Current().computation.get()));
     }
     /// The printed page on Letter paper.
-    PlotDrawing Page() { return DrawPlotPage(Window().Current(), 11520, 15120); }
+    Drawing Page() {
+        Paper letter;
+        letter.printableWidth = 11520;
+        letter.printableHeight = 15120;
+        return DrawPlotPage(Window().Current(), letter, FontMeasure(QFont(u"Arial"_s)));
+    }
     /// The picture that Ctrl+C on the plot puts on the clipboard; empty when it puts none.
     QByteArray Picture() {
         QGuiApplication::clipboard()->setText(u"no picture"_s);
@@ -170,7 +176,7 @@ private:
         QTest::mouseClick(grid.viewport(), Qt::LeftButton, modifiers,
                           grid.visualRect(index).center());
     }
-    bool PageSays(const PlotDrawing& page, const QString& text) {
+    bool PageSays(const Drawing& page, const QString& text) {
         return ReadDrawing(page).labels.contains(text);
     }
     QString DisagreementOfNone(const Account& report);
@@ -181,7 +187,7 @@ private:
 inline QString TruthProgram::DisagreementOfNone(const Account& report) {
     if (!report.lines.isEmpty() || !report.rows.isEmpty())
         return u"There is no K, but the report tells of a computation"_s;
-    if (!Plot().Drawing().IsEmpty() || !Picture().isEmpty())
+    if (!Plot().Shown().IsEmpty() || !Picture().isEmpty())
         return u"There is no K, but a plot"_s;
     if (!DetailsText().isEmpty() || DetailsGrid().size() > 1)
         return u"There is no K, but there are details"_s;
@@ -216,10 +222,10 @@ inline QString TruthProgram::DisagreementOfOne(const Account& report) {
         return u"The report says "_s + report.k + u", the window "_s + K() + u' ' + KUnits();
     if (report.lines.size() != 14)
         return u"The report lacks lines: "_s + report.lines.join(u'|');
-    const PlotDrawing page = Page();
+    const Drawing page = Page();
     if (!PageSays(page, report.k))
         return u"The page does not say "_s + report.k;
-    const ToldPlot screen = ReadDrawing(Plot().Drawing());
+    const ToldPlot screen = ReadDrawing(Plot().Shown());
     if (const QString why = PlotDisagreement(screen, report); !why.isEmpty())
         return u"On screen "_s + why;
     if (const QString why = PlotDisagreement(ReadDrawing(page), report); !why.isEmpty())

@@ -215,7 +215,7 @@ private Q_SLOTS:
         QCOMPARE(program.K(), QString());
         program.Compute();
         QVERIFY(!program.K().isEmpty());
-        QVERIFY(!program.Plot().Drawing().IsEmpty());
+        QVERIFY(!program.Plot().Shown().IsEmpty());
         QTest::mouseClick(&program.Find(u"CmdDetails"_s), Qt::LeftButton);
         auto& text = program.Find<QPlainTextEdit>(u"SummaryText"_s);
         QVERIFY(text.isVisible());
@@ -238,7 +238,7 @@ private Q_SLOTS:
         program.Compute();
         QVERIFY2(answers.AllGiven(), answers.Complaints());
         QCOMPARE(program.K(), QString());
-        QVERIFY(program.Plot().Drawing().IsEmpty());
+        QVERIFY(program.Plot().Shown().IsEmpty());
         QTest::mouseClick(&program.Find(u"CmdDetails"_s), Qt::LeftButton);
         QCOMPARE(program.Find<QTableView>(u"ComputeYGrid"_s).model()->rowCount(), 0);
         QVERIFY(QApplication::overrideCursor() == nullptr);
@@ -285,7 +285,7 @@ private Q_SLOTS:
         program.ClickTab(1);
         program.ClickTab(5);
         QCOMPARE(program.K(), k);
-        QVERIFY(!program.Plot().Drawing().IsEmpty());
+        QVERIFY(!program.Plot().Shown().IsEmpty());
         QCOMPARE(program.Window().Current().computation, computation);
     }
 
@@ -293,7 +293,7 @@ private Q_SLOTS:
         ComputeProgram program(Falling);
         program.Compute();
         ResetProject(program.Window());
-        QVERIFY(program.Plot().Drawing().IsEmpty());
+        QVERIFY(program.Plot().Shown().IsEmpty());
         QCOMPARE(program.K(), QString());
         QCOMPARE(program.Grid().model()->rowCount(), 1);
         QVERIFY(program.Window().Current().computation == nullptr);
@@ -304,7 +304,7 @@ private Q_SLOTS:
         program.Compute();
         QTest::mouseClick(&program.Find(u"CmdDetails"_s), Qt::LeftButton);
         program.Window().OpenPath(QStringLiteral(QUARNEL_SOURCE_DIR "/examples/every-field.qn2"));
-        QVERIFY(program.Plot().Drawing().IsEmpty());
+        QVERIFY(program.Plot().Shown().IsEmpty());
         QCOMPARE(program.K(), QString());
         QVERIFY(program.Window().Current().computation == nullptr);
         QCOMPARE(program.Find<QPlainTextEdit>(u"SummaryText"_s).toPlainText(), QString());
@@ -360,9 +360,9 @@ private Q_SLOTS:
                                        u"or increasing with time."_s);
         program.Compute();
         QVERIFY2(answers.AllGiven(), answers.Complaints());
-        QCOMPARE(program.Plot().Drawing().circles.size(), std::size_t{3});
-        for (const PlotLine& line : program.Plot().Drawing().lines)
-            QVERIFY(line.colour != PlotColour::Red);
+        QCOMPARE(program.Plot().Shown().circles.size(), std::size_t{3});
+        for (const DrawingLine& line : program.Plot().Shown().lines)
+            QVERIFY(line.colour != DrawingColour::Red);
         QVERIFY(program.K().startsWith(u'-'));
     }
 
@@ -380,9 +380,9 @@ private Q_SLOTS:
     void ThePlotFollowsTheSizeOfItsArea() {
         ComputeProgram program(Falling);
         program.Compute();
-        const double before = program.Plot().Drawing().width;
+        const double before = program.Plot().Shown().width;
         program.Window().resize(program.Window().width() + 200, program.Window().height());
-        QTRY_VERIFY(program.Plot().Drawing().width > before);
+        QTRY_VERIFY(program.Plot().Shown().width > before);
     }
 
     void DetailsCloseAndComeBackWithTheLatestContents() {

@@ -388,14 +388,14 @@ private Q_SLOTS:
         program.OpenThroughMenu(Example);
         program.Visit(5);
         QVERIFY(InkInTheMiddle(program.Plot()) > 100);
-        QVERIFY(program.Plot().Drawing().IsEmpty());
+        QVERIFY(program.Plot().Shown().IsEmpty());
         QVERIFY(program.Picture().isEmpty());
         QVERIFY(!windowtest::Find<QAction>(program.Plot(), u"SavePlot"_s).isEnabled());
         const ToldPlot page = ReadDrawing(program.Page());
         QVERIFY(page.labels.filter(Invitation).isEmpty());
         QVERIFY(!program.Report().contains(Invitation));
         program.Compute();
-        QVERIFY(ReadDrawing(program.Plot().Drawing()).labels.filter(Invitation).isEmpty());
+        QVERIFY(ReadDrawing(program.Plot().Shown()).labels.filter(Invitation).isEmpty());
         QVERIFY(!program.Picture().contains("Press"));
     }
 

@@ -4,6 +4,8 @@
 //
 //     test_random_typing [STEPS [SEED]]
 
+#include "project/Files.h"
+#include "project/TextEncoding.h"
 #include "system/ReplaceFile.h"
 #include "tests/gui/WindowTestSupport.h"
 
@@ -477,7 +479,8 @@ void User::Open() {
     QString path = Example;
     if (Roll(2) == 0) {
         path = folder_.filePath(u"kept.qn2"_s);
-        static_cast<void>(WriteProjectFile(ToUtf8(path), State()));
+        static_cast<void>(
+            SaveFileBytes(ToUtf8(path), EncodeFileText(ProjectFileText(State()).text)));
         expected_ = State();
     }
     program_.Window().OpenPath(path);

@@ -1,7 +1,7 @@
 // What the text boxes do with a text, whatever brings it: keys, clipboard, drop, input method or a
 // screen reader. Box, project and file hold the same text at once.
 
-#include "system/ReplaceFile.h"
+#include "project/Files.h"
 #include "tests/gui/WindowTestSupport.h"
 
 #include <QAccessible>
@@ -14,6 +14,11 @@
 namespace quarnel::windowtest {
 
 namespace {
+
+bool SavedAs(const std::string& path, Program& program) {
+    FileOnDisk file;
+    return WriteProjectFile(path, program.State(), file).isSaved;
+}
 
 const QString NewQuestion =
     u"New Project will clear existing data. Make sure you have saved current "
@@ -162,7 +167,7 @@ private Q_SLOTS:
         Program program;
         Paste(program.Find<QLineEdit>(u"SiteIDText"_s, SiteAddress), u"5 Mill Road\nBack Yard"_s);
         Paste(program.Find<QLineEdit>(u"SiteIDText"_s, SiteName), u"x\nSITEID,LUSTNO,FORGED"_s);
-        QVERIFY(WriteProjectFile(path, program.State()).empty());
+        QVERIFY(SavedAs(path, program));
         program.Window().OpenPath(ToQString(path));
         QCOMPARE(program.State().SiteIDText[SiteAddress], "5 Mill Road Back Yard");
         QCOMPARE(program.State().SiteIDText[SiteName], "x SITEID,LUSTNO,FORGED");
@@ -204,7 +209,7 @@ private Q_SLOTS:
             Paste(box, text);
             QCOMPARE(ToQString(bound.text(program.State())), text);
         }
-        QVERIFY(WriteProjectFile(path, program.State()).empty());
+        QVERIFY(SavedAs(path, program));
         program.Window().OpenPath(ToQString(path));
         for (const BoundBox& bound : BoundBoxes) {
             QLineEdit& box = Shown(program, bound);
@@ -225,7 +230,7 @@ private Q_SLOTS:
         auto& box = program.Find<QLineEdit>(u"SiteIDText"_s, SiteName);
         Paste(box, marked);
         QCOMPARE(box.text(), marked);
-        QVERIFY(WriteProjectFile(path, program.State()).empty());
+        QVERIFY(SavedAs(path, program));
         program.Window().OpenPath(ToQString(path));
         QCOMPARE(box.text(), marked);
         TypeInto(program.Find<QLineEdit>(u"SiteIDText"_s, SiteCity), u"y"_s);

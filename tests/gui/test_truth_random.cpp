@@ -8,8 +8,8 @@
 #include "tests/CoreTestSupport.h"
 #include "tests/gui/TruthProgram.h"
 
+#include "project/Files.h"
 #include "project/Texts.h"
-#include "system/ReplaceFile.h"
 
 #include <QDir>
 #include <algorithm>
@@ -305,8 +305,8 @@ private Q_SLOTS:
         ProjectState state = SmallWell();
         const auto save = [this, &state](const QString& name) {
             const QString path = folder_.filePath(name);
-            ProjectState copy = state;
-            if (!WriteProjectFile(ToUtf8(path), copy).empty())
+            FileOnDisk file;
+            if (!WriteProjectFile(ToUtf8(path), state, file).isSaved)
                 qFatal("The project was not written");
             files_.append(path);
         };

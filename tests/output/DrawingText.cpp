@@ -1,7 +1,9 @@
 #include "tests/output/DrawingText.h"
 
 #include "kcompute/Analysis.h"
+#include "output/PlotDrawing.h"
 #include "output/PrintedPlot.h"
+#include "tests/output/ArialMeasure.h"
 
 #include <array>
 #include <cmath>
@@ -33,15 +35,15 @@ std::string Name(const std::array<const char*, N>& names, Enum value) {
 
 } // namespace
 
-std::string DrawingText(const PlotDrawing& drawing) {
+std::string DrawingText(const Drawing& drawing) {
     std::string text = "surface" + Numbers({drawing.width, drawing.height}) + "\n";
-    for (const PlotLine& line : drawing.lines)
+    for (const DrawingLine& line : drawing.lines)
         text += "line" + Numbers({line.x1, line.y1, line.x2, line.y2, line.width}) +
                 Name(ColourNames, line.colour) + "\n";
-    for (const PlotCircle& circle : drawing.circles)
+    for (const DrawingCircle& circle : drawing.circles)
         text += "circle" + Numbers({circle.x, circle.y, circle.radius}) +
                 Name(ColourNames, circle.colour) + "\n";
-    for (const PlotLabel& label : drawing.labels)
+    for (const DrawingLabel& label : drawing.labels)
         text += "label" + Numbers({label.x, label.y, label.heightsDown, label.points}) +
                 Name(AcrossNames, label.across) + Name(AlongNames, label.along) +
                 (label.turned ? " turned " : " ") + label.text + "\n";
@@ -53,6 +55,9 @@ std::string ExampleDrawings(const std::string& projectPath) {
     constexpr double AreaHeight = 7000;
     constexpr double LetterWidth = 11520;
     constexpr double LetterHeight = 15120;
+    Paper letter;
+    letter.printableWidth = LetterWidth;
+    letter.printableHeight = LetterHeight;
     Analysis analysis;
     OpenProjectFile(projectPath, analysis);
     PrepareComputation(analysis);
@@ -60,7 +65,7 @@ std::string ExampleDrawings(const std::string& projectPath) {
     return "on screen\n" +
            DrawingText(DrawPlot(PlotContents(*analysis.computation),
                                 ScreenPlotLayout(AreaWidth, AreaHeight))) +
-           "on Letter\n" + DrawingText(DrawPlotPage(analysis, LetterWidth, LetterHeight));
+           "on Letter\n" + DrawingText(DrawPlotPage(analysis, letter, ArialMeasure()));
 }
 
 } // namespace quarnel

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "output/PlotDrawing.h"
+#include "output/Drawing.h"
 
 #include <string>
 
@@ -8,7 +8,7 @@ namespace quarnel {
 
 /// A drawing as text, one line a stroke or label, positions to the thousandth of a twip: what the
 /// kept drawings hold.
-std::string DrawingText(const PlotDrawing& drawing);
+std::string DrawingText(const Drawing& drawing);
 
 /// The drawing of an example project on screen (a plot area of 9000 by 7000 twips) and on a Letter
 /// page, as text.

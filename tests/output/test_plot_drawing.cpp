@@ -31,36 +31,36 @@ Analysis Computed(const std::vector<std::pair<const char*, const char*>>& readin
     return analysis;
 }
 
-PlotDrawing Draw(const Analysis& analysis) {
+Drawing Draw(const Analysis& analysis) {
     return DrawPlot(PlotContents(*analysis.computation), ScreenPlotLayout(Width, Height));
 }
 
-bool HasLine(const PlotDrawing& drawing, double x1, double y1, double x2, double y2) {
-    return std::any_of(drawing.lines.begin(), drawing.lines.end(), [&](const PlotLine& line) {
+bool HasLine(const Drawing& drawing, double x1, double y1, double x2, double y2) {
+    return std::any_of(drawing.lines.begin(), drawing.lines.end(), [&](const DrawingLine& line) {
         return std::fabs(line.x1 - x1) < 1e-9 && std::fabs(line.y1 - y1) < 1e-9 &&
                std::fabs(line.x2 - x2) < 1e-9 && std::fabs(line.y2 - y2) < 1e-9;
     });
 }
 
-const PlotLabel& Label(const PlotDrawing& drawing, const std::string& text) {
-    static const PlotLabel none;
+const DrawingLabel& Label(const Drawing& drawing, const std::string& text) {
+    static const DrawingLabel none;
     const auto found = std::find_if(drawing.labels.begin(), drawing.labels.end(),
-                                    [&](const PlotLabel& label) { return label.text == text; });
+                                    [&](const DrawingLabel& label) { return label.text == text; });
     EXPECT_NE(found, drawing.labels.end()) << text;
     return found == drawing.labels.end() ? none : *found;
 }
 
-const PlotLine* RedLine(const PlotDrawing& drawing) {
+const DrawingLine* RedLine(const Drawing& drawing) {
     const auto found =
         std::find_if(drawing.lines.begin(), drawing.lines.end(),
-                     [](const PlotLine& line) { return line.colour == PlotColour::Red; });
+                     [](const DrawingLine& line) { return line.colour == DrawingColour::Red; });
     return found == drawing.lines.end() ? nullptr : &*found;
 }
 
 /// Where ticks of the Y axis stand, short or long, in their order.
-std::size_t TicksBetween(const PlotDrawing& drawing, double from, double to) {
+std::size_t TicksBetween(const Drawing& drawing, double from, double to) {
     return static_cast<std::size_t>(
-        std::count_if(drawing.lines.begin(), drawing.lines.end(), [&](const PlotLine& line) {
+        std::count_if(drawing.lines.begin(), drawing.lines.end(), [&](const DrawingLine& line) {
             return line.x2 == Left && line.x1 < Left && line.y1 == line.y2 &&
                    line.y1 <= from + 1e-9 && line.y1 >= to - 1e-9;
         }));
@@ -69,14 +69,14 @@ std::size_t TicksBetween(const PlotDrawing& drawing, double from, double to) {
 } // namespace
 
 TEST(PlotDrawing, TimeAxisHasSixLinesWithTicksAndLabels) {
-    const PlotDrawing drawing = Draw(Computed({{"0", "50"}, {"10", "5"}}));
+    const Drawing drawing = Draw(Computed({{"0", "50"}, {"10", "5"}}));
     const double step = (Right - Left) / 5;
     const std::vector<std::string> labels = {"0.00", "2.00", "4.00", "6.00", "8.00", "10.00"};
     for (int i = 0; i <= 5; ++i) {
         const double x = Left + i * step;
         EXPECT_TRUE(HasLine(drawing, x, Top, x, AxisY)) << i;
         EXPECT_TRUE(HasLine(drawing, x, AxisY, x, AxisY + 75)) << i;
-        const PlotLabel& label = Label(drawing, labels[static_cast<std::size_t>(i)]);
+        const DrawingLabel& label = Label(drawing, labels[static_cast<std::size_t>(i)]);
         EXPECT_NEAR(label.x, x, 1e-9);
         EXPECT_EQ(label.y, AxisY + 85);
         EXPECT_EQ(label.across, Across::Centre);
@@ -88,11 +88,11 @@ TEST(PlotDrawing, YAxisFrom1To100CarriesItsLabelsAndTenTicksInEachDecade) {
     const Analysis analysis = Computed({{"0", "50"}, {"10", "5"}});
     ASSERT_EQ(analysis.working.recovery.bounds.PlotYAxisMin, 1);
     ASSERT_EQ(analysis.working.recovery.bounds.PlotYAxisMax, 100);
-    const PlotDrawing drawing = Draw(analysis);
+    const Drawing drawing = Draw(analysis);
     const double middle = (Top + AxisY) / 2;
     for (const auto& [text, y] :
          {std::pair<std::string, double>{"1", AxisY}, {"10", middle}, {"100", Top}}) {
-        const PlotLabel& label = Label(drawing, text);
+        const DrawingLabel& label = Label(drawing, text);
         EXPECT_EQ(label.x, Left - 85);
         EXPECT_NEAR(label.y, y, 1e-9);
         EXPECT_EQ(label.across, Across::Right);
@@ -106,19 +106,19 @@ TEST(PlotDrawing, YAxisFrom1To100CarriesItsLabelsAndTenTicksInEachDecade) {
 }
 
 TEST(PlotDrawing, TitlesNameTheUnitsAndDifferInTheirBlank) {
-    const PlotDrawing drawing = Draw(Computed({{"0", "50"}, {"10", "5"}}));
-    const PlotLabel& time = Label(drawing, "Time (sec)");
+    const Drawing drawing = Draw(Computed({{"0", "50"}, {"10", "5"}}));
+    const DrawingLabel& time = Label(drawing, "Time (sec)");
     EXPECT_EQ(time.x, (Left + Right) / 2);
     EXPECT_EQ(time.y, AxisY + 85);
     EXPECT_EQ(time.heightsDown, 1.25);
     EXPECT_EQ(time.across, Across::Centre);
-    const PlotLabel& y = Label(drawing, "Y(cm)");
+    const DrawingLabel& y = Label(drawing, "Y(cm)");
     EXPECT_LT(y.x, Left);
     EXPECT_EQ(y.y, (Top + AxisY) / 2);
 }
 
 TEST(PlotDrawing, PointsStandWhereTimeAndLogYPutThem) {
-    const PlotDrawing drawing = Draw(Computed({{"0", "10"}, {"5", "10"}, {"10", "5"}}));
+    const Drawing drawing = Draw(Computed({{"0", "10"}, {"5", "10"}, {"10", "5"}}));
     ASSERT_EQ(drawing.circles.size(), 3U);
     EXPECT_EQ(drawing.circles[0].x, Left);
     EXPECT_EQ(drawing.circles[1].x, (Left + Right) / 2);
@@ -132,16 +132,16 @@ TEST(PlotDrawing, IgnoredPointsAreBlueUsedOnesRedAndThoseWithoutALogarithmMissin
     Analysis analysis = Computed({{"0", "50"}, {"5", "20"}, {"10", "5"}, {"12", "-1"}});
     analysis.working.marks[1] = Mark::Ignore;
     ASSERT_FALSE(Compute(analysis).IsError());
-    const PlotDrawing drawing = Draw(analysis);
+    const Drawing drawing = Draw(analysis);
     ASSERT_EQ(drawing.circles.size(), 3U);
-    EXPECT_EQ(drawing.circles[0].colour, PlotColour::Red);
-    EXPECT_EQ(drawing.circles[1].colour, PlotColour::Blue);
-    EXPECT_EQ(drawing.circles[2].colour, PlotColour::Red);
+    EXPECT_EQ(drawing.circles[0].colour, DrawingColour::Red);
+    EXPECT_EQ(drawing.circles[1].colour, DrawingColour::Blue);
+    EXPECT_EQ(drawing.circles[2].colour, DrawingColour::Red);
 }
 
 TEST(PlotDrawing, FittedLineRunsThroughTwoPoints) {
-    const PlotDrawing drawing = Draw(Computed({{"0", "50"}, {"10", "5"}}));
-    const PlotLine* line = RedLine(drawing);
+    const Drawing drawing = Draw(Computed({{"0", "50"}, {"10", "5"}}));
+    const DrawingLine* line = RedLine(drawing);
     ASSERT_NE(line, nullptr);
     EXPECT_NEAR(line->x1, drawing.circles[0].x, 1e-6);
     EXPECT_NEAR(line->y1, drawing.circles[0].y, 1e-6);
@@ -155,8 +155,8 @@ TEST(PlotDrawing, FittedLineEndsWhereItMeetsTheBounds) {
     analysis.working.marks[0] = Mark::Ignore;
     analysis.working.marks[3] = Mark::Ignore;
     ASSERT_FALSE(Compute(analysis).IsError());
-    const PlotDrawing drawing = Draw(analysis);
-    const PlotLine* line = RedLine(drawing);
+    const Drawing drawing = Draw(analysis);
+    const DrawingLine* line = RedLine(drawing);
     ASSERT_NE(line, nullptr);
     EXPECT_NEAR(line->y1, Top, 1e-6);
     EXPECT_NEAR(line->y2, AxisY, 1e-6);
@@ -186,8 +186,8 @@ TEST(PlotDrawing, LineIsDrawnInTheEnteredUnits) {
     analysis.state.RecDatWaterLevelUnitsDDL = Foot;
     PrepareComputation(analysis);
     ASSERT_FALSE(Compute(analysis).IsError());
-    const PlotDrawing drawing = Draw(analysis);
-    const PlotLine* line = RedLine(drawing);
+    const Drawing drawing = Draw(analysis);
+    const DrawingLine* line = RedLine(drawing);
     ASSERT_NE(line, nullptr);
     EXPECT_NEAR(line->y1, drawing.circles[0].y, 1e-6);
     EXPECT_NEAR(line->y2, drawing.circles[1].y, 1e-6);
@@ -198,14 +198,14 @@ TEST(PlotDrawing, LineIsDrawnInTheEnteredUnits) {
 TEST(PlotDrawing, NothingNotFiniteReachesAnAxis) {
     const Analysis analysis = Computed({{"0", "50"}, {"0", "5"}});
     ASSERT_EQ(analysis.computation, nullptr); // all at one time
-    const PlotDrawing drawing =
+    const Drawing drawing =
         DrawPlot(PlotContents(analysis.working), ScreenPlotLayout(Width, Height));
     EXPECT_EQ(drawing.circles.size(), 2U);
-    for (const PlotLine& line : drawing.lines)
+    for (const DrawingLine& line : drawing.lines)
         EXPECT_TRUE(std::isfinite(line.x1 + line.x2 + line.y1 + line.y2));
-    for (const PlotCircle& circle : drawing.circles)
+    for (const DrawingCircle& circle : drawing.circles)
         EXPECT_TRUE(std::isfinite(circle.x + circle.y));
-    for (const PlotLabel& label : drawing.labels)
+    for (const DrawingLabel& label : drawing.labels)
         EXPECT_TRUE(std::isfinite(label.x + label.y));
 }
 

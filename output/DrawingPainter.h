@@ -1,6 +1,6 @@
 #pragma once
 
-#include "output/PlotDrawing.h"
+#include "output/Drawing.h"
 
 #include <QColor>
 #include <QPainter>
@@ -8,7 +8,7 @@
 namespace quarnel {
 
 /// What Ink and Grid look like on a surface; Red and Blue are the same everywhere.
-struct PlotInks {
+struct Inks {
     QColor ink = Qt::black;
     QColor grid = QColor(208, 208, 208);
     QColor halo;        ///< around circles, where their colours are hard to see; invalid for none
@@ -16,6 +16,6 @@ struct PlotInks {
 };
 
 /// Paints `drawing` (twips) with a painter whose unit is one twip. State of the painter is kept.
-void PaintPlot(QPainter& painter, const PlotDrawing& drawing, const PlotInks& inks);
+void PaintDrawing(QPainter& painter, const Drawing& drawing, const Inks& inks);
 
 } // namespace quarnel

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace quarnel {
+
+// All positions and lengths are twips (1/1440 inch), x to the right and y down.
+
+inline constexpr double TwipsPerInch = 1440;
+inline constexpr double TwipsPerPoint = 20;
+
+/// What a stroke is drawn in. Ink and Grid follow the surface (text colour, a pale line); Red (255,
+/// 0, 0) and Blue (0, 0, 255) are the same on every surface.
+enum class DrawingColour { Ink, Grid, Red, Blue };
+
+enum class Across { Left, Centre, Right };
+enum class Along { Top, Middle, Bottom };
+
+struct DrawingLine {
+    double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+    DrawingColour colour = DrawingColour::Ink;
+    double width = 0;
+};
+
+struct DrawingCircle {
+    double x = 0, y = 0;
+    double radius = 0;
+    DrawingColour colour = DrawingColour::Red;
+};
+
+/// A text held at (x, y) by the given edges; it is measured only when painted. A text that stands
+/// `heightsDown` text heights below y says so, since a drawing does not know how tall its text is.
+struct DrawingLabel {
+    double x = 0, y = 0;
+    std::string text;
+    Across across = Across::Left;
+    Along along = Along::Top;
+    double heightsDown = 0;
+    double points = 9;    ///< font size
+    bool turned = false;  ///< reads upwards, its middle at (x, y)
+    double maxWidth = 0;  ///< a wider text is set smaller until it fits; 0 for no bound
+    double maxHeight = 0; ///< the same for a taller text
+    int group = 0;        ///< labels of one group above 0 are all as small as the smallest of them
+    bool bold = false;
+};
+
+/// What a layout makes and a painter paints, on screen, on paper or into a picture.
+struct Drawing {
+    double width = 0, height = 0; ///< of the surface
+    std::vector<DrawingLine> lines;
+    std::vector<DrawingCircle> circles;
+    std::vector<DrawingLabel> labels;
+    bool IsEmpty() const { return lines.empty() && circles.empty() && labels.empty(); }
+};
+
+} // namespace quarnel

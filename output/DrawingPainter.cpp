@@ -1,0 +1,149 @@
+#include "output/DrawingPainter.h"
+
+#include "output/FontMeasure.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <map>
+#include <optional>
+#include <vector>
+
+namespace quarnel {
+
+namespace {
+
+constexpr double CircleWidth = 20;
+constexpr double HaloWidth = 50;
+
+QColor ColourOf(DrawingColour colour, const Inks& inks) {
+    switch (colour) {
+    case DrawingColour::Ink:
+        return inks.ink;
+    case DrawingColour::Grid:
+        return inks.grid;
+    case DrawingColour::Red:
+        return {255, 0, 0};
+    case DrawingColour::Blue:
+        return {0, 0, 255};
+    }
+    return inks.ink;
+}
+
+QString TextOf(const DrawingLabel& label) {
+    return QString::fromUtf8(label.text.data(), static_cast<qsizetype>(label.text.size()));
+}
+
+QFont PaintingFont(const QPainter& painter, const Inks& inks) {
+    return inks.fontFamily.isEmpty() ? painter.font() : QFont(inks.fontFamily);
+}
+
+/// A label with its size, measured once.
+struct SizedLabel {
+    const DrawingLabel* label = nullptr;
+    QString text;
+    double widthEms = 0;
+    double scale = 1; ///< by how much it must be set smaller to keep within its bounds
+};
+
+SizedLabel Sized(const DrawingLabel& label, const FontMeasure& measure) {
+    SizedLabel sized{&label, TextOf(label), 0, 1};
+    sized.widthEms = measure.WidthEms(sized.text, label.bold);
+    const double em = label.points * TwipsPerPoint;
+    if (const double width = sized.widthEms * em; label.maxWidth > 0 && width > label.maxWidth)
+        sized.scale = label.maxWidth / width;
+    if (const double height = measure.HeightEms(label.bold) * em * sized.scale;
+        label.maxHeight > 0 && height > label.maxHeight)
+        sized.scale *= label.maxHeight / height;
+    return sized;
+}
+
+/// All labels with their scales; those of one group share the smallest.
+std::vector<SizedLabel> SizedLabels(const std::vector<DrawingLabel>& labels,
+                                    const FontMeasure& measure) {
+    std::vector<SizedLabel> sizedLabels;
+    sizedLabels.reserve(labels.size());
+    std::map<int, double> smallest;
+    for (const DrawingLabel& label : labels) {
+        sizedLabels.push_back(Sized(label, measure));
+        const auto group = smallest.emplace(label.group, sizedLabels.back().scale).first;
+        group->second = std::min(group->second, sizedLabels.back().scale);
+    }
+    for (SizedLabel& sized : sizedLabels)
+        if (sized.label->group > 0)
+            sized.scale = smallest[sized.label->group];
+    return sizedLabels;
+}
+
+/// Pixel sizes, not point sizes: one twip is the painter's pixel, on screen and paper alike.
+void PaintLabel(QPainter& painter, const SizedLabel& sized, const FontMeasure& measure,
+                QFont font) {
+    const DrawingLabel& label = *sized.label;
+    const int em = std::max(1, static_cast<int>(label.points * TwipsPerPoint * sized.scale));
+    font.setBold(label.bold);
+    font.setPixelSize(em);
+    const double width = sized.widthEms * em;
+    const double height = measure.HeightEms(label.bold) * em;
+    painter.save();
+    painter.setFont(font);
+    painter.translate(label.x, label.y + label.heightsDown * height);
+    if (label.turned)
+        painter.rotate(-90);
+    const double x = label.across == Across::Left     ? 0
+                     : label.across == Across::Centre ? -width / 2
+                                                      : -width;
+    const double top = label.along == Along::Top      ? 0
+                       : label.along == Along::Middle ? -height / 2
+                                                      : -height;
+    painter.drawText(QPointF(x, top + measure.AscentEms(label.bold) * em), sized.text);
+    painter.restore();
+}
+
+void PaintLines(QPainter& painter, const Drawing& drawing, const Inks& inks) {
+    for (const DrawingLine& line : drawing.lines) {
+        // Upright and level lines stay crisp on a screen's pixels.
+        painter.setRenderHint(QPainter::Antialiasing, line.x1 != line.x2 && line.y1 != line.y2);
+        painter.setPen(QPen(ColourOf(line.colour, inks), line.width));
+        painter.drawLine(QPointF(line.x1, line.y1), QPointF(line.x2, line.y2));
+    }
+    painter.setRenderHint(QPainter::Antialiasing);
+}
+
+/// The centre to the nearest twip, which no eye tells from the exact one: the repeating fractions
+/// let a page of a hundred thousand points compress to a fraction of its size.
+QPointF CentreOf(const DrawingCircle& circle) {
+    return {std::round(circle.x), std::round(circle.y)};
+}
+
+void PaintCircles(QPainter& painter, const Drawing& drawing, const Inks& inks) {
+    painter.setBrush(Qt::NoBrush);
+    if (inks.halo.isValid()) {
+        painter.setPen(QPen(inks.halo, HaloWidth));
+        for (const DrawingCircle& circle : drawing.circles)
+            painter.drawEllipse(CentreOf(circle), circle.radius, circle.radius);
+    }
+    std::optional<DrawingColour> current;
+    for (const DrawingCircle& circle : drawing.circles) {
+        // A vector file repeats the pen at every change: thousands of points would double in size.
+        if (current != circle.colour)
+            painter.setPen(QPen(ColourOf(circle.colour, inks), CircleWidth));
+        current = circle.colour;
+        painter.drawEllipse(CentreOf(circle), circle.radius, circle.radius);
+    }
+}
+
+} // namespace
+
+void PaintDrawing(QPainter& painter, const Drawing& drawing, const Inks& inks) {
+    painter.save();
+    PaintLines(painter, drawing, inks);
+    PaintCircles(painter, drawing, inks);
+    painter.setPen(inks.ink);
+    const QFont font = PaintingFont(painter, inks);
+    const FontMeasure measure(font);
+    for (const SizedLabel& label : SizedLabels(drawing.labels, measure))
+        PaintLabel(painter, label, measure, font);
+    painter.restore();
+}
+
+} // namespace quarnel
