@@ -6,11 +6,10 @@
 #include "loggerfiles/ImportMessages.h"
 #include "loggerfiles/ImportTexts.h"
 #include "loggerfiles/XleReader.h"
-#include "project/FieldTables.h"
 #include "project/Files.h"
+#include "project/ProjectState.h"
 #include "project/Texts.h"
 #include "system/Locale.h"
-#include "system/ReplaceFile.h"
 
 #include <unistd.h>
 
@@ -88,8 +87,8 @@ std::string TakeTimes(Import& import, const ImportPlan& plan, std::string& fault
 }
 
 /// The project that takes the readings; false where it cannot be read whole.
-bool ReadProject(const std::string& path, ProjectState& state) {
-    const ReadReport report = OpenProjectFile(path, state);
+bool ReadProject(const std::string& path, ProjectState& state, FileOnDisk& file) {
+    const ReadReport report = OpenProjectFile(path, state, file);
     for (const std::string& message : report.messages)
         PrintMessage(path, message);
     return report.messages.empty();
@@ -98,13 +97,13 @@ bool ReadProject(const std::string& path, ProjectState& state) {
 ExitStatus Write(const Import& import) {
     ProjectState state;
     state.DecimalSeparator = SystemDecimalSeparator();
+    FileOnDisk file;
     const std::string& from = import.request.from;
     if (from.empty())
         NameProjectAfterImport(*import.run.plan, state);
-    else if (!ReadProject(from, state))
+    else if (!ReadProject(from, state, file))
         return Failed;
     ApplyImport(*import.run.plan, state);
-    FileOnDisk file;
     return SaveAndTell(import.request.out, state, file).isSaved ? Done : Failed;
 }
 
@@ -166,7 +165,8 @@ ExitStatus ImportCommand(const Words& words) {
         "import LOGGER -o NEW.qn2 [options]",
         "Turns the readings of a logger's own file into a project: finds the start of the\n"
         "test and the static level, and says what it took. What a file leaves open is\n"
-        "chosen by an option. NEW is replaced without asking.\n"
+        "chosen by an option. NEW is replaced without asking; a file there that does not\n"
+        "read whole as a project is kept beside it as NEW.bak first.\n"
         "TIME is a clock time as \"2024-03-05 11:59:00\" or seconds since the first row.\n"
         "The exit status is 0 when the project is written; rows that were left out are\n"
         "told. It is 1 when the file gives no test; then nothing is written.");

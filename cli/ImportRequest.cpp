@@ -3,11 +3,11 @@
 #include "loggerfiles/Thinning.h"
 #include "project/Texts.h"
 #include "system/Locale.h"
+#include "system/OpenFile.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <filesystem>
 
 namespace quarnel {
 
@@ -95,12 +95,6 @@ std::optional<std::string> ValueIfSet(const CommandLine& commandLine, std::strin
     return commandLine.IsSet(option) ? std::optional(commandLine.Value(option)) : std::nullopt;
 }
 
-/// A slip of the fingers must not put a project in the place of a logger's file.
-bool IsSameFile(const std::string& a, const std::string& b) {
-    std::error_code missing;
-    return std::filesystem::equivalent(a, b, missing);
-}
-
 std::string TakeFiles(const CommandLine& commandLine, ImportRequest& request) {
     const std::vector<std::string> files = commandLine.Files();
     if (files.size() != 1)
@@ -118,6 +112,7 @@ std::string TakeFiles(const CommandLine& commandLine, ImportRequest& request) {
     request.barometer = commandLine.Value("barometer");
     if (commandLine.IsSet("barometer") && request.barometer.empty())
         return "No barometer file is named (--barometer).";
+    // A slip of the fingers must not put a project in the place of a logger's file.
     if (IsSameFile(request.out, request.file) || IsSameFile(request.out, request.barometer))
         return "The project needs a file of its own.";
     return "";

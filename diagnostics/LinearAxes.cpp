@@ -155,8 +155,8 @@ void LinearAxes::DrawFrame(const std::string& xTitle, const std::string& yTitle,
     drawing_.labels.back().maxWidth = drawing_.width;
 }
 
-void LinearAxes::Line(double x1, double y1, double x2, double y2, DrawingColour colour, double width,
-                      bool dashed) {
+void LinearAxes::Line(double x1, double y1, double x2, double y2, DrawingColour colour,
+                      double width, bool dashed) {
     for (const double value : {x1, y1, x2, y2})
         if (!std::isfinite(value))
             return;

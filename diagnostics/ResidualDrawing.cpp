@@ -46,8 +46,8 @@ LinearAxes::Range LevelRange(const Series& series) {
 void DrawLineOver(LinearAxes& axes, const TimeScale& scale, double intercept, double slope,
                   double fromSec, double toSec, bool isSegment) {
     axes.Line(scale.FromSec(fromSec), intercept + slope * fromSec, scale.FromSec(toSec),
-              intercept + slope * toSec, isSegment ? DrawingColour::Grey : DrawingColour::Red, LineWidth,
-              isSegment);
+              intercept + slope * toSec, isSegment ? DrawingColour::Grey : DrawingColour::Red,
+              LineWidth, isSegment);
 }
 
 void DrawBothSegments(LinearAxes& axes, const TimeScale& scale, const TwoSegments& segments) {
@@ -78,7 +78,8 @@ void DrawReadingStep(LinearAxes& axes, const TimeScale& scale, const FittedLine&
         const double width = (axes.X().high - axes.X().low) / CurvePieces;
         for (int i = 0; i < CurvePieces; ++i) {
             const double from = axes.X().low + i * width;
-            axes.Line(from, at(from), from + width, at(from + width), DrawingColour::Grey, ThinWidth);
+            axes.Line(from, at(from), from + width, at(from + width), DrawingColour::Grey,
+                      ThinWidth);
         }
     }
 }

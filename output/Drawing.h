@@ -11,8 +11,8 @@ inline constexpr double TwipsPerInch = 1440;
 inline constexpr double TwipsPerPoint = 20;
 
 /// What a stroke is drawn in. Ink, Grid, Grey and Band follow the surface (text colour, a pale
-/// line, one between both, an area that points stand out from); Red (255, 0, 0) and Blue (0, 0, 255)
-/// are the same on every surface.
+/// line, one between both, an area that points stand out from); Red (255, 0, 0) and Blue (0, 0,
+/// 255) are the same on every surface.
 enum class DrawingColour { Ink, Grid, Red, Blue, Grey, Band };
 
 enum class Across { Left, Centre, Right };
@@ -55,7 +55,7 @@ struct DrawingLabel {
 
 /// What a layout makes and a painter paints, on screen, on paper or into a picture.
 struct Drawing {
-    double width = 0, height = 0; ///< of the surface
+    double width = 0, height = 0;   ///< of the surface
     std::vector<DrawingArea> areas; ///< below everything else
     std::vector<DrawingLine> lines;
     std::vector<DrawingCircle> circles;

@@ -128,10 +128,10 @@ void PlotMaker::DrawHeadRange() {
         if (edge >= low_ && edge <= low_ + range_)
             Line(layout_.left, LogY(edge), Right(), LogY(edge), DrawingColour::Grey, EdgeWidth);
     DrawingLabel& label = Label(Right() - LabelGap, (top + bottom) / 2,
-                             IsScreenAtWaterTable(*contents_.well)
-                                 ? "0.20-0.30 of H0 (meant for screens below the water table)"
-                                 : "0.20-0.30 of H0",
-                             Across::Right, Along::Middle);
+                                IsScreenAtWaterTable(*contents_.well)
+                                    ? "0.20-0.30 of H0 (meant for screens below the water table)"
+                                    : "0.20-0.30 of H0",
+                                Across::Right, Along::Middle);
     label.points = HeadRangePoints;
     label.maxWidth = layout_.plotWidth - 2 * LabelGap;
     label.maxHeight = bottom - top;

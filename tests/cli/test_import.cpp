@@ -170,6 +170,14 @@ TEST_F(CliImportTest, ProjectMayTakeItsOwnPlace) {
     EXPECT_EQ(Imported().RecDatPreSlugHeadText, "500");
 }
 
+TEST_F(CliImportTest, FileThatIsNoProjectIsKeptBesideTheNewOne) {
+    WriteBytes("out.qn2", "field notes");
+    ImportJson(Case("solinst_csv_old.csv"), {},
+               "out.qn2: The file that was there is kept as out.qn2.bak.\n");
+    EXPECT_EQ(ReadBytes("out.qn2.bak"), "field notes");
+    EXPECT_EQ(Imported().WellTestIDTxt[WellLabel], "MW-7");
+}
+
 TEST_F(CliImportTest, TableSaysWhatWasTaken) {
     WriteBytes("well.csv", ClockTable());
     const Outcome outcome = Import("well.csv");

@@ -16,7 +16,8 @@ TEST_F(CliUsageTest, HelpNamesEveryCommand) {
         EXPECT_EQ(outcome.status, 0);
         EXPECT_EQ(outcome.err, "");
         EXPECT_EQ(outcome.out.find("Usage: quarnel-cli COMMAND [options] FILE...\n"), 0U);
-        for (const char* command : {"analyze", "diagnose", "report", "plot", "import", "convert", "check"})
+        for (const char* command :
+             {"analyze", "diagnose", "report", "plot", "import", "convert", "check"})
             EXPECT_NE(outcome.out.find("\n  " + std::string(command) + " "), std::string::npos)
                 << command;
     }
@@ -43,9 +44,9 @@ TEST_F(CliUsageTest, EachCommandHasItsHelp) {
 TEST_F(CliUsageTest, HelpFitsATerminal) {
     for (const QStringList& arguments :
          {QStringList{Q("--help")}, QStringList{Q("analyze"), Q("-h")},
-          QStringList{Q("diagnose"), Q("-h")}, QStringList{Q("report"), Q("-h")}, QStringList{Q("plot"), Q("-h")},
-          QStringList{Q("import"), Q("-h")}, QStringList{Q("convert"), Q("-h")},
-          QStringList{Q("check"), Q("-h")}})
+          QStringList{Q("diagnose"), Q("-h")}, QStringList{Q("report"), Q("-h")},
+          QStringList{Q("plot"), Q("-h")}, QStringList{Q("import"), Q("-h")},
+          QStringList{Q("convert"), Q("-h")}, QStringList{Q("check"), Q("-h")}})
         for (const QString& line : Q(Run(arguments).out).split(Q("\n")))
             EXPECT_LE(line.size(), 80) << line.toStdString();
 }
