@@ -7,6 +7,7 @@
 #include "output/PlotWidget.h"
 #include "project/FixedLists.h"
 #include "project/Result.h"
+#include "widgets/ChoiceList.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
 #include "widgets/StaleLabel.h"
@@ -30,18 +31,6 @@ namespace {
 
 /// How much of the text's colour the grey of an old K keeps.
 constexpr double GreyPart = 0.6;
-
-template <std::size_t N>
-QComboBox* UnitList(const QString& name, const std::array<std::string_view, N>& units,
-                    const QString& toolTip, const QString& accessibleName, QWidget* parent) {
-    auto* list = new QComboBox(parent);
-    list->setObjectName(name);
-    for (const std::string_view unit : units)
-        list->addItem(ToQString(unit));
-    list->setToolTip(toolTip);
-    list->setAccessibleName(accessibleName);
-    return list;
-}
 
 /// What the circles of the plot mean, in words and in their colours.
 QLabel* BuildLegend(QWidget* parent) {
@@ -139,10 +128,10 @@ QBoxLayout* ComputePanel::BuildKDisplay() {
     ComputedKLabel->setMinimumWidth(
         QFontMetrics(bold).horizontalAdvance(QLatin1String("-1.23e-100")));
     const QString tip = tr("Unit in which K is shown; K is not computed again");
-    CmboKLengthUnits = UnitList(QStringLiteral("CmboKLengthUnits"), LengthUnitNames, tip,
-                                tr("Length unit of K"), this);
+    CmboKLengthUnits = MakeChoiceList(QStringLiteral("CmboKLengthUnits"), LengthUnitNames, tip,
+                                      tr("Length unit of K"));
     CmboKTimeUnits =
-        UnitList(QStringLiteral("CmboKTimeUnits"), TimeUnitNames, tip, tr("Time unit of K"), this);
+        MakeChoiceList(QStringLiteral("CmboKTimeUnits"), TimeUnitNames, tip, tr("Time unit of K"));
     connect(CmboKLengthUnits, &QComboBox::activated, this, &ComputePanel::ChooseKLength);
     connect(CmboKTimeUnits, &QComboBox::activated, this, &ComputePanel::ChooseKTime);
 

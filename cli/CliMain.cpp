@@ -18,7 +18,7 @@ struct Command {
     ExitStatus (*run)(const Words& words);
 };
 
-constexpr std::array<Command, 6> Commands = {{
+constexpr std::array<Command, 7> Commands = {{
     {"analyze", AnalyzeCommand},
     {"diagnose", DiagnoseCommand},
     {"report", ReportCommand},

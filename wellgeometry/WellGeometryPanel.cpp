@@ -5,6 +5,7 @@
 #include "wellgeometry/WellDimensions.h"
 #include "wellgeometry/WellGeometry.h"
 #include "wellgeometry/WellSectionPicture.h"
+#include "widgets/ChoiceList.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
 #include "widgets/TextBox.h"
@@ -91,12 +92,7 @@ void WellGeometryPanel::AddBox(int index, QGridLayout& grid, int row) {
 
 QComboBox* WellGeometryPanel::AddUnitList(const QString& name, const QString& accessibleName,
                                           int ProjectState::*unit, QGridLayout& grid) {
-    auto* list = new QComboBox(this);
-    list->setObjectName(name);
-    list->setAccessibleName(accessibleName);
-    list->setToolTip(accessibleName);
-    for (const std::string_view text : LengthUnitNames)
-        list->addItem(ToQString(text));
+    QComboBox* list = MakeChoiceList(name, LengthUnitNames, accessibleName, accessibleName);
     connect(list, &QComboBox::activated, this, [this, unit](int index) {
         state_.*unit = index;
         Q_EMIT Edited();
