@@ -26,26 +26,8 @@ const QString PrinterStopped =
                    "when it is started again.");
 const QString NoRoom = QStringLiteral("there is no room for its pages in the folder %1");
 
-bool SaveAsPdf(QWidget* parent, const QString& title, const PagesFor& pagesFor) {
-    if (!AskYesNo(parent, NoPrinterQuestion))
-        return false;
-    const QString path = ChooseNameToSave(
-        parent, QStringLiteral("Save As PDF"),
-        {QStringLiteral("PDF (*.pdf)(*.pdf)"), QStringLiteral("All Files (*.*)(*)")});
-    if (path.isEmpty())
-        return false;
-    FileFailure failure = FileFailure::OutOfMemory;
-    {
-        const BusyPointer busy;
-        const QByteArray bytes = PdfOfPages(PdfPageLayout(), title, pagesFor);
-        if (!bytes.isEmpty())
-            failure = SaveFileBytes(ToUtf8(path),
-                                    {bytes.constData(), static_cast<std::size_t>(bytes.size())});
-    }
-    if (failure == FileFailure::None)
-        return true;
-    ShowMessage(parent, ToQString(FileErrorMessage(failure)));
-    return false;
+bool SaveAsPdfInstead(QWidget* parent, const QString& title, const PagesFor& pagesFor) {
+    return AskYesNo(parent, NoPrinterQuestion) && SaveDocumentAsPdf(parent, title, pagesFor);
 }
 
 /// The printer's own sheet and all of it that the printer can reach: by itself Qt takes the
@@ -86,10 +68,30 @@ bool IsStopped(const QString& printerName) {
 
 } // namespace
 
+bool SaveDocumentAsPdf(QWidget* parent, const QString& title, const PagesFor& pagesFor) {
+    const QString path = ChooseNameToSave(
+        parent, QStringLiteral("Save As PDF"),
+        {QStringLiteral("PDF (*.pdf)(*.pdf)"), QStringLiteral("All Files (*.*)(*)")});
+    if (path.isEmpty())
+        return false;
+    FileFailure failure = FileFailure::OutOfMemory;
+    {
+        const BusyPointer busy;
+        const QByteArray bytes = PdfOfPages(PdfPageLayout(), title, pagesFor);
+        if (!bytes.isEmpty())
+            failure = SaveFileBytes(ToUtf8(path),
+                                    {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    }
+    if (failure == FileFailure::None)
+        return true;
+    ShowMessage(parent, ToQString(FileErrorMessage(failure)));
+    return false;
+}
+
 bool PrintDocument(QWidget* parent, const QString& title, const PagesFor& pagesFor) {
     const QPrinterInfo info = QPrinterInfo::defaultPrinter();
     if (info.isNull())
-        return SaveAsPdf(parent, title, pagesFor);
+        return SaveAsPdfInstead(parent, title, pagesFor);
     const QString name = info.printerName();
     if (const auto failure = FailureOfPrinting(info, title, pagesFor)) {
         const QString reason =
