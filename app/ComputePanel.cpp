@@ -204,6 +204,10 @@ void ComputePanel::UseOnly(const std::vector<std::size_t>& points) {
     Q_EMIT Edited();
 }
 
+void ComputePanel::AddToPlotMenu(QAction* action) {
+    Plot1->addAction(action);
+}
+
 void ComputePanel::ShowComputation() {
     Plot1->ShowComputation(analysis_.computation);
     ShowK();
