@@ -6,7 +6,9 @@
 #include <QMainWindow>
 #include <QTabBar>
 #include <array>
+#include <cstddef>
 #include <string>
+#include <vector>
 
 class QDialog;
 class QLabel;
@@ -17,6 +19,7 @@ namespace quarnel {
 
 class ComputePanel;
 class ComputedYFrm;
+class DiagnosticsFrm;
 class Panel;
 class PrtPlotFrm;
 class PrtResults;
@@ -84,6 +87,10 @@ private:
     void Write(const std::string& path);
     void Exit();
     void About();
+    /// Opens the window "Diagnostics", which is made when it is first asked for.
+    void ShowDiagnostics();
+    /// Marks these points of the computation (counted from 0) Use and all others Ignore.
+    void UseOnly(const std::vector<std::size_t>& points);
     /// Whether the user confirms the end of the program.
     bool ConfirmExit();
 
@@ -105,6 +112,7 @@ private:
     PrtResults* prtResults_ = nullptr;
     PrtPlotFrm* prtPlotFrm_ = nullptr;
     ComputedYFrm* computedYFrm_ = nullptr;
+    DiagnosticsFrm* diagnostics_ = nullptr; ///< null until it is first asked for
 };
 
 } // namespace quarnel

@@ -224,6 +224,10 @@ void ComputePanel::changeEvent(QEvent* event) {
         MakeGrey();
 }
 
+void ComputePanel::AddToPlotMenu(QAction* action) {
+    Plot1->addAction(action);
+}
+
 void ComputePanel::ShowComputation() {
     Plot1->ShowComputation(analysis_.computation);
     ShowK();
