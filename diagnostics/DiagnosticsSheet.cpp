@@ -26,7 +26,7 @@ constexpr double CellGap = 240;
 constexpr double RuleWidth = 10;
 constexpr double ThinRule = 6;
 constexpr double FootHeight = 420;
-constexpr double PictureHeight = 3700;
+constexpr double PictureHeight = 3300;
 
 double LineHeight(double points) {
     return ArialHeight(points) * Leading;
