@@ -25,7 +25,7 @@ constexpr double CellGap = 240;
 constexpr double RuleWidth = 10;
 constexpr double ThinRule = 6;
 constexpr double FootHeight = 420;
-constexpr double PictureHeight = 3700;
+constexpr double PictureHeight = 3300;
 
 double Inset(double margin, double extent) {
     return std::min(std::max(0.0, PaperEdge - margin), extent * MostInset);

@@ -35,6 +35,7 @@ Paper PaperOfSize(double width, double height) {
     Paper paper;
     paper.printableWidth = width;
     paper.printableHeight = height;
+    paper.marginLeft = paper.marginTop = paper.marginRight = paper.marginBottom = 360;
     return paper;
 }
 
