@@ -35,8 +35,8 @@ constexpr double GreyPart = 0.6;
 /// What the circles of the plot mean, in words and in their colours.
 QLabel* BuildLegend(QWidget* parent) {
     auto* legend = new QLabel(
-        ComputePanel::tr("<span style='color:#ff0000'>\u25cb</span> used in the fit &nbsp; "
-                         "<span style='color:#0000ff'>\u25cb</span> not used"),
+        QStringLiteral("<span style='color:#ff0000'>\u25cb</span> used in the fit &nbsp; "
+                       "<span style='color:#0000ff'>\u25cb</span> not used"),
         parent);
     legend->setTextFormat(Qt::RichText);
     return legend;
@@ -92,11 +92,13 @@ QWidget* ComputePanel::BuildMarkSide() {
     layout->setContentsMargins(0, 0, 0, 0);
     RecDatWeightGrid = new UseIgnoreGrid(analysis_.state, analysis_.working, marks_, side);
     connect(RecDatWeightGrid, &UseIgnoreGrid::MarksChanged, this, &ComputePanel::Edited);
-    const QString keys = tr("Select cells of the Criteria column, then press U (capital) for Use, "
-                            "I (capital) for Ignore, or the space bar to turn them over.");
+    const QString keys =
+        QStringLiteral("Select cells of the Criteria column, then press U (capital) for Use, "
+                       "I (capital) for Ignore, or the space bar to turn them over.");
     RecDatWeightGrid->setToolTip(keys);
     layout->addWidget(RecDatWeightGrid, 1);
-    auto* hint = new QLabel(tr("Shift+U: Use   Shift+I: Ignore   Space: the other"), side);
+    auto* hint =
+        new QLabel(QStringLiteral("Shift+U: Use   Shift+I: Ignore   Space: the other"), side);
     hint->setToolTip(keys);
     hint->setWordWrap(true);
     layout->addWidget(hint);
@@ -112,12 +114,12 @@ QPushButton* ComputePanel::AddCommand(const QString& name, const QString& text,
 }
 
 QBoxLayout* ComputePanel::BuildKDisplay() {
-    auto* caption = new QLabel(tr("K ="), this);
-    caption->setToolTip(tr("Hydraulic conductivity"));
+    auto* caption = new QLabel(QStringLiteral("K ="), this);
+    caption->setToolTip(QStringLiteral("Hydraulic conductivity"));
     ComputedKLabel = new QLabel(this);
     ComputedKLabel->setObjectName(QStringLiteral("ComputedKLabel"));
-    ComputedKLabel->setAccessibleName(tr("Hydraulic conductivity"));
-    ComputedKLabel->setToolTip(tr("Hydraulic conductivity K in the chosen units"));
+    ComputedKLabel->setAccessibleName(QStringLiteral("Hydraulic conductivity"));
+    ComputedKLabel->setToolTip(QStringLiteral("Hydraulic conductivity K in the chosen units"));
     ComputedKLabel->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     ComputedKLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
     ComputedKLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -127,11 +129,11 @@ QBoxLayout* ComputePanel::BuildKDisplay() {
     ComputedKLabel->setMargin(3);
     ComputedKLabel->setMinimumWidth(
         QFontMetrics(bold).horizontalAdvance(QLatin1String("-1.23e-100")));
-    const QString tip = tr("Unit in which K is shown; K is not computed again");
+    const QString tip = QStringLiteral("Unit in which K is shown; K is not computed again");
     CmboKLengthUnits = MakeChoiceList(QStringLiteral("CmboKLengthUnits"), LengthUnitNames, tip,
-                                      tr("Length unit of K"));
-    CmboKTimeUnits =
-        MakeChoiceList(QStringLiteral("CmboKTimeUnits"), TimeUnitNames, tip, tr("Time unit of K"));
+                                      QStringLiteral("Length unit of K"));
+    CmboKTimeUnits = MakeChoiceList(QStringLiteral("CmboKTimeUnits"), TimeUnitNames, tip,
+                                    QStringLiteral("Time unit of K"));
     connect(CmboKLengthUnits, &QComboBox::activated, this, &ComputePanel::ChooseKLength);
     connect(CmboKTimeUnits, &QComboBox::activated, this, &ComputePanel::ChooseKTime);
 
@@ -145,15 +147,16 @@ QBoxLayout* ComputePanel::BuildKDisplay() {
 }
 
 QBoxLayout* ComputePanel::BuildCommands() {
-    CmdComputeK =
-        AddCommand(QStringLiteral("CmdComputeK"), tr("Compute K/ Plot"),
-                   tr("Fit a line to the points marked Use, compute K and draw the plot"));
-    CmdDetails = AddCommand(QStringLiteral("CmdDetails"), tr("Details"),
-                            tr("Show every quantity of the computation and the fitted Y values"));
-    CmdPrintPlot =
-        AddCommand(QStringLiteral("CmdPrintPlot"), tr("Print"), tr("Print the plot on one page"));
-    CmdPrtSummary = AddCommand(QStringLiteral("CmdPrtSummary"), tr("Summary"),
-                               tr("Save or print the summary report"));
+    CmdComputeK = AddCommand(
+        QStringLiteral("CmdComputeK"), QStringLiteral("Compute K/ Plot"),
+        QStringLiteral("Fit a line to the points marked Use, compute K and draw the plot"));
+    CmdDetails = AddCommand(
+        QStringLiteral("CmdDetails"), QStringLiteral("Details"),
+        QStringLiteral("Show every quantity of the computation and the fitted Y values"));
+    CmdPrintPlot = AddCommand(QStringLiteral("CmdPrintPlot"), QStringLiteral("Print"),
+                              QStringLiteral("Print the plot on one page"));
+    CmdPrtSummary = AddCommand(QStringLiteral("CmdPrtSummary"), QStringLiteral("Summary"),
+                               QStringLiteral("Save or print the summary report"));
     connect(CmdComputeK, &QPushButton::clicked, this, &ComputePanel::Compute);
     connect(CmdDetails, &QPushButton::clicked, this, &ComputePanel::DetailsRequested);
     connect(CmdPrintPlot, &QPushButton::clicked, this, &ComputePanel::PrintPlotRequested);
@@ -170,10 +173,10 @@ QBoxLayout* ComputePanel::BuildCommands() {
             inner->insertLayout(1, display);
         row->addWidget(group);
     };
-    addGroup(tr("Hydraulic Conductivity"), {CmdComputeK, CmdDetails}, BuildKDisplay());
+    addGroup(QStringLiteral("Hydraulic Conductivity"), {CmdComputeK, CmdDetails}, BuildKDisplay());
     row->addStretch(1);
-    addGroup(tr("Graph"), {CmdPrintPlot}, nullptr);
-    addGroup(tr("Print"), {CmdPrtSummary}, nullptr);
+    addGroup(QStringLiteral("Graph"), {CmdPrintPlot}, nullptr);
+    addGroup(QStringLiteral("Print"), {CmdPrtSummary}, nullptr);
     return row;
 }
 
