@@ -160,8 +160,11 @@ DiagnosticsSheet::Strip DiagnosticsSheet::RowStrip(const TextRow& row,
     Strip strip;
     double x = left_;
     for (std::size_t i = 0; i < row.size(); ++i) {
+        // A column is as wide as its widest text on one line, where letters may stand closer than
+        // one by one.
+        const bool fits = bold || measure_.Width(row[i], TextPoints) <= widths[i];
         const std::vector<std::string> lines =
-            bold ? std::vector<std::string>{row[i]}
+            fits ? std::vector<std::string>{row[i]}
                  : WrapText(row[i], TextPoints, widths[i], measure_);
         const bool isNumber = hasNumbers && i > 0;
         for (std::size_t line = 0; line < lines.size(); ++line) {
