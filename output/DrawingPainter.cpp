@@ -1,6 +1,7 @@
 #include "output/DrawingPainter.h"
 
 #include "output/FontMeasure.h"
+#include "widgets/QtTexts.h"
 
 #include <algorithm>
 #include <cmath>
@@ -35,7 +36,7 @@ QColor ColourOf(DrawingColour colour, const Inks& inks) {
 }
 
 QString TextOf(const DrawingLabel& label) {
-    return QString::fromUtf8(label.text.data(), static_cast<qsizetype>(label.text.size()));
+    return ToQString(label.text);
 }
 
 QFont PaintingFont(const QPainter& painter, const Inks& inks) {

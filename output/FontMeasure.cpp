@@ -1,6 +1,7 @@
 #include "output/FontMeasure.h"
 
 #include "output/Drawing.h"
+#include "widgets/QtTexts.h"
 
 namespace quarnel {
 
@@ -26,8 +27,7 @@ FontMeasure::FontMeasure(const QFont& font)
     , bold_(MetricsOf(font, true)) {}
 
 double FontMeasure::Width(std::string_view text, double points, bool bold) const {
-    const QString characters = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-    return WidthEms(characters, bold) * points * TwipsPerPoint;
+    return WidthEms(ToQString(text), bold) * points * TwipsPerPoint;
 }
 
 double FontMeasure::Height(double points) const {
