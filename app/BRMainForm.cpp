@@ -175,6 +175,7 @@ void BRMainForm::BuildDialogs() {
     });
     connect(compute_, &ComputePanel::SummaryRequested, this, [this] { Open(prtResults_); });
     connect(prtResults_, &PrtResults::FileFailed, this, &BRMainForm::ShowStatus);
+    connect(prtPlotFrm_, &PrtPlotFrm::FileFailed, this, &BRMainForm::ShowStatus);
     connect(compute_, &ComputePanel::FileFailed, this, &BRMainForm::ShowStatus);
     connect(compute_, &ComputePanel::ComputationChanged, this, &BRMainForm::ShowComputation);
 }
@@ -460,6 +461,7 @@ void BRMainForm::ShowDiagnostics() {
         diagnostics_ = new DiagnosticsFrm(analysis_, this);
         MoveToCentre(diagnostics_);
         connect(diagnostics_, &DiagnosticsFrm::UseOnlyRequested, this, &BRMainForm::UseOnly);
+        connect(diagnostics_, &DiagnosticsFrm::FileFailed, this, &BRMainForm::ShowStatus);
     }
     Open(diagnostics_);
 }

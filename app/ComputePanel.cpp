@@ -79,7 +79,7 @@ QWidget* ComputePanel::BuildPlotSide() {
     auto* side = new QWidget(this);
     auto* layout = new QVBoxLayout(side);
     layout->setContentsMargins(0, 0, 0, 0);
-    Plot1 = new PlotWidget(side);
+    Plot1 = new PlotWidget(analysis_.file, side);
     connect(Plot1, &PlotWidget::FileFailed, this, &ComputePanel::FileFailed);
     layout->addWidget(Plot1, 1);
     layout->addWidget(BuildLegend(side), 0, Qt::AlignHCenter);

@@ -84,7 +84,8 @@ QWidget* DiagnosticsFrm::BuildHead() {
 QTabWidget* DiagnosticsFrm::BuildTabs() {
     windows_ = new HeadWindowsPageWidget;
     sensitivity_ = new SensitivityPageWidget;
-    residuals_ = new ResidualsPageWidget;
+    residuals_ = new ResidualsPageWidget(analysis_.file);
+    connect(residuals_, &ResidualsPageWidget::FileFailed, this, &DiagnosticsFrm::FileFailed);
     pages_ = {new StatisticsPageWidget, windows_, new ChecksPageWidget, sensitivity_, residuals_};
     tabs_ = new QTabWidget;
     tabs_->setObjectName(QStringLiteral("DiagnosticsTabs"));
@@ -273,12 +274,16 @@ void DiagnosticsFrm::Copy() {
         ToQString(TabText(TextsOfPage(page, *diagnostics_, Lines(), Percent()))));
 }
 
+OutputOwner DiagnosticsFrm::Owner() {
+    return {this, analysis_.file, [this](const QString& said) { Q_EMIT FileFailed(said); }};
+}
+
 void DiagnosticsFrm::Print() {
-    PrintDocument(this, Title, SheetPages(*diagnostics_, analysis_.state, Percent()));
+    PrintDocument(Owner(), Title, SheetPages(*diagnostics_, analysis_.state, Percent()));
 }
 
 void DiagnosticsFrm::SaveAsPdf() {
-    SaveDocumentAsPdf(this, Title, SheetPages(*diagnostics_, analysis_.state, Percent()));
+    SaveDocumentAsPdf(Owner(), Title, SheetPages(*diagnostics_, analysis_.state, Percent()));
 }
 
 } // namespace quarnel

@@ -2,6 +2,7 @@
 
 #include "diagnostics/DiagnosticsPages.h"
 #include "kcompute/Analysis.h"
+#include "output/OutputFile.h"
 
 #include <QDialog>
 #include <array>
@@ -39,6 +40,8 @@ public:
 Q_SIGNALS:
     /// The user wants "Use" for these points of the computation and "Ignore" for all others.
     void UseOnlyRequested(const std::vector<std::size_t>& points);
+    /// The sheet or a picture could not be written; `said` names its file.
+    void FileFailed(const QString& said);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -69,6 +72,7 @@ private:
     void MarkFirstSegment();
     void MarkSecondSegment();
     void Copy();
+    OutputOwner Owner();
     void Print();
     void SaveAsPdf();
 

@@ -17,23 +17,27 @@ constexpr int LeastCharacters = 45;
 
 } // namespace
 
-ResidualsPageWidget::ResidualsPageWidget()
+ResidualsPageWidget::ResidualsPageWidget(const FileOnDisk& project)
     : DiagnosticsPageWidget(QStringLiteral("DiagnosticsResiduals")) {
     segments_ = AddPicture(
-        QStringLiteral("SegmentsPlot"), QStringLiteral("ln Y against time with the fitted line"),
+        project, QStringLiteral("SegmentsPlot"),
+        QStringLiteral("ln Y against time with the fitted line"),
         QStringLiteral("ln Y against time: red points enter the fit, blue points do not; dashed, "
                        "two straight segments where they stand out. Right click to copy the "
                        "picture or to save it."));
     residuals_ = AddPicture(
-        QStringLiteral("ResidualPlot"), QStringLiteral("Residuals of the used points against time"),
+        project, QStringLiteral("ResidualPlot"),
+        QStringLiteral("Residuals of the used points against time"),
         QStringLiteral("What is left of ln Y beside the fitted line. Dashed: twice the standard "
                        "deviation. Grey curves: half a reading step. Right click to copy the "
                        "picture or to save it."));
 }
 
-DrawingWidget* ResidualsPageWidget::AddPicture(const QString& name, const QString& accessibleName,
+DrawingWidget* ResidualsPageWidget::AddPicture(const FileOnDisk& project, const QString& name,
+                                               const QString& accessibleName,
                                                const QString& toolTip) {
-    auto* picture = new DrawingWidget;
+    auto* picture = new DrawingWidget(project);
+    connect(picture, &DrawingWidget::FileFailed, this, &ResidualsPageWidget::FileFailed);
     picture->setObjectName(name);
     picture->setAccessibleName(accessibleName);
     picture->setToolTip(toolTip);

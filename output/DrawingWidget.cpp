@@ -1,9 +1,9 @@
 #include "output/DrawingWidget.h"
 
 #include "output/DrawingPainter.h"
+#include "output/OutputFile.h"
 #include "output/PlotExport.h"
 #include "widgets/MessageBoxes.h"
-#include "widgets/QtTexts.h"
 
 #include <QAction>
 #include <QApplication>
@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <string>
 
 namespace quarnel {
 
@@ -76,8 +77,9 @@ Inks InksOf(const QPalette& palette) {
 
 } // namespace
 
-DrawingWidget::DrawingWidget(QWidget* parent)
-    : QFrame(parent) {
+DrawingWidget::DrawingWidget(const FileOnDisk& project, QWidget* parent)
+    : QFrame(parent)
+    , project_(project) {
     setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
@@ -182,15 +184,9 @@ void DrawingWidget::SaveAsPicture() {
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return;
     const QString path = dialog.selectedFiles().constFirst();
-    FileFailure failure = FileFailure::None;
-    {
-        const BusyPointer busy;
-        failure = ExportPlot(drawing_, ToUtf8(path));
-    }
-    if (failure == FileFailure::None)
-        return;
-    Q_EMIT FileFailed(QStringLiteral("Not saved: ") + path);
-    ShowMessage(this, ToQString(FileErrorMessage(failure)));
+    SaveOutput({this, project_, [this](const QString& said) { Q_EMIT FileFailed(said); }},
+               QStringLiteral("plot"), path,
+               [this](const std::string& name) { return ExportPlot(drawing_, name); });
 }
 
 } // namespace quarnel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "output/PlotDrawing.h"
+#include "project/FileOnDisk.h"
 
 #include <QFrame>
 #include <functional>
@@ -17,7 +18,8 @@ public:
     /// Makes the drawing for an area of the given size in twips.
     using DrawFor = std::function<Drawing(double areaWidth, double areaHeight)>;
 
-    explicit DrawingWidget(QWidget* parent = nullptr);
+    /// `project` is the open project, whose file no picture may replace.
+    explicit DrawingWidget(const FileOnDisk& project, QWidget* parent = nullptr);
 
     /// Shows what `draw` makes, or without one only `sentence`.
     void Show(DrawFor draw, const QString& sentence);
@@ -47,6 +49,7 @@ private:
     void Copy();
     void SaveAsPicture();
 
+    const FileOnDisk& project_;
     DrawFor draw_;
     QString sentence_;
     Drawing drawing_;

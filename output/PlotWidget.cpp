@@ -14,8 +14,8 @@ constexpr int UsualHeight = 6500;
 
 } // namespace
 
-PlotWidget::PlotWidget(QWidget* parent)
-    : DrawingWidget(parent) {
+PlotWidget::PlotWidget(const FileOnDisk& project, QWidget* parent)
+    : DrawingWidget(project, parent) {
     setObjectName(QStringLiteral("Plot1"));
     setAccessibleName(QStringLiteral("Plot of Y against time"));
     setToolTip(QStringLiteral(

@@ -10,7 +10,7 @@ namespace quarnel {
 class PlotWidget : public DrawingWidget {
     Q_OBJECT
 public:
-    explicit PlotWidget(QWidget* parent = nullptr);
+    explicit PlotWidget(const FileOnDisk& project, QWidget* parent = nullptr);
 
     /// Shows the plot of a computation, or with none an empty area that says how to get one.
     void ShowComputation(ComputationPtr computation);

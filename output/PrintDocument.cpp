@@ -10,6 +10,7 @@
 #include <QPageLayout>
 #include <cstddef>
 #include <optional>
+#include <string>
 
 namespace quarnel {
 
@@ -26,8 +27,8 @@ const QString PrinterStopped =
                    "when it is started again.");
 const QString NoPages = QStringLiteral("its pages could not be made");
 
-bool SaveAsPdfInstead(QWidget* parent, const QString& title, const PagesFor& pagesFor) {
-    return AskYesNo(parent, NoPrinterQuestion) && SaveDocumentAsPdf(parent, title, pagesFor);
+bool SaveAsPdfInstead(const OutputOwner& owner, const QString& title, const PagesFor& pagesFor) {
+    return AskYesNo(owner.window, NoPrinterQuestion) && SaveDocumentAsPdf(owner, title, pagesFor);
 }
 
 /// The printer's own sheet and all of it that the printer can reach.
@@ -54,37 +55,31 @@ std::optional<QString> FailureOfPrinting(const Printer& printer, const QString& 
 
 } // namespace
 
-bool SaveDocumentAsPdf(QWidget* parent, const QString& title, const PagesFor& pagesFor) {
+bool SaveDocumentAsPdf(const OutputOwner& owner, const QString& title, const PagesFor& pagesFor) {
     const QString path = ChooseNameToSave(
-        parent, QStringLiteral("Save As PDF"),
+        owner.window, QStringLiteral("Save As PDF"),
         {QStringLiteral("PDF (*.pdf)(*.pdf)"), QStringLiteral("All Files (*.*)(*)")});
     if (path.isEmpty())
         return false;
-    FileFailure failure = FileFailure::OutOfMemory;
-    {
-        const BusyPointer busy;
+    return SaveOutput(owner, QStringLiteral("PDF"), path, [&](const std::string& name) {
         const QByteArray bytes = PdfOfPages(PdfPageLayout(), title, pagesFor);
-        if (!bytes.isEmpty())
-            failure = SaveFileBytes(ToUtf8(path),
-                                    {bytes.constData(), static_cast<std::size_t>(bytes.size())});
-    }
-    if (failure == FileFailure::None)
-        return true;
-    ShowMessage(parent, ToQString(FileErrorMessage(failure)));
-    return false;
+        if (bytes.isEmpty())
+            return FileFailure::OutOfMemory;
+        return SaveFileBytes(name, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    });
 }
 
-bool PrintDocument(QWidget* parent, const QString& title, const PagesFor& pagesFor) {
+bool PrintDocument(const OutputOwner& owner, const QString& title, const PagesFor& pagesFor) {
     const std::optional<Printer> printer = DefaultPrinter();
     if (!printer)
-        return SaveAsPdfInstead(parent, title, pagesFor);
+        return SaveAsPdfInstead(owner, title, pagesFor);
     const QString name = ToQString(printer->name);
     if (const auto failure = FailureOfPrinting(*printer, title, pagesFor)) {
-        ShowMessage(parent, PrintingFailed.arg(name, title, *failure));
+        ShowMessage(owner.window, PrintingFailed.arg(name, title, *failure));
         return false;
     }
     if (IsStopped(*printer))
-        ShowMessage(parent, PrinterStopped.arg(name, title));
+        ShowMessage(owner.window, PrinterStopped.arg(name, title));
     return true;
 }
 

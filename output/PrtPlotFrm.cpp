@@ -63,9 +63,10 @@ void PrtPlotFrm::ShowState() {
 }
 
 void PrtPlotFrm::Print() {
-    const bool done =
-        PrintDocument(this, QStringLiteral("Slug test plot"),
-                      [this](const Paper& paper) { return PlotPages(analysis_, paper); });
+    const bool done = PrintDocument(
+        {this, analysis_.file, [this](const QString& said) { Q_EMIT FileFailed(said); }},
+        QStringLiteral("Slug test plot"),
+        [this](const Paper& paper) { return PlotPages(analysis_, paper); });
     if (done)
         hide();
 }

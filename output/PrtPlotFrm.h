@@ -20,6 +20,10 @@ public:
     void ShowState();
     void ShowStale(bool stale);
 
+Q_SIGNALS:
+    /// The page could not be written; `said` names its file.
+    void FileFailed(const QString& said);
+
 private:
     void Print();
 

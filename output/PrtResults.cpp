@@ -7,9 +7,7 @@
 #include "output/SummaryReport.h"
 #include "project/Files.h"
 #include "project/ProjectFileDialogs.h"
-#include "system/OpenFile.h"
 #include "system/ReplaceFile.h"
-#include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
 #include "widgets/StaleLabel.h"
 
@@ -19,6 +17,7 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 #include <cstddef>
+#include <string>
 
 namespace quarnel {
 
@@ -76,6 +75,10 @@ void PrtResults::Carry() {
         SendToPrinter();
 }
 
+OutputOwner PrtResults::Owner() {
+    return {this, analysis_.file, [this](const QString& said) { Q_EMIT FileFailed(said); }};
+}
+
 void PrtResults::SaveToFile() {
     const QString path = ChooseNameToSave(this, QStringLiteral("Save the Results"),
                                           {QStringLiteral("Quarnel 2 (*.res)(*.res)"),
@@ -83,25 +86,13 @@ void PrtResults::SaveToFile() {
                                            QStringLiteral("All Files (*.*)(*)")});
     if (path.isEmpty())
         return;
-    // A slip of the fingers must not put a report in the place of the project.
-    if (IsSameFile(ToUtf8(path), analysis_.file.CurrentProjectFile)) {
-        ShowMessage(this, QStringLiteral("The report needs a file of its own."));
-        return;
-    }
-    FileFailure failure = FileFailure::None;
-    {
-        const BusyPointer busy;
-        failure =
-            SaveFileBytes(ToUtf8(path), ReportBytes(analysis_.state, analysis_.computation.get()));
-    }
-    if (failure == FileFailure::None)
-        return;
-    Q_EMIT FileFailed(QStringLiteral("Not saved: ") + path);
-    ShowMessage(this, ToQString(FileErrorMessage(failure)));
+    SaveOutput(Owner(), QStringLiteral("report"), path, [this](const std::string& name) {
+        return SaveFileBytes(name, ReportBytes(analysis_.state, analysis_.computation.get()));
+    });
 }
 
 void PrtResults::SendToPrinter() {
-    PrintDocument(this, QStringLiteral("Slug test summary"),
+    PrintDocument(Owner(), QStringLiteral("Slug test summary"),
                   [this](const Paper& paper) { return SummaryReportPages(analysis_, paper); });
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kcompute/Analysis.h"
+#include "output/OutputFile.h"
 
 #include <QDialog>
 #include <array>
@@ -28,6 +29,7 @@ Q_SIGNALS:
 private:
     void ShowChoice();
     void Carry();
+    OutputOwner Owner();
     void SaveToFile();
     void SendToPrinter();
 

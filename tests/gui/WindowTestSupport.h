@@ -138,22 +138,23 @@ private:
     /// answer brings up would be seen.
     void Look() {
         QWidget* modal = QApplication::activeModalWidget();
-        if (modal == nullptr || !modal->isVisible() || modal == working_)
+        if (modal == nullptr || !modal->isVisible() || working_.contains(modal))
             return;
-        working_ = modal;
+        working_.append(modal);
         QMetaObject::invokeMethod(
-            this, [this, modal = QPointer<QWidget>(modal)] { Answer(modal); },
+            this,
+            [this, modal = QPointer<QWidget>(modal), working = modal] {
+                Answer(modal);
+                working_.removeOne(working);
+            },
             Qt::QueuedConnection);
     }
 
     void Answer(const QPointer<QWidget>& modal) {
-        if (modal) {
-            if (steps_.isEmpty())
-                Dismiss(*modal);
-            else
-                steps_.dequeue()(*modal);
-        }
-        working_.clear();
+        if (modal && steps_.isEmpty())
+            Dismiss(*modal);
+        else if (modal)
+            steps_.dequeue()(*modal);
     }
 
     void Dismiss(QWidget& modal) {
@@ -170,7 +171,9 @@ private:
     void Complain(const QString& complaint) { complaints_.append(complaint); }
 
     QTimer timer_;
-    QPointer<QWidget> working_;
+    /// Those whose answer is under way: one that has just asked something of its own is not to be
+    /// answered again when that box closes.
+    QList<const QWidget*> working_;
     QQueue<std::function<void(QWidget&)>> steps_;
     QStringList complaints_;
 };

@@ -693,6 +693,27 @@ private Q_SLOTS:
             QVERIFY2(text.contains(part), qPrintable(part + u" in\n"_s + text));
     }
 
+    void TheSheetNeverReplacesTheProject() {
+        DiagnosticsProgram program;
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(u"own.pdf"_s);
+        QVERIFY(QFile::copy(QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2"),
+                            path));
+        program.Window().OpenPath(path);
+        program.ClickTab(5);
+        program.Compute();
+        program.ShowDiagnostics();
+        Answers answers;
+        answers.FileName(path)
+            .BoxAbout(u"own.pdf"_s, QMessageBox::Yes)
+            .Box(u"Quarnel"_s, u"The PDF needs a file of its own."_s);
+        program.Click("DiagnosticsSavePdf");
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QVERIFY(file.readLine().contains("QUARNEL PROJECT FILE"));
+    }
+
     void PrintingWithoutAPrinterOffersAPdf() {
         DiagnosticsProgram program(Falling(8));
         program.Compute();

@@ -184,6 +184,24 @@ private Q_SLOTS:
         QVERIFY(QApplication::overrideCursor() == nullptr);
     }
 
+    void APictureNeverReplacesItsProject() {
+        PlotProgram program;
+        const QString path = folder_->filePath(u"own.svg"_s);
+        QVERIFY(QFile::copy(QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2"),
+                            path));
+        program.Window().OpenPath(path);
+        const QByteArray before = FileBytes(path);
+        program.ClickTab(5);
+        program.Compute();
+        Answers answers;
+        answers.FileName(path)
+            .BoxAbout(u"own.svg"_s, QMessageBox::Yes)
+            .Box(u"Quarnel"_s, u"The plot needs a file of its own."_s);
+        program.ChooseInMenu("SavePlot");
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(FileBytes(path), before);
+    }
+
     void APictureThatCannotBeWrittenSaysWhy() {
         PlotProgram program;
         program.Compute();

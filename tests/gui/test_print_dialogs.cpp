@@ -240,6 +240,47 @@ private Q_SLOTS:
         QVERIFY(WordAt(boxes, u"Conductivity:"_s).y() > WordAt(boxes, u"0.00"_s).y());
     }
 
+    void APdfNeverReplacesItsProject() {
+        ComputedProgram program;
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(u"own.pdf"_s);
+        QVERIFY(QFile::copy(QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2"),
+                            path));
+        program.Window().OpenPath(path);
+        const QByteArray before = FileBytes(path);
+        program.ClickTab(5);
+        program.Press("CmdPrintPlot");
+        Answers answers;
+        answers.Box(u"Quarnel"_s, NoPrinter, QMessageBox::Yes);
+        answers.FileName(path)
+            .BoxAbout(u"own.pdf"_s, QMessageBox::Yes)
+            .Box(u"Quarnel"_s, u"The PDF needs a file of its own."_s);
+        PressIn(program.Plot(), "CmdPrtPlot");
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QVERIFY(program.Plot().isVisible());
+        QCOMPARE(FileBytes(path), before);
+    }
+
+    void TheStatusBarNamesAPdfThatCannotBeWritten() {
+        ComputedProgram program;
+        program.Press("CmdPrintPlot");
+        const QString gone = folder_.filePath(u"away"_s);
+        QVERIFY(QDir().mkpath(gone));
+        Answers answers;
+        answers.Box(u"Quarnel"_s, NoPrinter, QMessageBox::Yes);
+        answers.Dialog<QFileDialog>([gone](QFileDialog& dialog) {
+            auto* edit = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s);
+            edit->setText(gone + u"/p.pdf"_s);
+            QDir(gone).removeRecursively();
+            QTest::keyClick(edit, Qt::Key_Return);
+        });
+        answers.Box(u"Quarnel"_s, u"76 Path not found"_s);
+        PressIn(program.Plot(), "CmdPrtPlot");
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Find<QLabel>(u"StatusText"_s).text(),
+                 u"Not saved: "_s + gone + u"/p.pdf"_s);
+    }
+
     void PointsAndLineHaveTheirColoursOnThePage() {
         const QString path = folder_.filePath(u"plot.pdf"_s);
         const QString picture = folder_.filePath(u"page"_s);
