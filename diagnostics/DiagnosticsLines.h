@@ -15,8 +15,7 @@ namespace quarnel {
 /// A row of texts, one for each column.
 using TextRow = std::vector<std::string>;
 
-// ---- Texts that stand there whatever the numbers are
-// -----------------------------------------------
+// ---- Texts that stand there whatever the numbers are --------------------------------------------
 
 inline constexpr std::string_view NoComputationText = "Press Compute K/ Plot first.";
 inline constexpr std::string_view IntervalNote =
@@ -45,8 +44,7 @@ inline constexpr std::array<std::string_view, 5> DiagnosticsPageTitles = {
 /// What "Mark 0.20-0.30 as Use" says where fewer than three readings lie in the range.
 std::string TooFewToMarkText(std::size_t count);
 
-// ---- Numbers as the diagnostics show them
-// ----------------------------------------------------------
+// ---- Numbers as the diagnostics show them -------------------------------------------------------
 
 /// A change in percent: one decimal, with its sign; "0.0 %" of none.
 std::string ChangeText(double percent);

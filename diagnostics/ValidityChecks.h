@@ -61,8 +61,7 @@ std::vector<CheckFinding> ComputeChecks(const Computation& computation, const Te
                                         const std::vector<SensitivityEntry>& staticLevel,
                                         std::optional<double> readingStepCm);
 
-// ---- The rules alone, each on the quantities it compares
-// ------------------------------------------
+// ---- The rules alone, each on the quantities it compares ----------------------------------------
 
 bool IsLeRwAtEnd(double leOverRw);
 bool IsLeRwLow(double leOverRw);

@@ -12,8 +12,7 @@
 
 namespace quarnel {
 
-// ---- What a logger file holds
-// ---------------------------------------------------------------------
+// ---- What a logger file holds -------------------------------------------------------------------
 
 /// What a channel measures, told from its heading and unit.
 enum class ChannelKind { Level, DepthToWater, ChangeInHead, Pressure, Temperature, Other };
@@ -66,8 +65,7 @@ struct LoggerRecord {
     std::vector<LoggerChannel> channels; ///< each with at least one number, in the file's order
 };
 
-// ---- Reading
-// --------------------------------------------------------------------------------------
+// ---- Reading ------------------------------------------------------------------------------------
 
 /// Which of the first two numbers of a date like 03/05/2024 is the month.
 enum class DateOrder { MonthDay, DayMonth };
@@ -125,8 +123,7 @@ std::string OpenDateOrderMessage(std::string_view name);
 /// The last part of `path`, as messages show it.
 std::string FileNameOf(const std::string& path);
 
-// ---- Channels
-// ------------------------------------------------------------------------------------
+// ---- Channels -----------------------------------------------------------------------------------
 
 /// The kind told by a channel's heading and unit, case ignored: see LoggerRecord.cpp.
 ChannelKind KindOfChannel(std::string_view name, std::string_view unit);

@@ -50,8 +50,7 @@ bool TakeWord(std::string_view& rest, std::string_view lowerCaseWord) {
     return true;
 }
 
-// ---- Dates
-// ---------------------------------------------------------------------------------------
+// ---- Dates --------------------------------------------------------------------------------------
 
 /// The three numbers of a date as they stand.
 struct DateNumbers {
@@ -137,8 +136,7 @@ std::optional<std::int64_t> ValueOfDate(const DateNumbers& date, TimeForm form) 
     }
 }
 
-// ---- Clock times
-// ----------------------------------------------------------------------------------
+// ---- Clock times --------------------------------------------------------------------------------
 
 struct ClockTime {
     int hour = 0, minute = 0, second = 0, micros = 0;

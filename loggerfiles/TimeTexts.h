@@ -93,8 +93,7 @@ private:
 /// The same for a single time, or nothing where it is no date.
 std::optional<std::int64_t> TimeOfOpen(std::int64_t open, DateOrder order);
 
-// ---- Units of plain numbers
-// ----------------------------------------------------------------------
+// ---- Units of plain numbers ---------------------------------------------------------------------
 
 /// The unit that the heading of a time column names ("Time (min)", "s", "Elapsed time, hr").
 std::optional<TimeUnit> TimeUnitOfHeading(std::string_view heading);

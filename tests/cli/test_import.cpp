@@ -127,8 +127,7 @@ TEST_F(CliImportTest, ExampleIsWhatTheGuideSays) {
     EXPECT_EQ(AnalyzeOne(state, 0).value(Q("k")).toObject().value(Q("text")), Q("1.99"));
 }
 
-// ---- The project
-// -----------------------------------------------------------------------------------------
+// ---- The project --------------------------------------------------------------------------------
 
 TEST_F(CliImportTest, NewProjectHoldsReadingsWellAndDate) {
     ImportJson(Case("solinst_csv_old.csv"));
@@ -222,8 +221,7 @@ TEST_F(CliImportTest, ListShowsTheChannelsAndWritesNothing) {
                                "C  temperature\n");
 }
 
-// ---- Options
-// ---------------------------------------------------------------------------------------------
+// ---- Options ------------------------------------------------------------------------------------
 
 TEST_F(CliImportTest, ChannelIsCountedFromOne) {
     WriteBytes("two.csv", "Time (s),Level (m),Depth to water (ft)\n0,5,9\n1,5,9\n2,5,9\n3,5,9\n"
@@ -380,8 +378,7 @@ TEST_F(CliImportTest, LeftOutRowsAreToldAndDoNotFail) {
     EXPECT_EQ(Import("a.csv").err, told);
 }
 
-// ---- Properties
-// ------------------------------------------------------------------------------------------
+// ---- Properties ---------------------------------------------------------------------------------
 
 TEST_F(CliImportTest, ImportOfWhatWasImportedIsTheSame) {
     for (const char* name : {"diver_mon.mon", "solinst_xle.xle", "solinst_csv_old.csv"}) {

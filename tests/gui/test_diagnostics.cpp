@@ -654,8 +654,7 @@ private Q_SLOTS:
         QCOMPARE(program.Plot().grab().toImage(), offImage);
     }
 
-    // ---- Copy, paper
-    // -----------------------------------------------------------------------------
+    // ---- Copy, paper ----------------------------------------------------------------------------
 
     void EachPageIsCopiedAsText() {
         DiagnosticsProgram program(Falling(8));
@@ -727,8 +726,7 @@ private Q_SLOTS:
         QVERIFY2(answers.AllGiven(), answers.Complaints());
     }
 
-    // ---- Bad input
-    // -------------------------------------------------------------------------------
+    // ---- Bad input ------------------------------------------------------------------------------
 
     void EveryPageHasItsSentence_data() {
         QTest::addColumn<Readings>("readings");
@@ -774,8 +772,7 @@ private Q_SLOTS:
         QCOMPARE(ToQString(drawing.labels.front().text), u"2 points: no residuals."_s);
     }
 
-    // ---- Keys and sizes
-    // --------------------------------------------------------------------------
+    // ---- Keys and sizes -------------------------------------------------------------------------
 
     void KeysAloneDoAtTwiceTheFont() {
         const QFont usual = QApplication::font();

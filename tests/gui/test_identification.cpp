@@ -52,8 +52,7 @@ class TestIdentification : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    // ---- What the panels look like
-    // -----------------------------------------------------------------
+    // ---- What the panels look like --------------------------------------------------------------
 
     void EverySiteBoxHasItsLabelInItsFrame() {
         Program program;
@@ -121,8 +120,7 @@ private Q_SLOTS:
         QCOMPARE(QApplication::focusWidget()->objectName(), u"VolumeOfSlugText"_s);
     }
 
-    // ---- What they keep
-    // ----------------------------------------------------------------------------
+    // ---- What they keep -------------------------------------------------------------------------
 
     void AfterNewTheConsultantKeepsItsTextAndEveryOtherFieldIsEmpty() {
         Program program;

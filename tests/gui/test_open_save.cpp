@@ -126,8 +126,7 @@ class TestOpenSave : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    // ---- The dialogs
-    // -------------------------------------------------------------------------------
+    // ---- The dialogs ----------------------------------------------------------------------------
 
     void OpenDialogOffersTheThreeFileTypesAndOnlyExistingFiles() {
         FilesProgram program;
@@ -234,8 +233,7 @@ private Q_SLOTS:
         opens(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier, u"Save As"_s);
     }
 
-    // ---- Saving
-    // ------------------------------------------------------------------------------------
+    // ---- Saving ---------------------------------------------------------------------------------
 
     void SaveOnANewProjectBehavesAsSaveAs() {
         FilesProgram program;
@@ -517,8 +515,7 @@ private Q_SLOTS:
         QCOMPARE(program.Site(SiteCity).text(), u"Pratt, Kansas, \'98"_s);
     }
 
-    // ---- Rows of the grid
-    // --------------------------------------------------------------------------
+    // ---- Rows of the grid -----------------------------------------------------------------------
 
     void ARowWithOnlyATimeOrOnlyALevelIsKept() {
         FilesProgram program;
@@ -606,8 +603,7 @@ private Q_SLOTS:
         QCOMPARE(program.Marks(), QStringList({u"Ignore"_s, u"Use"_s, u"Use"_s}));
     }
 
-    // ---- Opening
-    // -----------------------------------------------------------------------------------
+    // ---- Opening --------------------------------------------------------------------------------
 
     void OpenFillsThePanelsAndTheTitle() {
         FilesProgram program;
@@ -725,8 +721,7 @@ private Q_SLOTS:
                  QStringList({u"pratt-county-1998.in"_s, u"pratt-county-1998.in.bak"_s}));
     }
 
-    // ---- Files given otherwise
-    // ---------------------------------------------------------------------
+    // ---- Files given otherwise ------------------------------------------------------------------
 
     void AFileDroppedOnAnyControlOpensAsOpenDoes() {
         FilesProgram program;

@@ -69,8 +69,7 @@ private Q_SLOTS:
         QVERIFY(folder_.isValid());
     }
 
-    // ---- Report
-    // ------------------------------------------------------------------------------------
+    // ---- Report ---------------------------------------------------------------------------------
 
     void AReportNeverReplacesItsProject() {
         ComputedProgram program;
@@ -187,8 +186,7 @@ private Q_SLOTS:
         QVERIFY(text.contains(u"354.9"_s));
     }
 
-    // ---- Plot
-    // --------------------------------------------------------------------------------------
+    // ---- Plot -----------------------------------------------------------------------------------
 
     void TitlesStayAfterCancelAndAfterTheFrame() {
         ComputedProgram program;

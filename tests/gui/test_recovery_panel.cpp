@@ -107,8 +107,7 @@ class TestRecoveryPanel : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    // ---- Typing
-    // ------------------------------------------------------------------------------------
+    // ---- Typing ---------------------------------------------------------------------------------
 
     void TypedCellsGoIntoTheStateAtOnce() {
         RecoveryProgram program;
@@ -181,8 +180,7 @@ private Q_SLOTS:
             QVERIFY2(isStop(name), name);
     }
 
-    // ---- Blocks
-    // ------------------------------------------------------------------------------------
+    // ---- Blocks ---------------------------------------------------------------------------------
 
     void CopyPutsExactlyTheBlockOnTheClipboard() {
         RecoveryProgram program;
@@ -329,8 +327,7 @@ private Q_SLOTS:
         QCOMPARE(program.Cell(1, TimeColumn), u"3"_s);
     }
 
-    // ---- Rows
-    // --------------------------------------------------------------------------------------
+    // ---- Rows -----------------------------------------------------------------------------------
 
     void DeletingAllRowsLeavesFiftyEmptyNumberedOnes() {
         RecoveryProgram program;
@@ -488,8 +485,7 @@ private Q_SLOTS:
         QCOMPARE(program.Cell(2, LevelColumn), u"x"_s);
     }
 
-    // ---- Check
-    // -------------------------------------------------------------------------------------
+    // ---- Check ----------------------------------------------------------------------------------
 
     void CheckDataShowsYInItsGrid() {
         RecoveryProgram program;
@@ -552,8 +548,7 @@ private Q_SLOTS:
         QCOMPARE(program.CheckGrid().model()->index(0, 1).data().toString(), QString());
     }
 
-    // ---- Headings
-    // ----------------------------------------------------------------------------------
+    // ---- Headings -------------------------------------------------------------------------------
 
     void HeadingsFollowTheListsInEveryGrid() {
         RecoveryProgram program;

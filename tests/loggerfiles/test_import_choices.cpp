@@ -28,8 +28,7 @@ Readings Surge(int moving) {
 
 } // namespace
 
-// ---- Start, end, static level
-// ----------------------------------------------------------------------------------
+// ---- Start, end, static level -------------------------------------------------------------------
 
 TEST(ImportChoices, TakesTheTestOutOfTheRecord) {
     const Plan plan = PlanImport(FileOf(SlugTest(20, -0.6, 120)), {});
@@ -210,8 +209,7 @@ TEST(ImportChoices, StaticSpanIsChosen) {
     EXPECT_EQ(PlanImport(FileOf(readings), choices)->staticRows, (RowSpan{0, 20}));
 }
 
-// ---- Channels and units
-// ----------------------------------------------------------------------------------------
+// ---- Channels and units -------------------------------------------------------------------------
 
 TEST(ImportChoices, ChannelIsChosenByKind) {
     const auto file = FileOf(SlugTest(20, -0.6, 120), "Temperature",

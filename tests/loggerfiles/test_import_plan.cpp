@@ -15,8 +15,7 @@ using Readings = std::vector<double>;
 
 } // namespace
 
-// ---- Faults of the file
-// ----------------------------------------------------------------------------------------
+// ---- Faults of the file -------------------------------------------------------------------------
 
 TEST(ImportPlan, FaultOfTheFileComesFirst) {
     const auto file = FileOf(SlugTest(20, -0.6, 120), "Level", "furlong");
@@ -49,8 +48,7 @@ TEST(ImportPlan, OpenDateOrderMustBeChosen) {
     EXPECT_TRUE(PlanImport(file, {})->CanBeImported());
 }
 
-// ---- Drift
-// -----------------------------------------------------------------------------------------------------
+// ---- Drift --------------------------------------------------------------------------------------
 
 TEST(ImportPlan, DriftAboveFivePercentIsTold) {
     // 0.001 m every 2 s before the test: 1.8 m per hour, and 0.119 m in the 238 s of the test.
@@ -82,8 +80,7 @@ TEST(ImportPlan, FallingLevelIsToldWithItsSign) {
     EXPECT_NE(MessageLines(*plan).find("moving by -1.8 m per hour"), std::string::npos);
 }
 
-// ---- Air pressure
-// ----------------------------------------------------------------------------------------------
+// ---- Air pressure -------------------------------------------------------------------------------
 
 namespace {
 
@@ -177,8 +174,7 @@ TEST(ImportPlan, PressureOverMoreThanTwoHoursAsksForABarometer) {
     EXPECT_EQ(plan(9000, "Level", "m"), "");
 }
 
-// ---- Thinning
-// --------------------------------------------------------------------------------------------------
+// ---- Thinning -----------------------------------------------------------------------------------
 
 TEST(ImportPlan, ThinningIsOfferedAboveTwoThousandRows) {
     EXPECT_FALSE(PlanImport(FileOf(SlugTest(20, -0.6, 2000)), {})->ThinningIsOffered());
@@ -201,8 +197,7 @@ TEST(ImportPlan, ThinnedRowsComeAlone) {
     EXPECT_EQ(plan->YAt(2), 5 - 4.514);
 }
 
-// ---- What the project gets
-// -------------------------------------------------------------------------------------
+// ---- What the project gets ----------------------------------------------------------------------
 
 TEST(ImportPlan, ProjectGetsReadingsAndNothingElse) {
     ProjectState state = SmallProject();
@@ -267,8 +262,7 @@ TEST(ImportPlan, PlainTimesHaveNoClockTime) {
               "120 of 140 readings, from 40 sec, static level 5 m, Rising head.");
 }
 
-// ---- Properties
-// ------------------------------------------------------------------------------------------------
+// ---- Properties ---------------------------------------------------------------------------------
 
 TEST(ImportPlan, ShiftingAllClockTimesChangesNothingButTheClockTime) {
     Random random(11);
