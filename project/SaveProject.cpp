@@ -31,7 +31,9 @@ bool MustBeKept(const SaveTarget& target, const FileOnDisk& file) {
 FileFailure KeepTarget(const SaveTarget& target, FileOnDisk& file, SaveReport& report) {
     if (!MustBeKept(target, file))
         return FileFailure::None;
-    if (file.keptAs.empty() || target.version != file.keptVersion) {
+    // A copy that somebody has removed since is made again.
+    if (file.keptAs.empty() || target.version != file.keptVersion ||
+        !TargetOf(file.keptAs).exists) {
         std::string name;
         const FileFailure failure = KeepFileBeside(target.path, name);
         if (failure != FileFailure::None)

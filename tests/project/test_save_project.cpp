@@ -305,4 +305,14 @@ TEST_F(SaveProject, NextTryNeedsNoSecondCopy) {
     EXPECT_EQ(Names(), (NameList{"a.in", "a.in.bak"}));
 }
 
+TEST_F(SaveProject, CopyThatIsGoneAtTheNextTryIsMadeAgain) {
+    Write(Path("a.in"), oldInput_);
+    Window window;
+    window.Open(Path("a.in"));
+    window.file.keptAs = Path("a.in.bak");
+    window.file.keptVersion = TargetOf(Path("a.in")).version;
+    window.SaveWell(Path("a.in"));
+    EXPECT_EQ(Read(Path("a.in.bak")), oldInput_);
+}
+
 } // namespace quarnel::test
