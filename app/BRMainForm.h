@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QTabBar>
 #include <array>
+#include <memory>
 #include <string>
 
 class QDialog;
@@ -19,6 +20,8 @@ class ComputePanel;
 class ComputedYFrm;
 class Panel;
 class PrtPlotFrm;
+struct ImportPlan;
+struct LoggerFile;
 class PrtResults;
 class RecoveryDataPanel;
 class WellGeometryPanel;
@@ -82,6 +85,16 @@ private:
     void SaveProject();
     void SaveProjectAs();
     void Write(const std::string& path);
+    /// Opens the project at `path` and says in the status bar whether it is one; nothing of the
+    /// analysis changes where it is none.
+    ReadReport ReadProject(const std::string& path);
+    void TakeDropped(const std::string& path);
+    void ImportReadings();
+    /// Offers the import of a file that is no project but holds readings.
+    void OfferImport(const std::string& path);
+    /// Shows "Import Readings" for a file, and carries out what an OK there says.
+    void Import(const std::string& path, std::shared_ptr<const LoggerFile> file);
+    void CarryOut(const ImportPlan& plan);
     void Exit();
     void About();
     /// Whether the user confirms the end of the program.
