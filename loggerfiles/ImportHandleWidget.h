@@ -18,6 +18,8 @@ public:
     ImportHandleWidget(const QString& name, const QString& caption, Half half, Side side,
                        QWidget* parent);
 
+    /// Width of what the mouse takes hold of, beside the line.
+    int Grip() const;
     /// Puts its line at `x` of a plot that fills `plot`.
     void PlaceAt(int x, const QRect& plot);
     /// The time that a screen reader and the tool tip tell.
@@ -41,8 +43,6 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    int Grip() const; ///< width of what the mouse takes hold of
-
     QString caption_;
     Half half_;
     Side side_;

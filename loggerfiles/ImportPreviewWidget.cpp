@@ -104,9 +104,9 @@ void ImportPreviewWidget::FindRange() {
 
 QRect ImportPreviewWidget::Plot() const {
     const int line = fontMetrics().height();
-    const int widest =
-        fontMetrics().horizontalAdvance(QStringLiteral("-0000.000")) + fontMetrics().leading();
-    return rect().adjusted(widest + 8, line + 4, -line, -line - 6);
+    const int grip = handles_.front()->Grip();
+    const int labels = fontMetrics().horizontalAdvance(QStringLiteral("-0000.000")) + 8;
+    return rect().adjusted(labels + grip, line + 4, -grip - 6, -line - 6);
 }
 
 double ImportPreviewWidget::ColumnOfTime(double time) const {
@@ -262,16 +262,19 @@ void ImportPreviewWidget::PaintAxes(QPainter& painter) const {
     painter.drawRect(plot.adjusted(-1, -1, 0, 0));
     painter.setPen(palette().color(QPalette::Text));
     const int line = fontMetrics().height();
-    const auto label = [&](double reading, int top) {
-        painter.drawText(QRect(0, top, plot.left() - 4, line), Qt::AlignRight | Qt::AlignVCenter,
-                         QString::number(reading, 'g', 6));
+    const int besideGrips = plot.left() - handles_.front()->Grip() - 4;
+    const auto label = [&](const QString& text, int top) {
+        painter.drawText(QRect(0, top, besideGrips, line), Qt::AlignRight | Qt::AlignVCenter, text);
     };
-    label(greatest_, plot.top());
+    const auto number = [](double reading) { return QString::number(reading, 'g', 6); };
+    label(ToQString(NameAt(LengthUnitNames, plan_->readings->LevelUnit())), plot.top() - line - 2);
+    label(number(greatest_), plot.top());
     if (greatest_ > least_)
-        label(least_, plot.bottom() - line);
+        label(number(least_), plot.bottom() - line);
     const QRect below(plot.left(), plot.bottom() + 4, plot.width(), line);
     const auto time = [&](double at) {
-        return ToQString(RecordTimeText(record, static_cast<std::int64_t>(std::llround(at))));
+        return ToQString(RecordTimeText(record, static_cast<std::int64_t>(std::llround(at)))) +
+               (record.timesAreClock ? QString() : QStringLiteral(" sec"));
     };
     painter.drawText(below, Qt::AlignLeft, time(from_));
     painter.drawText(below, Qt::AlignRight, time(to_));

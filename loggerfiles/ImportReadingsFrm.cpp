@@ -9,6 +9,7 @@
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QKeyEvent>
@@ -43,8 +44,14 @@ void Fill(QComboBox& list, const QStringList& entries, int current) {
     if (had != entries) {
         list.clear();
         list.addItems(entries);
+        // The open list shows whole names, however narrow the closed one is.
+        constexpr int WidestList = 600;
+        list.view()->setMinimumWidth(
+            std::min(list.view()->sizeHintForColumn(0) + list.view()->fontMetrics().height() * 2,
+                     WidestList));
     }
     list.setCurrentIndex(current);
+    list.setToolTip(list.currentText());
 }
 
 template <std::size_t N> QStringList Entries(const std::array<std::string_view, N>& names) {

@@ -59,7 +59,10 @@ private:
     QComboBox* MakeList(const QString& name);
     QLineEdit* MakeBox(BoxIndex index, const QString& name);
     int ColumnsOfFields(int wanted) const;
-    void AddField(QGridLayout* grid, const QString& caption, QWidget* field, int columns);
+    /// Puts a field and its caption behind those of `grid`; one without `stretch` takes no room
+    /// while it is hidden.
+    void AddField(QGridLayout* grid, const QString& caption, QWidget* field, int columns,
+                  int stretch = 1);
 
     // ---- Showing
     void MakePlan();

@@ -55,12 +55,12 @@ QWidget* ImportReadingsFrm::BuildContent() {
     BuildLists();
     auto* lists = new QGridLayout;
     const int columns = ColumnsOfFields(6);
-    AddField(lists, QStringLiteral("C&hannel"), channel_, columns);
-    AddField(lists, QStringLiteral("&Measurement"), dataType_, columns);
-    AddField(lists, QStringLiteral("&Unit in the File"), sourceUnit_, columns);
-    AddField(lists, QStringLiteral("&Level Unit"), levelUnit_, columns);
-    AddField(lists, QStringLiteral("&Dates Are"), dateOrder_, columns);
-    AddField(lists, QStringLiteral("T&imes Are In"), timeUnit_, columns);
+    AddField(lists, QStringLiteral("C&hannel"), channel_, columns, 3);
+    AddField(lists, QStringLiteral("&Measurement"), dataType_, columns, 3);
+    AddField(lists, QStringLiteral("&Unit in the File"), sourceUnit_, columns, 2);
+    AddField(lists, QStringLiteral("&Level Unit"), levelUnit_, columns, 2);
+    AddField(lists, QStringLiteral("&Dates Are"), dateOrder_, columns, 0);
+    AddField(lists, QStringLiteral("T&imes Are In"), timeUnit_, columns, 0);
     rows->addLayout(lists);
     preview_ = new ImportPreviewWidget;
     preview_->setToolTip(QStringLiteral("Drag the lines, or press Tab until the keyboard is on one "
@@ -85,6 +85,7 @@ void ImportReadingsFrm::BuildLists() {
     levelUnit_ = MakeList(QStringLiteral("ImportUnit"));
     dateOrder_ = MakeList(QStringLiteral("ImportDateOrder"));
     timeUnit_ = MakeList(QStringLiteral("ImportTimeUnit"));
+    dateOrder_->setMinimumContentsLength(14);
     using Frm = ImportReadingsFrm;
     connect(channel_, &QComboBox::activated, this, &Frm::ChooseChannel);
     connect(dataType_, &QComboBox::activated, this, &Frm::ChooseDataType);
@@ -112,14 +113,15 @@ int ImportReadingsFrm::ColumnsOfFields(int wanted) const {
 }
 
 void ImportReadingsFrm::AddField(QGridLayout* grid, const QString& caption, QWidget* field,
-                                 int columns) {
+                                 int columns, int stretch) {
     const int number = grid->count() / 2;
     auto* label = new QLabel(caption);
     label->setObjectName(field->objectName() + QStringLiteral("Lbl"));
     label->setBuddy(field);
     grid->addWidget(label, number / columns * 2, number % columns);
     grid->addWidget(field, number / columns * 2 + 1, number % columns);
-    grid->setColumnStretch(number % columns, 1);
+    if (number < columns)
+        grid->setColumnStretch(number, stretch);
 }
 
 QLineEdit* ImportReadingsFrm::MakeBox(BoxIndex index, const QString& name) {
