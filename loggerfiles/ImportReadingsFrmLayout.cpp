@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -39,7 +40,8 @@ ImportReadingsFrm::ImportReadingsFrm(std::string path, std::shared_ptr<const Log
     rows->addWidget(importState_);
     rows->addLayout(BuildButtons());
     MakePlan();
-    resize(900, 640);
+    // Magnified, a small screen has room for less than that.
+    resize(QSize(900, 640).boundedTo(screen()->availableSize()));
     channel_->setFocus();
 }
 
