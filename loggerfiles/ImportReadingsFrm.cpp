@@ -294,7 +294,11 @@ void ImportReadingsFrm::ChooseTimeUnit(int index) {
 
 /// The file's times mean something else now. Cancelled, all stays as it was.
 void ImportReadingsFrm::ReadAgain(const ReadOptions& options) {
-    if (auto file = ReadLoggerFileShown(this, path_, options)) {
+    auto file = ReadLoggerFileShown(this, path_, options);
+    if (file && file->reading.record.channels.empty()) {
+        // The file has gone, or has become another one.
+        ShowMessage(this, ToQString(file->reading.fault), ImportTitle());
+    } else if (file) {
         const bool otherRows =
             file->reading.record.times.size() != file_->reading.record.times.size();
         file_ = std::move(file);
@@ -437,7 +441,10 @@ void ImportReadingsFrm::TakeSpan(BoxIndex index, std::optional<std::size_t> row)
         choices_.staticRows.reset();
         return;
     }
-    RowSpan span = plan_->staticRows;
+    // A level that was typed had taken the place of the span.
+    const RowSpan usual =
+        choices_.staticRows.value_or(StaticRows(plan_->RowCount(), plan_->start.value_or(0)));
+    RowSpan span = plan_->staticRows.Count() > 0 ? plan_->staticRows : usual;
     if (index == StaticFromBox)
         span.first = *row;
     else

@@ -117,7 +117,7 @@ public:
             qFatal("%s has no %s", qPrintable(name), qPrintable(entry));
         list.setFocus();
         QTest::keyClick(&list, Qt::Key_Home);
-        while (list.currentIndex() < index)
+        for (int step = 0; step < index; ++step)
             QTest::keyClick(&list, Qt::Key_Down);
     }
     /// Drags a line with the mouse to where `row` stands.

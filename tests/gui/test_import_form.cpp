@@ -277,6 +277,43 @@ private Q_SLOTS:
         QCOMPARE(form.Text(u"ImportStaticFrom"_s), u"2024-03-05 11:58:20"_s);
     }
 
+    void ATimeTypedIntoTheSpanTakesTheWordFromATypedLevel() {
+        ImportForm form(CaseFile(u"solinst_xle.xle"_s));
+        form.Type(u"ImportStatic"_s, u"5.25"_s);
+        form.Type(u"ImportStaticTo"_s, u"20"_s);
+        QCOMPARE(form.Messages(), QStringList());
+        QCOMPARE(form.Plan().staticRows, (RowSpan{0, 11}));
+        QCOMPARE(form.Text(u"ImportStatic"_s), u"5"_s);
+    }
+
+    void WithoutAClockTimesAreTheFilesOwnSeconds() {
+        LoggerFiles files;
+        QByteArray text = "time (s),Level (m)\n";
+        for (int row = 0; row < 60; ++row)
+            text += QByteArray::number(100.5 + 2 * row) + "," + LevelText(row) + "\n";
+        ImportForm form(files.Write(u"a.csv"_s, text));
+        QCOMPARE(form.Text(u"ImportStart"_s), u"140.5"_s);
+        form.Type(u"ImportStart"_s, u"142.5"_s);
+        QCOMPARE(*form.Plan().start, std::size_t{21});
+        QCOMPARE(form.Text(u"ImportStart"_s), u"142.5"_s);
+        form.State().DecimalSeparator = ",";
+        form.Type(u"ImportEnd"_s, u"152,5"_s);
+        QCOMPARE(form.Plan().end, std::size_t{26});
+    }
+
+    void AFileThatHasGoneMeanwhileLeavesAllAsItWas() {
+        LoggerFiles files;
+        const QString path = files.Write(u"a.csv"_s, SecondsTable(60, "time,Level (m)"));
+        ImportForm form(path);
+        QVERIFY(QFile::remove(path));
+        Answers answers;
+        answers.Box(u"Import Readings"_s, u"53 File not found"_s);
+        form.Choose(u"ImportTimeUnit"_s, u"min"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(form.Chosen(u"ImportTimeUnit"_s), u"sec"_s);
+        QVERIFY(form.Ok().isEnabled());
+    }
+
     void WhatCannotBeTakenIsToldAndGreysOk() {
         ImportForm form(CaseFile(u"solinst_xle.xle"_s));
         form.Type(u"ImportStart"_s, u"noon"_s);
@@ -458,6 +495,17 @@ private Q_SLOTS:
                                       u"ImportOK"_s,
                                       u"ImportCancel"_s};
         QCOMPARE(reached, expected);
+    }
+
+    void EscapeClosesTheWindowFromEveryControl() {
+        for (const QString& name :
+             {u"ImportTable"_s, u"ImportMessages"_s, u"ImportStart"_s, u"ImportEndHandle"_s}) {
+            ImportForm form(CaseFile(u"solinst_xle.xle"_s));
+            form.Find(name).setFocus();
+            QTest::keyClick(&form.Find(name), Qt::Key_Escape);
+            QVERIFY2(!form.Form().isVisible(), qPrintable(name));
+            QCOMPARE(form.Form().result(), int{QDialog::Rejected});
+        }
     }
 
     void TheWholeImportNeedsOnlyTheKeyboard() {
