@@ -6,6 +6,7 @@
 #include "app/MainGlobal.h"
 #include "app/SiteIdentificationPanel.h"
 #include "app/WellTestIdentificationPanel.h"
+#include "diagnostics/DiagnosticsFrm.h"
 #include "kcompute/ComputedYFrm.h"
 #include "kcompute/UseIgnore.h"
 #include "kcompute/WorkingValues.h"
@@ -196,6 +197,7 @@ void BRMainForm::BuildMenus() {
         action->setShortcut(keys);
         connect(action, &QAction::triggered, this, command);
         menu->addAction(action);
+        return action;
     };
     add(mnuFile, QStringLiteral("mnuNew"), QStringLiteral("&New"), Qt::CTRL | Qt::Key_N,
         &BRMainForm::NewProject);
@@ -211,6 +213,11 @@ void BRMainForm::BuildMenus() {
     mnuFile->addSeparator();
     add(mnuFile, QStringLiteral("mnuExit"), QStringLiteral("E&xit"), Qt::CTRL | Qt::Key_Q,
         &BRMainForm::Exit);
+    QMenu* mnuTools = menuBar()->addMenu(QStringLiteral("&Tools"));
+    mnuTools->setObjectName(QStringLiteral("mnuTools"));
+    compute_->AddToPlotMenu(add(mnuTools, QStringLiteral("mnuDiagnostics"),
+                                QStringLiteral("&Diagnostics"), Qt::CTRL | Qt::Key_D,
+                                &BRMainForm::ShowDiagnostics));
     add(menuBar(), QStringLiteral("mnuAbout"), QStringLiteral("A&bout"), QKeySequence(),
         &BRMainForm::About);
 }
@@ -303,6 +310,8 @@ void BRMainForm::ShowState() {
 
 void BRMainForm::ShowComputation() {
     computedYFrm_->ShowState();
+    if (diagnostics_ != nullptr)
+        diagnostics_->ShowState();
     ShowWhetherCurrent();
 }
 
@@ -315,7 +324,8 @@ void BRMainForm::ShowWhetherCurrent() {
     // Comparing a million readings with those of the computation takes a while: only for someone
     // who sees the answer.
     const bool seen = compute_->isVisible() || prtResults_->isVisible() ||
-                      prtPlotFrm_->isVisible() || computedYFrm_->isVisible();
+                      prtPlotFrm_->isVisible() || computedYFrm_->isVisible() ||
+                      (diagnostics_ != nullptr && diagnostics_->isVisible());
     if (!seen)
         return;
     const bool stale = analysis_.computation != nullptr && !HasCurrentComputation(analysis_);
@@ -323,6 +333,8 @@ void BRMainForm::ShowWhetherCurrent() {
     prtResults_->ShowStale(stale);
     prtPlotFrm_->ShowStale(stale);
     computedYFrm_->ShowStale(stale);
+    if (diagnostics_ != nullptr)
+        diagnostics_->ShowStale(stale);
 }
 
 void BRMainForm::ShowTitle() {
@@ -518,6 +530,31 @@ void BRMainForm::Exit() {
 void BRMainForm::About() {
     ShowMessage(this, QStringLiteral("\r\nBouwer-Rice Slug Test Analysis\r\nVersion 3.0\r\n"),
                 QStringLiteral("About"));
+}
+
+void BRMainForm::ShowDiagnostics() {
+    CommitEdits();
+    if (diagnostics_ == nullptr) {
+        diagnostics_ = new DiagnosticsFrm(analysis_, this);
+        MoveToCentre(diagnostics_);
+        connect(diagnostics_, &DiagnosticsFrm::UseOnlyRequested, this, &BRMainForm::UseOnly);
+    }
+    Open(diagnostics_);
+}
+
+void BRMainForm::UseOnly(const std::vector<std::size_t>& points) {
+    // A look at another tab that found a fault there has left no points to mark.
+    const RecoveryPointList& computed = *analysis_.computation->recovery.RecoveryPoints;
+    if (analysis_.working.marks.size() != computed.size()) {
+        const Result result = CheckDataShowYs(analysis_);
+        recoveryData_->ShowPreparedData();
+        compute_->ShowPreparedData();
+        if (result.IsError()) {
+            ShowMessage(diagnostics_, ToQString(result.message));
+            return;
+        }
+    }
+    compute_->UseOnly(points);
 }
 
 bool BRMainForm::ConfirmExit() {

@@ -1,13 +1,16 @@
 #pragma once
 
 #include "kcompute/Analysis.h"
+#include "project/Files.h"
 #include "project/Result.h"
 
 #include <QMainWindow>
 #include <QTabBar>
 #include <array>
+#include <cstddef>
 #include <memory>
 #include <string>
+#include <vector>
 
 class QDialog;
 class QLabel;
@@ -18,13 +21,14 @@ namespace quarnel {
 
 class ComputePanel;
 class ComputedYFrm;
+class DiagnosticsFrm;
 class Panel;
 class PrtPlotFrm;
-struct ImportPlan;
-struct LoggerFile;
 class PrtResults;
 class RecoveryDataPanel;
 class WellGeometryPanel;
+struct ImportPlan;
+struct LoggerFile;
 
 /// The main window: tab strip, six panels, menus. It holds the one analysis of the program.
 class BRMainForm : public QMainWindow {
@@ -97,6 +101,10 @@ private:
     void CarryOut(const ImportPlan& plan);
     void Exit();
     void About();
+    /// Opens the window "Diagnostics", which is made when it is first asked for.
+    void ShowDiagnostics();
+    /// Marks these points of the computation (counted from 0) Use and all others Ignore.
+    void UseOnly(const std::vector<std::size_t>& points);
     /// Whether the user confirms the end of the program.
     bool ConfirmExit();
 
@@ -118,6 +126,7 @@ private:
     PrtResults* prtResults_ = nullptr;
     PrtPlotFrm* prtPlotFrm_ = nullptr;
     ComputedYFrm* computedYFrm_ = nullptr;
+    DiagnosticsFrm* diagnostics_ = nullptr; ///< null until it is first asked for
 };
 
 } // namespace quarnel

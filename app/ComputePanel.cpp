@@ -7,6 +7,7 @@
 #include "output/PlotWidget.h"
 #include "project/FixedLists.h"
 #include "project/Result.h"
+#include "widgets/ChoiceList.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
 #include "widgets/StaleLabel.h"
@@ -31,23 +32,11 @@ namespace {
 /// How much of the text's colour the grey of an old K keeps.
 constexpr double GreyPart = 0.6;
 
-template <std::size_t N>
-QComboBox* UnitList(const QString& name, const std::array<std::string_view, N>& units,
-                    const QString& toolTip, const QString& accessibleName, QWidget* parent) {
-    auto* list = new QComboBox(parent);
-    list->setObjectName(name);
-    for (const std::string_view unit : units)
-        list->addItem(ToQString(unit));
-    list->setToolTip(toolTip);
-    list->setAccessibleName(accessibleName);
-    return list;
-}
-
 /// What the circles of the plot mean, in words and in their colours.
 QLabel* BuildLegend(QWidget* parent) {
     auto* legend = new QLabel(
-        ComputePanel::tr("<span style='color:#ff0000'>\u25cb</span> used in the fit &nbsp; "
-                         "<span style='color:#0000ff'>\u25cb</span> not used"),
+        QStringLiteral("<span style='color:#ff0000'>\u25cb</span> used in the fit &nbsp; "
+                       "<span style='color:#0000ff'>\u25cb</span> not used"),
         parent);
     legend->setTextFormat(Qt::RichText);
     return legend;
@@ -103,11 +92,13 @@ QWidget* ComputePanel::BuildMarkSide() {
     layout->setContentsMargins(0, 0, 0, 0);
     RecDatWeightGrid = new UseIgnoreGrid(analysis_.state, analysis_.working, marks_, side);
     connect(RecDatWeightGrid, &UseIgnoreGrid::MarksChanged, this, &ComputePanel::Edited);
-    const QString keys = tr("Select cells of the Criteria column, then press U (capital) for Use, "
-                            "I (capital) for Ignore, or the space bar to turn them over.");
+    const QString keys =
+        QStringLiteral("Select cells of the Criteria column, then press U (capital) for Use, "
+                       "I (capital) for Ignore, or the space bar to turn them over.");
     RecDatWeightGrid->setToolTip(keys);
     layout->addWidget(RecDatWeightGrid, 1);
-    auto* hint = new QLabel(tr("Shift+U: Use   Shift+I: Ignore   Space: the other"), side);
+    auto* hint =
+        new QLabel(QStringLiteral("Shift+U: Use   Shift+I: Ignore   Space: the other"), side);
     hint->setToolTip(keys);
     hint->setWordWrap(true);
     layout->addWidget(hint);
@@ -123,12 +114,12 @@ QPushButton* ComputePanel::AddCommand(const QString& name, const QString& text,
 }
 
 QBoxLayout* ComputePanel::BuildKDisplay() {
-    auto* caption = new QLabel(tr("K ="), this);
-    caption->setToolTip(tr("Hydraulic conductivity"));
+    auto* caption = new QLabel(QStringLiteral("K ="), this);
+    caption->setToolTip(QStringLiteral("Hydraulic conductivity"));
     ComputedKLabel = new QLabel(this);
     ComputedKLabel->setObjectName(QStringLiteral("ComputedKLabel"));
-    ComputedKLabel->setAccessibleName(tr("Hydraulic conductivity"));
-    ComputedKLabel->setToolTip(tr("Hydraulic conductivity K in the chosen units"));
+    ComputedKLabel->setAccessibleName(QStringLiteral("Hydraulic conductivity"));
+    ComputedKLabel->setToolTip(QStringLiteral("Hydraulic conductivity K in the chosen units"));
     ComputedKLabel->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     ComputedKLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
     ComputedKLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -138,11 +129,11 @@ QBoxLayout* ComputePanel::BuildKDisplay() {
     ComputedKLabel->setMargin(3);
     ComputedKLabel->setMinimumWidth(
         QFontMetrics(bold).horizontalAdvance(QLatin1String("-1.23e-100")));
-    const QString tip = tr("Unit in which K is shown; K is not computed again");
-    CmboKLengthUnits = UnitList(QStringLiteral("CmboKLengthUnits"), LengthUnitNames, tip,
-                                tr("Length unit of K"), this);
-    CmboKTimeUnits =
-        UnitList(QStringLiteral("CmboKTimeUnits"), TimeUnitNames, tip, tr("Time unit of K"), this);
+    const QString tip = QStringLiteral("Unit in which K is shown; K is not computed again");
+    CmboKLengthUnits = MakeChoiceList(QStringLiteral("CmboKLengthUnits"), LengthUnitNames, tip,
+                                      QStringLiteral("Length unit of K"));
+    CmboKTimeUnits = MakeChoiceList(QStringLiteral("CmboKTimeUnits"), TimeUnitNames, tip,
+                                    QStringLiteral("Time unit of K"));
     connect(CmboKLengthUnits, &QComboBox::activated, this, &ComputePanel::ChooseKLength);
     connect(CmboKTimeUnits, &QComboBox::activated, this, &ComputePanel::ChooseKTime);
 
@@ -156,15 +147,16 @@ QBoxLayout* ComputePanel::BuildKDisplay() {
 }
 
 QBoxLayout* ComputePanel::BuildCommands() {
-    CmdComputeK =
-        AddCommand(QStringLiteral("CmdComputeK"), tr("Compute K/ Plot"),
-                   tr("Fit a line to the points marked Use, compute K and draw the plot"));
-    CmdDetails = AddCommand(QStringLiteral("CmdDetails"), tr("Details"),
-                            tr("Show every quantity of the computation and the fitted Y values"));
-    CmdPrintPlot =
-        AddCommand(QStringLiteral("CmdPrintPlot"), tr("Print"), tr("Print the plot on one page"));
-    CmdPrtSummary = AddCommand(QStringLiteral("CmdPrtSummary"), tr("Summary"),
-                               tr("Save or print the summary report"));
+    CmdComputeK = AddCommand(
+        QStringLiteral("CmdComputeK"), QStringLiteral("Compute K/ Plot"),
+        QStringLiteral("Fit a line to the points marked Use, compute K and draw the plot"));
+    CmdDetails = AddCommand(
+        QStringLiteral("CmdDetails"), QStringLiteral("Details"),
+        QStringLiteral("Show every quantity of the computation and the fitted Y values"));
+    CmdPrintPlot = AddCommand(QStringLiteral("CmdPrintPlot"), QStringLiteral("Print"),
+                              QStringLiteral("Print the plot on one page"));
+    CmdPrtSummary = AddCommand(QStringLiteral("CmdPrtSummary"), QStringLiteral("Summary"),
+                               QStringLiteral("Save or print the summary report"));
     connect(CmdComputeK, &QPushButton::clicked, this, &ComputePanel::Compute);
     connect(CmdDetails, &QPushButton::clicked, this, &ComputePanel::DetailsRequested);
     connect(CmdPrintPlot, &QPushButton::clicked, this, &ComputePanel::PrintPlotRequested);
@@ -181,10 +173,10 @@ QBoxLayout* ComputePanel::BuildCommands() {
             inner->insertLayout(1, display);
         row->addWidget(group);
     };
-    addGroup(tr("Hydraulic Conductivity"), {CmdComputeK, CmdDetails}, BuildKDisplay());
+    addGroup(QStringLiteral("Hydraulic Conductivity"), {CmdComputeK, CmdDetails}, BuildKDisplay());
     row->addStretch(1);
-    addGroup(tr("Graph"), {CmdPrintPlot}, nullptr);
-    addGroup(tr("Print"), {CmdPrtSummary}, nullptr);
+    addGroup(QStringLiteral("Graph"), {CmdPrintPlot}, nullptr);
+    addGroup(QStringLiteral("Print"), {CmdPrtSummary}, nullptr);
     return row;
 }
 
@@ -233,6 +225,10 @@ void ComputePanel::changeEvent(QEvent* event) {
     Panel::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         MakeGrey();
+}
+
+void ComputePanel::AddToPlotMenu(QAction* action) {
+    Plot1->addAction(action);
 }
 
 void ComputePanel::ShowComputation() {

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <vector>
 
+class QAction;
 class QBoxLayout;
 class QComboBox;
 class QLabel;
@@ -32,6 +33,8 @@ public:
     void ShowHeadings();
     /// Marks these points (counted from 0) Use and all others Ignore, as one step.
     void UseOnly(const std::vector<std::size_t>& points);
+    /// Adds a command of the main window to the menu of the plot.
+    void AddToPlotMenu(QAction* action);
     /// Says that the data have changed since the computation, or nothing.
     void ShowStale(bool stale);
 

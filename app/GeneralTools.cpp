@@ -26,6 +26,10 @@ void SizeWindowToScreen(QWidget* window, int widthMargin, int heightMargin, int 
 
 void CentreWindow(QWidget* window) {
     window->adjustSize();
+    MoveToCentre(window);
+}
+
+void MoveToCentre(QWidget* window) {
     const QRect area = window->screen()->availableGeometry();
     window->move(area.left() + (area.width() - window->width()) / 2,
                  area.top() + (area.height() - window->height()) / 2);

@@ -8,7 +8,9 @@ namespace quarnel {
 /// Margins and `top` in twips (1/1440 inch).
 void SizeWindowToScreen(QWidget* window, int widthMargin, int heightMargin, int top);
 
-/// Centres a window on its screen.
+/// Makes a window as large as its contents ask for and centres it on its screen.
 void CentreWindow(QWidget* window);
+/// Centres a window on its screen in the size it has.
+void MoveToCentre(QWidget* window);
 
 } // namespace quarnel

@@ -60,6 +60,8 @@ void WellTestIdentificationPanel::AddSlugVolume(QFormLayout* form) {
     QLabel* label = MakeLabel(SlugVolumeLabel, 'V', QStringLiteral("VolumeOfSlugLbl"));
     AddRow(form, label, VolumeOfSlugText,
            QStringLiteral("Volume of the slug put into or taken out of the well, in litres"));
+    // The diagnostics read it.
+    connect(VolumeOfSlugText, &QLineEdit::textChanged, this, &Panel::Edited);
 }
 
 void WellTestIdentificationPanel::ShowState() {

@@ -18,8 +18,9 @@ struct Command {
     ExitStatus (*run)(const Words& words);
 };
 
-constexpr std::array<Command, 6> Commands = {{
+constexpr std::array<Command, 7> Commands = {{
     {"analyze", AnalyzeCommand},
+    {"diagnose", DiagnoseCommand},
     {"report", ReportCommand},
     {"plot", PlotCommand},
     {"import", ImportCommand},
@@ -32,12 +33,13 @@ ExitStatus RunWithoutCommand(const Words& words) {
     CommandLine commandLine("COMMAND [options] FILE...",
                             "Analyses slug tests by the Bouwer-Rice method, without a window.\n\n"
                             "Commands:\n"
-                            "  analyze  Computes K and prints it as table, JSON or CSV.\n"
-                            "  report   Writes the summary report.\n"
-                            "  plot     Writes the plot as PDF, SVG or PNG.\n"
-                            "  import   Turns a logger's file into a project.\n"
-                            "  convert  Saves a project or old input file as a project.\n"
-                            "  check    Says what a file is and what of it would be lost.\n\n"
+                            "  analyze   Computes K and prints it as table, JSON or CSV.\n"
+                            "  diagnose  Says how far K can be trusted.\n"
+                            "  report    Writes the summary report.\n"
+                            "  plot      Writes the plot as PDF, SVG or PNG.\n"
+                            "  import    Turns a logger's file into a project.\n"
+                            "  convert   Saves a project or old input file as a project.\n"
+                            "  check     Says what a file is and what of it would be lost.\n\n"
                             "quarnel-cli COMMAND --help tells more of each.");
     commandLine.AddOption("version", "Shows the version.");
     if (const auto status = commandLine.Parse(words))

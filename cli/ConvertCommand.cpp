@@ -1,13 +1,12 @@
 #include "cli/CommandLine.h"
 #include "cli/Commands.h"
 #include "cli/Output.h"
-#include "project/FieldTables.h"
+#include "cli/SaveAndTell.h"
 #include "project/Files.h"
 #include "project/ProjectState.h"
 #include "system/Locale.h"
 
 #include <string>
-#include <vector>
 
 namespace quarnel {
 
@@ -26,15 +25,8 @@ bool Convert(const std::string& from, const std::string& to) {
     if (report.passedOverCount > 0)
         PrintMessage(from, "Items passed over: " + std::to_string(report.passedOverCount) +
                                " (see " + std::string(ProgramName) + " check).");
-    const std::vector<std::string> lost = FieldsNotReadBackIntact(state);
-    const SaveReport saved = WriteProjectFile(to, state, file);
-    for (const std::string& message : saved.messages)
-        PrintMessage(to, message);
-    if (saved.isSaved && !saved.keptAs.empty())
-        PrintMessage(to, "The file that was there is kept as " + saved.keptAs + ".");
-    for (const std::string& field : lost)
-        PrintMessage(to, "Will not read back intact: " + field);
-    return report.messages.empty() && saved.messages.empty() && lost.empty();
+    const SavedProject saved = SaveAndTell(to, state, file);
+    return report.messages.empty() && saved.isSaved && saved.isIntact;
 }
 
 } // namespace

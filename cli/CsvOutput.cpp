@@ -1,6 +1,6 @@
 #include "cli/CsvOutput.h"
 
-#include "cli/PlainText.h"
+#include "cli/CsvLine.h"
 #include "kcompute/Computation.h"
 #include "kcompute/KText.h"
 #include "kcompute/WorkingValues.h"
@@ -20,35 +20,7 @@ constexpr std::string_view Columns =
     "h_cm,lw_cm,le_cm,rw_cm,rc_cm,re_cm,porosity,le_over_rw,a,b,c,ln_re_over_rw,"
     "point_count,used_count,slope_per_sec,intercept_ln_cm,messages\n";
 
-/// Gathers the columns of one row.
-class Row {
-public:
-    /// A text of the program or a number, which need no quotes.
-    void Add(std::string_view text) {
-        if (!row_.empty())
-            row_ += ',';
-        row_ += text;
-    }
-    void Add(bool reached, double number) { Add(reached ? ExactNumber(number) : std::string()); }
-    /// A text that came from outside: always quoted, never a formula.
-    void AddForeign(std::string_view text);
-    std::string Line() && { return std::move(row_) + "\n"; }
-
-private:
-    std::string row_;
-};
-
-void Row::AddForeign(std::string_view text) {
-    constexpr std::string_view FormulaStart = "=+-@\t\r\n";
-    std::string quoted = "\"";
-    if (!text.empty() && FormulaStart.find(text.front()) != std::string_view::npos)
-        quoted += '\'';
-    for (const char character : WellFormedUtf8(text))
-        quoted += character == '"' ? std::string("\"\"") : std::string(1, character);
-    Add(quoted + '"');
-}
-
-void AddK(const AnalysisRun& run, Row& row) {
+void AddK(const AnalysisRun& run, CsvLine& row) {
     const ProjectState& state = run.analysis.state;
     const Computation* computation = run.analysis.computation.get();
     const bool reached = computation != nullptr;
@@ -58,7 +30,7 @@ void AddK(const AnalysisRun& run, Row& row) {
     row.Add(reached, reached ? computation->KInCmPerSec : 0);
 }
 
-void AddGeometry(const AnalysisRun& run, Row& row) {
+void AddGeometry(const AnalysisRun& run, CsvLine& row) {
     const WellDimensions& well = run.analysis.working.geometry;
     const BouwerRiceValues& values = run.analysis.working.coefficients;
     for (const double value :
@@ -68,7 +40,7 @@ void AddGeometry(const AnalysisRun& run, Row& row) {
         row.Add(run.coefficientsComputed, value);
 }
 
-void AddFit(const AnalysisRun& run, Row& row) {
+void AddFit(const AnalysisRun& run, CsvLine& row) {
     const Computation* computation = run.analysis.computation.get();
     const bool reached = computation != nullptr;
     row.Add(run.pointsChecked,
@@ -92,7 +64,7 @@ std::string CsvHeader() {
 }
 
 std::string CsvRow(const AnalysisRun& run) {
-    Row row;
+    CsvLine row;
     row.AddForeign(run.file);
     row.AddForeign(run.analysis.state.WellTestIDTxt[WellLabel]);
     row.Add(std::to_string(static_cast<int>(run.status)));
@@ -100,7 +72,7 @@ std::string CsvRow(const AnalysisRun& run) {
     AddGeometry(run, row);
     AddFit(run, row);
     row.AddForeign(JoinedMessages(run));
-    return std::move(row).Line();
+    return std::move(row).Text();
 }
 
 } // namespace quarnel

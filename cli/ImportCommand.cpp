@@ -2,10 +2,10 @@
 #include "cli/ImportOutput.h"
 #include "cli/ImportRequest.h"
 #include "cli/Output.h"
+#include "cli/SaveAndTell.h"
 #include "loggerfiles/ImportMessages.h"
 #include "loggerfiles/ImportTexts.h"
 #include "loggerfiles/XleReader.h"
-#include "project/FieldTables.h"
 #include "project/Files.h"
 #include "project/ProjectState.h"
 #include "project/Texts.h"
@@ -104,18 +104,7 @@ ExitStatus Write(const Import& import) {
     else if (!ReadProject(from, state, file))
         return Failed;
     ApplyImport(*import.run.plan, state);
-    const std::vector<std::string> lost = FieldsNotReadBackIntact(state);
-    const SaveReport saved = WriteProjectFile(import.request.out, state, file);
-    for (const std::string& message : saved.messages)
-        PrintMessage(import.request.out, message);
-    if (!saved.messages.empty())
-        return Failed;
-    if (!saved.keptAs.empty())
-        PrintMessage(import.request.out,
-                     "The file that was there is kept as " + saved.keptAs + ".");
-    for (const std::string& field : lost)
-        PrintMessage(import.request.out, "Will not read back intact: " + field);
-    return Done;
+    return SaveAndTell(import.request.out, state, file).isSaved ? Done : Failed;
 }
 
 /// Rows that were left out are told on standard error whatever the format; JSON holds all else.

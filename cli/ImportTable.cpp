@@ -12,11 +12,6 @@ namespace quarnel {
 
 namespace {
 
-std::string PaddedRight(std::string_view text, std::size_t width) {
-    const std::size_t count = CharacterCount(text);
-    return std::string(text) + std::string(count < width ? width - count : 0, ' ');
-}
-
 std::string Line(std::string_view label, std::string_view value) {
     constexpr std::size_t LabelWidth = 20;
     return "    " + PaddedRight(label, LabelWidth) + std::string(value) + "\n";

@@ -72,6 +72,11 @@ void JsonWriter::Number(double number) {
     output_.Write(digits.empty() ? "null" : digits);
 }
 
+void JsonWriter::Boolean(bool value) {
+    BeginValue();
+    output_.Write(value ? "true" : "false");
+}
+
 void JsonWriter::Null() {
     BeginValue();
     output_.Write("null");

@@ -26,6 +26,7 @@ public:
     void Text(std::string_view text);
     /// The shortest digits that read back as the same double; null for one that is not finite.
     void Number(double number);
+    void Boolean(bool value);
     void Null();
 
     void Member(std::string_view key, std::string_view text) {

@@ -52,6 +52,16 @@ std::string PlainText(std::string_view bytes) {
     return Cleaned(bytes, false);
 }
 
+std::string PaddedLeft(std::string_view text, std::size_t width) {
+    const std::size_t count = CharacterCount(text);
+    return std::string(count < width ? width - count : 0, ' ') + std::string(text);
+}
+
+std::string PaddedRight(std::string_view text, std::size_t width) {
+    const std::size_t count = CharacterCount(text);
+    return std::string(text) + std::string(count < width ? width - count : 0, ' ');
+}
+
 std::string ExactNumber(double value) {
     if (!std::isfinite(value))
         return {};

@@ -13,6 +13,10 @@ std::string WellFormedUtf8(std::string_view bytes);
 /// steer the terminal.
 std::string PlainText(std::string_view bytes);
 
+/// Well-formed UTF-8 filled up with blanks to `width` characters, before it or after it.
+std::string PaddedLeft(std::string_view text, std::size_t width);
+std::string PaddedRight(std::string_view text, std::size_t width);
+
 /// The shortest text that reads back as exactly this double, with "." in every locale; "" for one
 /// that is not finite.
 std::string ExactNumber(double value);

@@ -26,7 +26,8 @@ namespace quarnel {
 
 namespace {
 
-constexpr const char* Usage = "Usage: quarnel-plot -o OUT.pdf|OUT.svg|OUT.png FILE\n";
+constexpr const char* Usage =
+    "Usage: quarnel-plot -o OUT.pdf|OUT.svg|OUT.png [--head-range] FILE\n";
 
 /// A plot on screen is this large; a picture of it is too (twips).
 constexpr double PictureWidth = 11520;
@@ -40,11 +41,12 @@ void Say(const std::string& file, const std::string& message) {
     std::fprintf(stderr, "%s: %s\n", file.c_str(), message.c_str());
 }
 
-FileFailure Write(const Analysis& analysis, const std::string& out) {
-    if (!HasEnding(out, ".PDF"))
-        return ExportPlot(DrawPlot(PlotContents(*analysis.computation),
-                                   ScreenPlotLayout(PictureWidth, PictureHeight)),
-                          out);
+FileFailure Write(const Analysis& analysis, const std::string& out, bool showHeadRange) {
+    if (!HasEnding(out, ".PDF")) {
+        PlotLayout layout = ScreenPlotLayout(PictureWidth, PictureHeight);
+        layout.showHeadRange = showHeadRange;
+        return ExportPlot(DrawPlot(PlotContents(*analysis.computation), layout), out);
+    }
     const QByteArray bytes =
         PdfOfPages(PdfPageLayout(), QStringLiteral("Slug test plot"),
                    [&analysis](const Paper& paper) { return PlotPages(analysis, paper); });
@@ -53,7 +55,7 @@ FileFailure Write(const Analysis& analysis, const std::string& out) {
     return SaveFileBytes(out, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
-int PlotFile(const std::string& file, const std::string& out) {
+int PlotFile(const std::string& file, const std::string& out, bool showHeadRange) {
     Analysis analysis;
     analysis.state.DecimalSeparator = SystemDecimalSeparator();
     const ReadReport report = OpenProjectFile(file, analysis);
@@ -74,7 +76,7 @@ int PlotFile(const std::string& file, const std::string& out) {
     }
     if (!analysis.computation->line.Falls())
         Say(file, std::string(RisingSlopeMessage));
-    const FileFailure failure = Write(analysis, out);
+    const FileFailure failure = Write(analysis, out, showHeadRange);
     if (failure != FileFailure::None)
         Say(out, FileErrorMessage(failure));
     return failure == FileFailure::None && report.messages.empty() ? Done : Failed;
@@ -98,6 +100,9 @@ int RunPlot(const QStringList& arguments) {
                                   QStringLiteral("Prints this help."));
     parser.addOption(out);
     parser.addOption(help);
+    const QCommandLineOption headRange(QStringLiteral("head-range"),
+                                       QStringLiteral("Shows 0.20 to 0.30 of H0."));
+    parser.addOption(headRange);
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The project."));
     const bool parsed = parser.parse(arguments);
     const std::string target = parser.value(out).toLatin1().toStdString();
@@ -117,7 +122,7 @@ int RunPlot(const QStringList& arguments) {
         Say("quarnel-plot", "The plot needs a file of its own.");
         return WrongUse;
     }
-    return PlotFile(file, target);
+    return PlotFile(file, target, parser.isSet(headRange));
 }
 
 } // namespace quarnel

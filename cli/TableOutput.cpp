@@ -30,16 +30,6 @@ constexpr std::size_t LabelWidth = 27;
 constexpr std::size_t ThreeFigureWidth = 10;
 constexpr std::string_view ColumnGap = "  ";
 
-std::string PaddedLeft(std::string_view text, std::size_t width) {
-    const std::size_t count = CharacterCount(text);
-    return std::string(count < width ? width - count : 0, ' ') + std::string(text);
-}
-
-std::string PaddedRight(std::string_view text, std::size_t width) {
-    const std::size_t count = CharacterCount(text);
-    return std::string(text) + std::string(count < width ? width - count : 0, ' ');
-}
-
 std::string Heading(std::string_view text) {
     return "\n  " + std::string(text) + "\n";
 }

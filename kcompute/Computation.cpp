@@ -91,11 +91,14 @@ bool AreSameMarks(const Computation& computation, const ProjectState& state,
 
 } // namespace
 
+bool AreSameReadings(const Computation& computation, const ProjectState& state) {
+    return AreSameReadings(*computation.recovery.RecoveryPoints, state);
+}
+
 bool IsCurrent(const Computation& computation, const ProjectState& state,
                const WorkingValues& working) {
     return IsSameWell(computation.geometry, state) &&
-           AreSameSettings(computation.recovery, state) &&
-           AreSameReadings(*computation.recovery.RecoveryPoints, state) &&
+           AreSameSettings(computation.recovery, state) && AreSameReadings(computation, state) &&
            AreSameMarks(computation, state, working);
 }
 

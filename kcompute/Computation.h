@@ -39,6 +39,10 @@ using ComputationPtr = std::shared_ptr<const Computation>;
 bool IsCurrent(const Computation& computation, const ProjectState& state,
                const WorkingValues& working);
 
+/// Whether the rows of readings still hold the texts that `computation` was made from, whatever
+/// their units and marks are now.
+bool AreSameReadings(const Computation& computation, const ProjectState& state);
+
 /// The sentence that stands wherever a computation is shown that is not current.
 inline constexpr std::string_view NotCurrentMessage =
     "The data have changed. Press Compute K/ Plot.";

@@ -74,7 +74,7 @@ ComputedYFrm::ComputedYFrm(const ProjectState& state, const ComputationPtr& comp
 
     SummaryText = new QPlainTextEdit(this);
     SummaryText->setObjectName(QStringLiteral("SummaryText"));
-    SummaryText->setAccessibleName(tr("Account of the computation"));
+    SummaryText->setAccessibleName(QStringLiteral("Account of the computation"));
     SummaryText->setReadOnly(true);
     SummaryText->setPlaceholderText(QStringLiteral("Press Compute K/ Plot"));
     SummaryText->setUndoRedoEnabled(false);
@@ -86,7 +86,7 @@ ComputedYFrm::ComputedYFrm(const ProjectState& state, const ComputationPtr& comp
     SummaryText->setFont(fixed);
     BuildGrid();
 
-    auto* close = new QPushButton(tr("Close"), this);
+    auto* close = new QPushButton(QStringLiteral("Close"), this);
     close->setObjectName(QStringLiteral("CmdClose"));
     connect(close, &QPushButton::clicked, this, &QDialog::hide);
 
@@ -122,7 +122,7 @@ void ComputedYFrm::FitToTexts() {
 void ComputedYFrm::BuildGrid() {
     ComputeYGrid = new GridView(this);
     ComputeYGrid->setObjectName(QStringLiteral("ComputeYGrid"));
-    ComputeYGrid->setAccessibleName(tr("Fitted Y of each point"));
+    ComputeYGrid->setAccessibleName(QStringLiteral("Fitted Y of each point"));
     ComputeYGrid->setModel(&model_);
     ComputeYGrid->SetWidestTexts({QString(), QStringLiteral("100000.00"),
                                   QStringLiteral("-1.234567E-05"), QStringLiteral("-1.23e-10")});

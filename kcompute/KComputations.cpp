@@ -2,6 +2,7 @@
 
 #include "kcompute/NumberToText.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -35,9 +36,6 @@ constexpr std::string_view RatioTooLarge =
     "given by Bouwer-Rice are being used.";
 constexpr std::string_view LnReOverRwFault =
     "Well Geometry: ln(Re/rw) cannot be computed. Please check H, Lw, Le and dw.";
-
-/// A well that ends this close (cm) to the impervious bottom penetrates the aquifer fully.
-constexpr double FullPenetrationCm = 0.001;
 
 /// Linearly between the points around `ratio`, which lies between the curve's ends. A ratio on a
 /// point belongs to the bracket below it.
@@ -89,7 +87,7 @@ Result ComputeBouwerRiceCoefficients(double leCm, double rwCm,
 }
 
 double ComputeLnReOverRw(double hCm, double leCm, double lwCm, double rwCm,
-                         const BouwerRiceCoefficients& coefficients) {
+                         const BouwerRiceCoefficients& coefficients, double greatestLnBelow) {
     constexpr double NotANumber = std::numeric_limits<double>::quiet_NaN();
     const double p = 1.1 / FiniteLn(lwCm / rwCm);
     const double q = leCm / rwCm;
@@ -97,7 +95,7 @@ double ComputeLnReOverRw(double hCm, double leCm, double lwCm, double rwCm,
     if (std::fabs(hCm - lwCm) < FullPenetrationCm) {
         denominator = p + coefficients.C / q;
     } else {
-        const double lnBelow = FiniteLn((hCm - lwCm) / rwCm);
+        const double lnBelow = std::min(FiniteLn((hCm - lwCm) / rwCm), greatestLnBelow);
         denominator = p + (coefficients.A + coefficients.B * lnBelow) / q;
     }
     // An infinite denominator would pass for ln(Re/rw) = 0.

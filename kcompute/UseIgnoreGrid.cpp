@@ -61,7 +61,7 @@ UseIgnoreGrid::UseIgnoreGrid(const ProjectState& state, const WorkingValues& wor
     , editor_(editor)
     , model_(UseIgnoreColumns(state, working)) {
     setObjectName(QStringLiteral("RecDatWeightGrid"));
-    setAccessibleName(tr("Points to use or ignore in the fit"));
+    setAccessibleName(QStringLiteral("Points to use or ignore in the fit"));
     setModel(&model_);
     SetWidestTexts({QString(), QStringLiteral("100000.00"), QStringLiteral("-1.234567E-05"),
                     QStringLiteral("Ignore")});
@@ -137,9 +137,9 @@ void UseIgnoreGrid::contextMenuEvent(QContextMenuEvent* event) {
         action->setObjectName(name);
         action->setEnabled(RowsToMark().has_value());
     };
-    add(tr("&Use\tU"), QStringLiteral("MarkUse"), MarkKey::Use);
-    add(tr("&Ignore\tI"), QStringLiteral("MarkIgnore"), MarkKey::Ignore);
-    add(tr("&Turn Over\tSpace"), QStringLiteral("MarkTurnOver"), MarkKey::TurnOver);
+    add(QStringLiteral("&Use\tU"), QStringLiteral("MarkUse"), MarkKey::Use);
+    add(QStringLiteral("&Ignore\tI"), QStringLiteral("MarkIgnore"), MarkKey::Ignore);
+    add(QStringLiteral("&Turn Over\tSpace"), QStringLiteral("MarkTurnOver"), MarkKey::TurnOver);
     menu.addSeparator();
     menu.addAction(QStringLiteral("U&ndo\tCtrl+Z"), this, &UseIgnoreGrid::Undo)
         ->setEnabled(editor_.CanUndo());

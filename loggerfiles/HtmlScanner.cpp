@@ -1,4 +1,5 @@
 #include "loggerfiles/HtmlScanner.h"
+#include "project/TextEncoding.h"
 
 #include "loggerfiles/LoggerText.h"
 
@@ -170,7 +171,7 @@ void AppendHtmlText(std::string_view html, std::string& text) {
         if (code == 0)
             text += '&';
         else
-            AppendUtf8(code, text);
+            AppendUtf8(text, code);
         html.remove_prefix(code == 0 ? 1 : end + 1);
     }
 }

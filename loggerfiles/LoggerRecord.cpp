@@ -1,6 +1,7 @@
 #include "loggerfiles/LoggerRecord.h"
 
 #include "loggerfiles/WaterUnits.h"
+#include "project/TextColumns.h"
 #include "project/Texts.h"
 
 #include <algorithm>
@@ -13,12 +14,7 @@ namespace {
 /// The text kept of a row that is left out: enough to know it by, whole characters only.
 std::string_view Shortened(std::string_view text) {
     constexpr std::size_t KeptBytes = 80;
-    if (text.size() <= KeptBytes)
-        return text;
-    std::size_t end = KeptBytes;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U)
-        --end;
-    return text.substr(0, end);
+    return WholeCharacters(text, KeptBytes);
 }
 
 bool ContainsAny(std::string_view text, std::initializer_list<std::string_view> upperCaseWords) {

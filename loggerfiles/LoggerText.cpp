@@ -31,7 +31,7 @@ std::string Utf16ToUtf8(std::string_view bytes, bool bigEndian) {
             code = isPair ? 0x10000 + ((code - 0xD800) << 10U) + (low - 0xDC00) : 0xFFFD;
             i += isPair ? 1 : 0;
         }
-        AppendUtf8(code, text);
+        AppendUtf8(text, code);
     }
     return text;
 }
@@ -63,25 +63,6 @@ void DecodeLoggerText(std::string_view bytes, std::string_view name, LoggerText&
     }
     if (into.fault.empty() && into.text.empty())
         into.fault = std::string(name) + " is empty.";
-}
-
-void AppendUtf8(char32_t code, std::string& text) {
-    const auto put = [&text](char32_t bits) { text.push_back(static_cast<char>(bits)); };
-    if (code < 0x80) {
-        put(code);
-        return;
-    }
-    if (code < 0x800) {
-        put(0xC0U | (code >> 6U));
-    } else if (code < 0x10000) {
-        put(0xE0U | (code >> 12U));
-        put(0x80U | ((code >> 6U) & 0x3FU));
-    } else {
-        put(0xF0U | (code >> 18U));
-        put(0x80U | ((code >> 12U) & 0x3FU));
-        put(0x80U | ((code >> 6U) & 0x3FU));
-    }
-    put(0x80U | (code & 0x3FU));
 }
 
 std::string_view TrimSpace(std::string_view text) {

@@ -70,9 +70,6 @@ private:
     std::size_t nextLf_ = 0, nextCr_ = 0;
 };
 
-/// Appends the character `code` to `text` as UTF-8.
-void AppendUtf8(char32_t code, std::string& text);
-
 /// `text` without the blanks and TABs at both ends.
 std::string_view TrimSpace(std::string_view text);
 

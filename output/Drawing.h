@@ -10,9 +10,10 @@ namespace quarnel {
 inline constexpr double TwipsPerInch = 1440;
 inline constexpr double TwipsPerPoint = 20;
 
-/// What a stroke is drawn in. Ink and Grid follow the surface (text colour, a pale line); Red (255,
-/// 0, 0) and Blue (0, 0, 255) are the same on every surface.
-enum class DrawingColour { Ink, Grid, Red, Blue };
+/// What a stroke is drawn in. Ink, Grid, Grey and Band follow the surface (text colour, a pale
+/// line, one between both, an area that points stand out from); Red (255, 0, 0) and Blue (0, 0,
+/// 255) are the same on every surface.
+enum class DrawingColour { Ink, Grid, Red, Blue, Grey, Band };
 
 enum class Across { Left, Centre, Right };
 enum class Along { Top, Middle, Bottom };
@@ -21,6 +22,13 @@ struct DrawingLine {
     double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
     DrawingColour colour = DrawingColour::Ink;
     double width = 0;
+    bool dashed = false;
+};
+
+/// A filled area without an outline, from its upper left corner.
+struct DrawingArea {
+    double x = 0, y = 0, width = 0, height = 0;
+    DrawingColour colour = DrawingColour::Band;
 };
 
 struct DrawingCircle {
@@ -47,11 +55,14 @@ struct DrawingLabel {
 
 /// What a layout makes and a painter paints, on screen, on paper or into a picture.
 struct Drawing {
-    double width = 0, height = 0; ///< of the surface
+    double width = 0, height = 0;   ///< of the surface
+    std::vector<DrawingArea> areas; ///< below everything else
     std::vector<DrawingLine> lines;
     std::vector<DrawingCircle> circles;
     std::vector<DrawingLabel> labels;
-    bool IsEmpty() const { return lines.empty() && circles.empty() && labels.empty(); }
+    bool IsEmpty() const {
+        return areas.empty() && lines.empty() && circles.empty() && labels.empty();
+    }
 };
 
 } // namespace quarnel

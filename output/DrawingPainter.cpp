@@ -26,6 +26,10 @@ QColor ColourOf(DrawingColour colour, const Inks& inks) {
         return {255, 0, 0};
     case DrawingColour::Blue:
         return {0, 0, 255};
+    case DrawingColour::Grey:
+        return inks.grey;
+    case DrawingColour::Band:
+        return inks.band;
     }
     return inks.ink;
 }
@@ -99,11 +103,18 @@ void PaintLabel(QPainter& painter, const SizedLabel& sized, const FontMeasure& m
     painter.restore();
 }
 
+void PaintAreas(QPainter& painter, const Drawing& drawing, const Inks& inks) {
+    for (const DrawingArea& area : drawing.areas)
+        painter.fillRect(QRectF(area.x, area.y, area.width, area.height),
+                         ColourOf(area.colour, inks));
+}
+
 void PaintLines(QPainter& painter, const Drawing& drawing, const Inks& inks) {
     for (const DrawingLine& line : drawing.lines) {
         // Upright and level lines stay crisp on a screen's pixels.
         painter.setRenderHint(QPainter::Antialiasing, line.x1 != line.x2 && line.y1 != line.y2);
-        painter.setPen(QPen(ColourOf(line.colour, inks), line.width));
+        painter.setPen(QPen(ColourOf(line.colour, inks), line.width,
+                            line.dashed ? Qt::DashLine : Qt::SolidLine));
         painter.drawLine(QPointF(line.x1, line.y1), QPointF(line.x2, line.y2));
     }
     painter.setRenderHint(QPainter::Antialiasing);
@@ -136,6 +147,7 @@ void PaintCircles(QPainter& painter, const Drawing& drawing, const Inks& inks) {
 
 void PaintDrawing(QPainter& painter, const Drawing& drawing, const Inks& inks) {
     painter.save();
+    PaintAreas(painter, drawing, inks);
     PaintLines(painter, drawing, inks);
     PaintCircles(painter, drawing, inks);
     painter.setPen(inks.ink);

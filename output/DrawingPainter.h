@@ -7,10 +7,13 @@
 
 namespace quarnel {
 
-/// What Ink and Grid look like on a surface; Red and Blue are the same everywhere.
+/// What the colours that follow the surface look like on a surface; Red and Blue are the same
+/// everywhere.
 struct Inks {
     QColor ink = Qt::black;
     QColor grid = QColor(208, 208, 208);
+    QColor grey = QColor(128, 128, 128);
+    QColor band = QColor(253, 243, 208);
     QColor halo;        ///< around circles, where their colours are hard to see; invalid for none
     QString fontFamily; ///< empty for the painter's own
 };

@@ -26,14 +26,18 @@ Inks PaperInks() {
 
 } // namespace
 
+std::shared_ptr<const TextMeasure> PageMeasure() {
+    return std::make_shared<FontMeasure>(QFont(PaperInks().fontFamily));
+}
+
 Pages PlotPages(const Analysis& analysis, const Paper& paper) {
     return {1, [&analysis, paper](std::size_t) {
-                return DrawPlotPage(analysis, paper, FontMeasure(QFont(PaperInks().fontFamily)));
+                return DrawPlotPage(analysis, paper, *PageMeasure());
             }};
 }
 
 Pages SummaryReportPages(const Analysis& analysis, const Paper& paper) {
-    const auto measure = std::make_shared<FontMeasure>(QFont(PaperInks().fontFamily));
+    const auto measure = PageMeasure();
     const auto report = std::make_shared<ReportPages>(analysis, paper, *measure);
     return {report->Count(), [measure, report](std::size_t page) { return report->Page(page); }};
 }

@@ -3,6 +3,7 @@
 #include "kcompute/Analysis.h"
 #include "output/Drawing.h"
 #include "output/ReportPages.h"
+#include "output/TextMeasure.h"
 
 #include <QByteArray>
 #include <QPageLayout>
@@ -10,6 +11,7 @@
 #include <QString>
 #include <cstddef>
 #include <functional>
+#include <memory>
 
 namespace quarnel {
 
@@ -21,6 +23,9 @@ struct Pages {
 
 /// Hands back the pages of a document for a sheet of paper.
 using PagesFor = std::function<Pages(const Paper&)>;
+
+/// How large a text is in the font of the pages.
+std::shared_ptr<const TextMeasure> PageMeasure();
 
 /// The printed plot: one page. The analysis must outlive the pages.
 Pages PlotPages(const Analysis& analysis, const Paper& paper);

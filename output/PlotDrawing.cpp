@@ -1,9 +1,11 @@
 #include "output/PlotDrawing.h"
 
+#include "kcompute/FirstChange.h"
 #include "kcompute/NumberToText.h"
 #include "project/FixedLists.h"
 #include "project/Texts.h"
 #include "recovery/RecoveryData.h"
+#include "wellgeometry/WellGeometry.h"
 
 #include <algorithm>
 #include <cmath>
@@ -34,6 +36,8 @@ constexpr double DecadeLabelPart = 0.95;
 constexpr double AxisWidth = 15;
 constexpr double GridWidth = 8;
 constexpr double FittedWidth = 25;
+constexpr double EdgeWidth = 8;
+constexpr double HeadRangePoints = 9;
 
 /// Draws one plot; positions come from the axes' bounds and the layout.
 class PlotMaker {
@@ -52,6 +56,8 @@ public:
         // Before any check there are no bounds, and so no axes to draw on.
         if (!(range_ > 0))
             return {};
+        if (layout_.showHeadRange)
+            DrawHeadRange();
         DrawTimeAxis();
         DrawYAxis();
         DrawTitles();
@@ -86,6 +92,7 @@ private:
         return drawing_.labels.back();
     }
 
+    void DrawHeadRange();
     void DrawTimeAxis();
     void DrawYAxis();
     void DrawDecade(int exponent);
@@ -103,6 +110,32 @@ private:
     double range_;
     Drawing drawing_;
 };
+
+/// The band in which the points should lie that K is read from, cut to the Y axis.
+void PlotMaker::DrawHeadRange() {
+    const RecoveryPoint* first = FirstValidPoint(*recovery_.RecoveryPoints);
+    if (contents_.well == nullptr || first == nullptr)
+        return;
+    const double low = std::log10(HeadRangeLow * first->y);
+    const double high = std::log10(HeadRangeHigh * first->y);
+    const double bottom = LogY(std::max(low, low_));
+    const double top = LogY(std::min(high, low_ + range_));
+    if (!(top < bottom))
+        return;
+    drawing_.areas.push_back(
+        {layout_.left, top, layout_.plotWidth, bottom - top, DrawingColour::Band});
+    for (const double edge : {low, high})
+        if (edge >= low_ && edge <= low_ + range_)
+            Line(layout_.left, LogY(edge), Right(), LogY(edge), DrawingColour::Grey, EdgeWidth);
+    DrawingLabel& label = Label(Right() - LabelGap, (top + bottom) / 2,
+                                IsScreenAtWaterTable(*contents_.well)
+                                    ? "0.20-0.30 of H0 (meant for screens below the water table)"
+                                    : "0.20-0.30 of H0",
+                                Across::Right, Along::Middle);
+    label.points = HeadRangePoints;
+    label.maxWidth = layout_.plotWidth - 2 * LabelGap;
+    label.maxHeight = bottom - top;
+}
 
 void PlotMaker::DrawTimeAxis() {
     const double step = layout_.plotWidth / TimeIntervals;
@@ -243,7 +276,8 @@ PlotLayout ScreenPlotLayout(double areaWidth, double areaHeight) {
 PlotContents::PlotContents(const Computation& computation)
     : recovery(computation.recovery)
     , marks(&computation.marks)
-    , line(&computation.line) {}
+    , line(&computation.line)
+    , well(&computation.geometry) {}
 
 PlotContents::PlotContents(const WorkingValues& working)
     : recovery(working.recovery) {}

@@ -22,6 +22,8 @@ struct PlotLayout {
     double circleRadius = 50;
     double spot = 5;   ///< points of one colour that share a square of this side are drawn once
     double points = 9; ///< font size of labels
+    /// Whether the range of 0.20 to 0.30 of the first change in head is shown as a band.
+    bool showHeadRange = false;
 };
 
 inline constexpr int TimeIntervals = 5; ///< divisions of the time axis
@@ -47,6 +49,7 @@ struct PlotContents {
     const RecoveryData& recovery;
     const std::vector<Mark>* marks = nullptr; ///< null: no point was used
     const FittedLine* line = nullptr;         ///< null: no line to draw
+    const WellDimensions* well = nullptr;     ///< null: no range of the head to show
 };
 
 /// Draws axes, fitted line and points. The line is left out where it does not fall, a point where

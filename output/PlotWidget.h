@@ -1,17 +1,13 @@
 #pragma once
 
 #include "kcompute/Computation.h"
-#include "output/PlotDrawing.h"
-
-#include <QFrame>
-
-class QAction;
+#include "output/DrawingWidget.h"
 
 namespace quarnel {
 
-/// The plot area `Plot1`: shows the plot of one computation, drawn again for every size of the
-/// area. Its context menu copies the plot or saves it as a picture.
-class PlotWidget : public QFrame {
+/// The plot area `Plot1`: shows the plot of one computation. Its context menu shows besides the
+/// range of the head that is recommended for the fit.
+class PlotWidget : public DrawingWidget {
     Q_OBJECT
 public:
     explicit PlotWidget(QWidget* parent = nullptr);
@@ -19,34 +15,11 @@ public:
     /// Shows the plot of a computation, or with none an empty area that says how to get one.
     void ShowComputation(ComputationPtr computation);
 
-    /// What is shown, in twips; empty without a computation.
-    const Drawing& Shown() const { return drawing_; }
-
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
-Q_SIGNALS:
-    /// A picture could not be written; `said` names its file.
-    void FileFailed(const QString& said);
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
-    void contextMenuEvent(QContextMenuEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
-
 private:
-    double TwipsPerPixel() const;
-    QSize PixelsOf(int widthTwips, int heightTwips) const;
-    void DrawAgain();
-    void Copy();
-    void SaveAsPicture();
-
-    ComputationPtr computation_; ///< what the plot is drawn from; null for none
-    Drawing drawing_;
-    QAction* copy_ = nullptr;
-    QAction* save_ = nullptr;
+    QAction* headRange_ = nullptr;
 };
 
 } // namespace quarnel

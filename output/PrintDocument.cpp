@@ -26,26 +26,8 @@ const QString PrinterStopped =
                    "when it is started again.");
 const QString NoPages = QStringLiteral("its pages could not be made");
 
-bool SaveAsPdf(QWidget* parent, const QString& title, const PagesFor& pagesFor) {
-    if (!AskYesNo(parent, NoPrinterQuestion))
-        return false;
-    const QString path = ChooseNameToSave(
-        parent, QStringLiteral("Save As PDF"),
-        {QStringLiteral("PDF (*.pdf)(*.pdf)"), QStringLiteral("All Files (*.*)(*)")});
-    if (path.isEmpty())
-        return false;
-    FileFailure failure = FileFailure::OutOfMemory;
-    {
-        const BusyPointer busy;
-        const QByteArray bytes = PdfOfPages(PdfPageLayout(), title, pagesFor);
-        if (!bytes.isEmpty())
-            failure = SaveFileBytes(ToUtf8(path),
-                                    {bytes.constData(), static_cast<std::size_t>(bytes.size())});
-    }
-    if (failure == FileFailure::None)
-        return true;
-    ShowMessage(parent, ToQString(FileErrorMessage(failure)));
-    return false;
+bool SaveAsPdfInstead(QWidget* parent, const QString& title, const PagesFor& pagesFor) {
+    return AskYesNo(parent, NoPrinterQuestion) && SaveDocumentAsPdf(parent, title, pagesFor);
 }
 
 /// The printer's own sheet and all of it that the printer can reach.
@@ -72,10 +54,30 @@ std::optional<QString> FailureOfPrinting(const Printer& printer, const QString& 
 
 } // namespace
 
+bool SaveDocumentAsPdf(QWidget* parent, const QString& title, const PagesFor& pagesFor) {
+    const QString path = ChooseNameToSave(
+        parent, QStringLiteral("Save As PDF"),
+        {QStringLiteral("PDF (*.pdf)(*.pdf)"), QStringLiteral("All Files (*.*)(*)")});
+    if (path.isEmpty())
+        return false;
+    FileFailure failure = FileFailure::OutOfMemory;
+    {
+        const BusyPointer busy;
+        const QByteArray bytes = PdfOfPages(PdfPageLayout(), title, pagesFor);
+        if (!bytes.isEmpty())
+            failure = SaveFileBytes(ToUtf8(path),
+                                    {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    }
+    if (failure == FileFailure::None)
+        return true;
+    ShowMessage(parent, ToQString(FileErrorMessage(failure)));
+    return false;
+}
+
 bool PrintDocument(QWidget* parent, const QString& title, const PagesFor& pagesFor) {
     const std::optional<Printer> printer = DefaultPrinter();
     if (!printer)
-        return SaveAsPdf(parent, title, pagesFor);
+        return SaveAsPdfInstead(parent, title, pagesFor);
     const QString name = ToQString(printer->name);
     if (const auto failure = FailureOfPrinting(*printer, title, pagesFor)) {
         ShowMessage(parent, PrintingFailed.arg(name, title, *failure));

@@ -13,4 +13,8 @@ namespace quarnel {
 /// went to the printer or into a file.
 bool PrintDocument(QWidget* parent, const QString& title, const PagesFor& pagesFor);
 
+/// Asks for a name and saves the document as a PDF file. A file that cannot be written gives a
+/// message. Returns whether it was saved.
+bool SaveDocumentAsPdf(QWidget* parent, const QString& title, const PagesFor& pagesFor);
+
 } // namespace quarnel

@@ -32,8 +32,8 @@ PrtPlotFrm::PrtPlotFrm(Analysis& analysis, QWidget* parent)
         auto* box = new TextBox(analysis_.state.PlotText[i],
                                 QStringLiteral("PlotText_") + QString::number(i));
         PlotText[i] = box;
-        box->setAccessibleName(tr("Graph title, line %1").arg(i + 1));
-        box->setToolTip(tr("Line %1 of the title above the printed plot").arg(i + 1));
+        box->setAccessibleName(QStringLiteral("Graph title, line %1").arg(i + 1));
+        box->setToolTip(QStringLiteral("Line %1 of the title above the printed plot").arg(i + 1));
         box->setMinimumWidth(fontMetrics().averageCharWidth() * TitleCharacters);
         rows->addWidget(box);
     }

@@ -27,7 +27,7 @@ PrtResults::PrtResults(Analysis& analysis, QWidget* parent)
     , analysis_(analysis) {
     setObjectName(QStringLiteral("PrtResults"));
     setWindowTitle(QStringLiteral("Print/Save the Results"));
-    auto* group = new QGroupBox(tr("Summary Report"));
+    auto* group = new QGroupBox(QStringLiteral("Summary Report"));
     auto* choices = new QVBoxLayout(group);
     const std::array<QString, 2> captions = {QStringLiteral("Save to &File"),
                                              QStringLiteral("Send to &Printer")};
@@ -65,7 +65,8 @@ void PrtResults::ShowState() {
 }
 
 void PrtResults::ShowChoice() {
-    CmdPrtResults->setText(Option1[0]->isChecked() ? tr("&Save...") : tr("P&rint"));
+    CmdPrtResults->setText(Option1[0]->isChecked() ? QStringLiteral("&Save...")
+                                                   : QStringLiteral("P&rint"));
 }
 
 void PrtResults::Carry() {

@@ -4,6 +4,7 @@
 #include "project/ItemReader.h"
 #include "project/ProjectReaders.h"
 #include "project/ProjectState.h"
+#include "project/TextColumns.h"
 #include "project/Texts.h"
 
 #include <algorithm>
@@ -28,16 +29,6 @@ constexpr std::size_t ShortDataPoint = 31;
 bool EqualsIgnoringCase(std::string_view text, std::string_view upperCaseWord) {
     return text == upperCaseWord ||
            (text.size() == upperCaseWord.size() && ContainsIgnoringCase(text, upperCaseWord));
-}
-
-/// At most PassedOverBytes of `text`, never a piece of a character.
-std::string_view StartOf(std::string_view text) {
-    if (text.size() <= PassedOverBytes)
-        return text;
-    std::size_t end = PassedOverBytes;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U)
-        --end;
-    return text.substr(0, end);
 }
 
 /// One reading of a project file. Each section routine returns why it stopped, None when it read
@@ -125,7 +116,8 @@ void ProjectFileReader::PassOver(std::string_view item, std::size_t position) {
         const bool pair = c == '\r' && wholeText_[countedTo_ + 1] == '\n';
         countedLines_ += (c == '\n' || (c == '\r' && !pair)) ? 1U : 0U;
     }
-    report_.passedOver.push_back({countedLines_, std::string(StartOf(item))});
+    report_.passedOver.push_back(
+        {countedLines_, std::string(WholeCharacters(item, PassedOverBytes))});
 }
 
 FileFailure ProjectFileReader::NextText(std::string_view& text) {

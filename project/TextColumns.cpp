@@ -5,9 +5,17 @@
 namespace quarnel {
 
 std::size_t CharacterCount(std::string_view text) {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char byte) {
-        return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
-    }));
+    return static_cast<std::size_t>(std::count_if(
+        text.begin(), text.end(), [](char byte) { return !ContinuesCharacter(byte); }));
+}
+
+std::string_view WholeCharacters(std::string_view text, std::size_t most) {
+    if (text.size() <= most)
+        return text;
+    std::size_t end = most;
+    while (end > 0 && ContinuesCharacter(text[end]))
+        --end;
+    return text.substr(0, end);
 }
 
 void AppendInColumns(std::string& text, std::span<const std::size_t> columns,

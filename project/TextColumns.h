@@ -19,6 +19,14 @@ constexpr std::size_t CharacterSize(char lead) {
     return byte >= 0xC0 ? 2 : 1;
 }
 
+/// Whether a byte of UTF-8 continues a character that began before it.
+constexpr bool ContinuesCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+/// The longest beginning of `text` of at most `most` bytes that cuts no character.
+std::string_view WholeCharacters(std::string_view text, std::size_t most);
+
 /// Number of characters of a UTF-8 text: every byte that does not continue a character.
 std::size_t CharacterCount(std::string_view text);
 

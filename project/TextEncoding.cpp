@@ -1,5 +1,7 @@
 #include "project/TextEncoding.h"
 
+#include "project/TextColumns.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -30,27 +32,13 @@ std::size_t DecodeOne(std::string_view bytes, std::size_t at, char32_t& code) {
         return 0;
     code = lead & (0xFFU >> (length + 1));
     for (std::size_t i = 1; i < length; ++i) {
-        if ((byte(at + i) & 0xC0U) != 0x80U)
+        if (!ContinuesCharacter(bytes[at + i]))
             return 0;
         code = (code << 6U) | (byte(at + i) & 0x3FU);
     }
     constexpr std::array<char32_t, 5> Smallest = {0, 0, 0x80, 0x800, 0x10000};
     const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
     return code < Smallest[length] || surrogate || code > 0x10FFFF ? 0 : length;
-}
-
-void AppendUtf8(std::string& text, char32_t code) {
-    const auto put = [&text](char32_t bits) { text.push_back(static_cast<char>(bits)); };
-    if (code < 0x80) {
-        put(code);
-    } else if (code < 0x800) {
-        put(0xC0U | (code >> 6U));
-        put(0x80U | (code & 0x3FU));
-    } else {
-        put(0xE0U | (code >> 12U));
-        put(0x80U | ((code >> 6U) & 0x3FU));
-        put(0x80U | (code & 0x3FU));
-    }
 }
 
 std::optional<char> Windows1252Byte(char32_t code) {
@@ -78,6 +66,25 @@ std::size_t AsciiRun(std::string_view bytes, std::size_t at) {
 }
 
 } // namespace
+
+void AppendUtf8(std::string& text, char32_t code) {
+    const auto put = [&text](char32_t bits) { text.push_back(static_cast<char>(bits)); };
+    if (code < 0x80) {
+        put(code);
+        return;
+    }
+    if (code < 0x800) {
+        put(0xC0U | (code >> 6U));
+    } else if (code < 0x10000) {
+        put(0xE0U | (code >> 12U));
+        put(0x80U | ((code >> 6U) & 0x3FU));
+    } else {
+        put(0xF0U | (code >> 18U));
+        put(0x80U | ((code >> 12U) & 0x3FU));
+        put(0x80U | ((code >> 6U) & 0x3FU));
+    }
+    put(0x80U | (code & 0x3FU));
+}
 
 bool IsValidUtf8(std::string_view bytes) {
     std::size_t at = AsciiRun(bytes, 0);

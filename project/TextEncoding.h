@@ -8,6 +8,9 @@ namespace quarnel {
 /// Whether `bytes` are well-formed UTF-8 (no overlong forms, no surrogates, at most U+10FFFF).
 bool IsValidUtf8(std::string_view bytes);
 
+/// Adds the character `code` (at most U+10FFFF) to a UTF-8 text.
+void AppendUtf8(std::string& text, char32_t code);
+
 /// The UTF-8 text of bytes in Windows-1252. The five bytes without a character there stand for the
 /// control characters of the same number, so every byte survives.
 std::string Windows1252ToUtf8(std::string_view bytes);

@@ -1,6 +1,7 @@
 #include "recovery/GridEditor.h"
 
 #include "project/ProjectState.h"
+#include "project/TextColumns.h"
 #include "recovery/RecoveryData.h"
 
 #include <algorithm>
@@ -17,10 +18,7 @@ GridCell IntoGrid(GridCell cell, std::size_t rowCount) {
 
 /// Drops the last character of a UTF-8 text, which may be of several bytes.
 void DropLastCharacter(std::string& text) {
-    const auto isContinuation = [](char c) {
-        return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
-    };
-    while (!text.empty() && isContinuation(text.back()))
+    while (!text.empty() && ContinuesCharacter(text.back()))
         text.pop_back();
     if (!text.empty())
         text.pop_back();

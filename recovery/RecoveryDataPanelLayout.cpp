@@ -8,6 +8,7 @@
 #include "recovery/RecDatGrid.h"
 #include "recovery/RecoveryData.h"
 #include "recovery/RecoveryGridModel.h"
+#include "widgets/ChoiceList.h"
 #include "widgets/Panel.h"
 #include "widgets/QtTexts.h"
 #include "widgets/TextBox.h"
@@ -21,16 +22,6 @@
 namespace quarnel {
 
 namespace {
-
-QComboBox* MakeList(const QString& name, std::span<const std::string_view> entries,
-                    const QString& tip) {
-    auto* list = new QComboBox;
-    list->setObjectName(name);
-    for (const std::string_view entry : entries)
-        list->addItem(ToQString(entry));
-    list->setToolTip(tip);
-    return list;
-}
 
 /// A caption above its list.
 QBoxLayout* Captioned(const QString& caption, QComboBox* list) {
@@ -85,22 +76,22 @@ RecoveryDataPanel::RecoveryDataPanel(ProjectState& state, RecoveryData& checked,
 }
 
 QWidget* RecoveryDataPanel::BuildSettings() {
-    RecDatDataTypeDDL =
-        MakeList(QStringLiteral("RecDatDataTypeDDL"), DataTypeNames,
-                 QStringLiteral("What was measured in the well:\n"
-                                "D, the depth from the measuring point down to the groundwater;\n"
-                                "H, the groundwater head, a height above a datum;\n"
-                                "Y, the change in head since before the test, as a distance."));
-    RecDatSlugTestTypeDDL =
-        MakeList(QStringLiteral("RecDatSlugTestTypeDDL"), SlugTestTypeNames,
-                 QStringLiteral("Rising head: water or a slug was taken out and the water level "
-                                "rises again.\nFalling head: water or a slug was put in and the "
-                                "water level falls again."));
-    RecDatTimeUnitsDDL = MakeList(QStringLiteral("RecDatTimeUnitsDDL"), TimeUnitNames,
-                                  QStringLiteral("Unit of the times in the grid"));
+    RecDatDataTypeDDL = MakeChoiceList(
+        QStringLiteral("RecDatDataTypeDDL"), DataTypeNames,
+        QStringLiteral("What was measured in the well:\n"
+                       "D, the depth from the measuring point down to the groundwater;\n"
+                       "H, the groundwater head, a height above a datum;\n"
+                       "Y, the change in head since before the test, as a distance."));
+    RecDatSlugTestTypeDDL = MakeChoiceList(
+        QStringLiteral("RecDatSlugTestTypeDDL"), SlugTestTypeNames,
+        QStringLiteral("Rising head: water or a slug was taken out and the water level "
+                       "rises again.\nFalling head: water or a slug was put in and the "
+                       "water level falls again."));
+    RecDatTimeUnitsDDL = MakeChoiceList(QStringLiteral("RecDatTimeUnitsDDL"), TimeUnitNames,
+                                        QStringLiteral("Unit of the times in the grid"));
     RecDatWaterLevelUnitsDDL =
-        MakeList(QStringLiteral("RecDatWaterLevelUnitsDDL"), LengthUnitNames,
-                 QStringLiteral("Unit of the water levels in the grid and before the test"));
+        MakeChoiceList(QStringLiteral("RecDatWaterLevelUnitsDDL"), LengthUnitNames,
+                       QStringLiteral("Unit of the water levels in the grid and before the test"));
     auto* settings = new QWidget;
     auto* columns = new QHBoxLayout(settings);
     columns->setContentsMargins(0, 0, 0, 0);

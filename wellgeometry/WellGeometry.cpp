@@ -102,22 +102,7 @@ bool ExceedsAsSingle(double a, double b) {
     return static_cast<float>(a) > static_cast<float>(b);
 }
 
-Result CompareLengths(const WellDimensions& well) {
-    Result result;
-    if (ExceedsAsSingle(well.Lw.value, well.H.value))
-        result = Result::Error("Well Geometry: Lw must <= H.", BoxPlace(GeoLw));
-    if (ExceedsAsSingle(well.Le.value, well.Lw.value))
-        result = Result::Error("Well Geometry: Le must <= Lw.", BoxPlace(GeoLe));
-    if (ExceedsAsSingle(well.dc.value, well.dw.value))
-        result = Result::Error("Well Geometry: dc must be <= dw, well casing diameter must be <= "
-                               "well borehole diameter.",
-                               BoxPlace(GeoDc));
-    return result;
-}
-
-void DeriveLengths(const ProjectState& state, WellDimensions& well) {
-    well.verticalUnit = state.WellGeoVertUnitsDDL;
-    well.radialUnit = state.WellGeoRadUnitsDDL;
+void DeriveLengths(WellDimensions& well) {
     const double verticalFactor = UnitFactorToCm(well.verticalUnit);
     well.H.cm = well.H.value * verticalFactor;
     well.Lw.cm = well.Lw.value * verticalFactor;
@@ -134,13 +119,31 @@ void DeriveLengths(const ProjectState& state, WellDimensions& well) {
 
 } // namespace
 
+Result CompareAndDerive(WellDimensions& well) {
+    Result result;
+    if (ExceedsAsSingle(well.Lw.value, well.H.value))
+        result = Result::Error("Well Geometry: Lw must <= H.", BoxPlace(GeoLw));
+    if (ExceedsAsSingle(well.Le.value, well.Lw.value))
+        result = Result::Error("Well Geometry: Le must <= Lw.", BoxPlace(GeoLe));
+    if (ExceedsAsSingle(well.dc.value, well.dw.value))
+        result = Result::Error("Well Geometry: dc must be <= dw, well casing diameter must be <= "
+                               "well borehole diameter.",
+                               BoxPlace(GeoDc));
+    DeriveLengths(well);
+    return result;
+}
+
 Result CheckWellGeometry(ProjectState& state, WellDimensions& well) {
     Result result = TakeEntries(state, well);
     if (result.IsError())
         return result;
-    result = CompareLengths(well);
-    DeriveLengths(state, well);
-    return result;
+    well.verticalUnit = state.WellGeoVertUnitsDDL;
+    well.radialUnit = state.WellGeoRadUnitsDDL;
+    return CompareAndDerive(well);
+}
+
+bool IsScreenAtWaterTable(const WellDimensions& well) {
+    return static_cast<float>(well.Le.value) == static_cast<float>(well.Lw.value);
 }
 
 } // namespace quarnel

@@ -15,4 +15,13 @@ namespace quarnel {
 /// failing one is reported, with the derived values computed all the same. Status: Ok or Error.
 Result CheckWellGeometry(ProjectState& state, WellDimensions& well);
 
+/// The end of that check, for values that are set (lengths, diameters with their radii, porosity
+/// and units): compares the lengths and derives those in cm and the effective radius. Status as
+/// there.
+Result CompareAndDerive(WellDimensions& well);
+
+/// Whether the screen reaches up to the water table: Le and Lw are equal as entered, in single
+/// precision as the check compares them.
+bool IsScreenAtWaterTable(const WellDimensions& well);
+
 } // namespace quarnel

@@ -5,6 +5,7 @@
 #include "wellgeometry/WellDimensions.h"
 #include "wellgeometry/WellGeometry.h"
 #include "wellgeometry/WellSectionPicture.h"
+#include "widgets/ChoiceList.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
 #include "widgets/TextBox.h"
@@ -59,9 +60,9 @@ WellGeometryPanel::WellGeometryPanel(ProjectState& state, QWidget* parent)
     entries->addWidget(BuildVerticalGroup());
     entries->addWidget(BuildRadialGroup());
     entries->addWidget(BuildPorosityRow());
-    auto* check = new QPushButton(tr("Check Data"), this);
+    auto* check = new QPushButton(QStringLiteral("Check Data"), this);
     check->setObjectName(QStringLiteral("SSCmdWellGeoCheckData"));
-    check->setToolTip(tr("Check that the dimensions are complete and fit together"));
+    check->setToolTip(QStringLiteral("Check that the dimensions are complete and fit together"));
     connect(check, &QPushButton::clicked, this, &WellGeometryPanel::CheckData);
     entries->addWidget(check, 0, Qt::AlignLeft);
     entries->addStretch(1);
@@ -75,8 +76,8 @@ WellGeometryPanel::WellGeometryPanel(ProjectState& state, QWidget* parent)
 void WellGeometryPanel::AddBox(int index, QGridLayout& grid, int row) {
     const auto i = static_cast<std::size_t>(index);
     auto* box = new TextBox(state_.WellGeoText[i], Name("WellGeoText", i), this);
-    box->setToolTip(tr(FieldToolTips[i]));
-    box->setAccessibleName(tr(FieldNames[i]));
+    box->setToolTip(QString::fromUtf8(FieldToolTips[i]));
+    box->setAccessibleName(QString::fromUtf8(FieldNames[i]));
     box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QLatin1Char('0')) * BoxCharacters);
     connect(box, &TextBox::TextTaken, this, &WellGeometryPanel::Edited);
     auto* label = new QLabel(ToQString(WellGeoFields[i].label), this);
@@ -91,17 +92,12 @@ void WellGeometryPanel::AddBox(int index, QGridLayout& grid, int row) {
 
 QComboBox* WellGeometryPanel::AddUnitList(const QString& name, const QString& accessibleName,
                                           int ProjectState::*unit, QGridLayout& grid) {
-    auto* list = new QComboBox(this);
-    list->setObjectName(name);
-    list->setAccessibleName(accessibleName);
-    list->setToolTip(accessibleName);
-    for (const std::string_view text : LengthUnitNames)
-        list->addItem(ToQString(text));
+    QComboBox* list = MakeChoiceList(name, LengthUnitNames, accessibleName, accessibleName);
     connect(list, &QComboBox::activated, this, [this, unit](int index) {
         state_.*unit = index;
         Q_EMIT Edited();
     });
-    auto* label = new QLabel(tr("Units"), this);
+    auto* label = new QLabel(QStringLiteral("Units"), this);
     label->setBuddy(list);
     grid.addWidget(label, grid.rowCount(), 0);
     grid.addWidget(list, grid.rowCount() - 1, 1);
@@ -109,28 +105,29 @@ QComboBox* WellGeometryPanel::AddUnitList(const QString& name, const QString& ac
 }
 
 QWidget* WellGeometryPanel::BuildVerticalGroup() {
-    auto* group = new QGroupBox(tr(" Vertical Measurements"), this);
+    auto* group = new QGroupBox(QStringLiteral(" Vertical Measurements"), this);
     auto* grid = new QGridLayout(group);
     for (const int index : {GeoH, GeoLw, GeoLe})
         AddBox(index, *grid, index);
     WellGeoVertUnitsDDL =
-        AddUnitList(QStringLiteral("WellGeoVertUnitsDDL"), tr("Unit of H, Lw and Le"),
+        AddUnitList(QStringLiteral("WellGeoVertUnitsDDL"), QStringLiteral("Unit of H, Lw and Le"),
                     &ProjectState::WellGeoVertUnitsDDL, *grid);
     return group;
 }
 
 QWidget* WellGeometryPanel::BuildRadialGroup() {
-    auto* group = new QGroupBox(tr("Radial Measurements"), this);
+    auto* group = new QGroupBox(QStringLiteral("Radial Measurements"), this);
     auto* grid = new QGridLayout(group);
     for (const int index : {GeoDw, GeoDc})
         AddBox(index, *grid, index - GeoDw);
-    WellGeoRadUnitsDDL = AddUnitList(QStringLiteral("WellGeoRadUnitsDDL"), tr("Unit of dw and dc"),
-                                     &ProjectState::WellGeoRadUnitsDDL, *grid);
+    WellGeoRadUnitsDDL =
+        AddUnitList(QStringLiteral("WellGeoRadUnitsDDL"), QStringLiteral("Unit of dw and dc"),
+                    &ProjectState::WellGeoRadUnitsDDL, *grid);
     return group;
 }
 
 QWidget* WellGeometryPanel::BuildPorosityRow() {
-    auto* group = new QGroupBox(tr("Drained Filter Pack Porosity"), this);
+    auto* group = new QGroupBox(QStringLiteral("Drained Filter Pack Porosity"), this);
     auto* grid = new QGridLayout(group);
     AddBox(GeoDpor, *grid, 0);
     auto* unit = new QLabel(ToQString(PorosityUnitLabel), this);
@@ -160,18 +157,18 @@ QPushButton* WellGeometryPanel::BuildRibbon(const QString& name, const QString& 
 }
 
 QWidget* WellGeometryPanel::BuildIllustration() {
-    SSRibbon1 =
-        BuildRibbon(QStringLiteral("SSRibbon1"), tr("Water Table above the Screen/Filter Pack."),
-                    tr("Show a well whose screen lies wholly below the water table"));
-    SSRibbon2 =
-        BuildRibbon(QStringLiteral("SSRibbon2"), tr("Water Table in the Screen/Filter Pack."),
-                    tr("Show a well whose screen the water table crosses"));
+    SSRibbon1 = BuildRibbon(
+        QStringLiteral("SSRibbon1"), QStringLiteral("Water Table above the Screen/Filter Pack."),
+        QStringLiteral("Show a well whose screen lies wholly below the water table"));
+    SSRibbon2 = BuildRibbon(QStringLiteral("SSRibbon2"),
+                            QStringLiteral("Water Table in the Screen/Filter Pack."),
+                            QStringLiteral("Show a well whose screen the water table crosses"));
     auto* pair = new QButtonGroup(this);
     pair->addButton(SSRibbon1);
     pair->addButton(SSRibbon2);
     connect(SSRibbon1, &QPushButton::toggled, this, &WellGeometryPanel::ChoosePicture);
 
-    auto* group = new QGroupBox(tr("Well Section"), this);
+    auto* group = new QGroupBox(QStringLiteral("Well Section"), this);
     auto* grid = new QGridLayout(group);
     grid->addWidget(SSRibbon1, 0, 0);
     grid->addWidget(SSRibbon2, 0, 1);
@@ -219,10 +216,10 @@ void WellGeometryPanel::CheckData() {
     const Result result = CheckWellGeometry(state_, checked);
     ShowCheckedData();
     if (result.IsError()) {
-        ShowMessage(this, ToQString(result.message), tr("Data Error"));
+        ShowMessage(this, ToQString(result.message), QStringLiteral("Data Error"));
         GoTo(result.place);
     } else {
-        ShowMessage(this, tr("Well Geometry data is complete and consistent."));
+        ShowMessage(this, QStringLiteral("Well Geometry data is complete and consistent."));
     }
 }
 

@@ -13,7 +13,7 @@ public:
     virtual void ShowState() = 0;
 
 Q_SIGNALS:
-    /// The user changed something that a computation is made from.
+    /// Something was changed that a computation or its diagnostics are made from.
     void Edited();
 };
 

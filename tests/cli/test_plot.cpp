@@ -55,9 +55,16 @@ TEST_F(CliPictureTest, HelpOfThePaintingProgramIsNoFailure) {
         const Outcome outcome =
             RunShell(std::string("\"$(dirname \"$cli\")/quarnel-plot\" ") + option);
         EXPECT_EQ(outcome.status, 0);
-        EXPECT_EQ(outcome.out, "Usage: quarnel-plot -o OUT.pdf|OUT.svg|OUT.png FILE\n");
+        EXPECT_EQ(outcome.out,
+                  "Usage: quarnel-plot -o OUT.pdf|OUT.svg|OUT.png [--head-range] FILE\n");
         EXPECT_EQ(outcome.err, "");
     }
+}
+
+TEST_F(CliPlotTest, PaintingProgramIsToldOfTheHeadRange) {
+    PutPainterBeside("#!/bin/sh\nprintf '<%s>' \"$@\"\n");
+    const Outcome outcome = RunShell("bin/quarnel-cli plot --head-range -o a.svg b.qn2");
+    EXPECT_EQ(outcome.out, "<-o><a.svg><--head-range><--><b.qn2>");
 }
 
 TEST_F(CliPlotTest, StatusOfThePaintingProgramIsOurs) {
@@ -90,6 +97,19 @@ TEST_F(CliPictureTest, SvgIsThePlotWithItsTextAsText) {
         EXPECT_TRUE(Holds(svg, part)) << part;
     EXPECT_FALSE(Holds(svg, "CGWP"));
     EXPECT_FALSE(Holds(svg, "<image"));
+}
+
+TEST_F(CliPictureTest, HeadRangeIsDrawnOnlyWhereItIsAskedForAndNeverOnThePage) {
+    const QString project = Example("pratt-county-1998.qn2");
+    const auto picture = [&](std::string_view name) {
+        EXPECT_EQ(Run({Q("plot"), Q("--head-range"), Q("-o"), Q(name), project}).status, 0);
+        return ReadBytes(name);
+    };
+    EXPECT_TRUE(Holds(picture("with.svg"), ">0.20-0.30 of H0</text>"));
+    EXPECT_FALSE(Holds(Picture("without.svg"), "0.20-0.30"));
+    EXPECT_NE(picture("with.png"), Picture("without.png"));
+    picture("with.pdf");
+    EXPECT_FALSE(Holds(RunShell("pdftotext with.pdf -").out, "0.20-0.30"));
 }
 
 TEST_F(CliPictureTest, PngIsThePlotInPixels) {

@@ -4,6 +4,8 @@ namespace quarnel::test {
 
 namespace {
 
+constexpr const char* WrongPercent = "quarnel-cli: The percent must be a number from 1 to 50.";
+
 class CliUsageTest : public CliTest {};
 
 } // namespace
@@ -14,7 +16,8 @@ TEST_F(CliUsageTest, HelpNamesEveryCommand) {
         EXPECT_EQ(outcome.status, 0);
         EXPECT_EQ(outcome.err, "");
         EXPECT_EQ(outcome.out.find("Usage: quarnel-cli COMMAND [options] FILE...\n"), 0U);
-        for (const char* command : {"analyze", "report", "plot", "import", "convert", "check"})
+        for (const char* command :
+             {"analyze", "diagnose", "report", "plot", "import", "convert", "check"})
             EXPECT_NE(outcome.out.find("\n  " + std::string(command) + " "), std::string::npos)
                 << command;
     }
@@ -23,8 +26,10 @@ TEST_F(CliUsageTest, HelpNamesEveryCommand) {
 TEST_F(CliUsageTest, EachCommandHasItsHelp) {
     for (const auto& [command, usage] :
          {std::pair("analyze", "Usage: quarnel-cli analyze [--format table|json|csv] FILE...\n"),
+          std::pair("diagnose", "Usage: quarnel-cli diagnose [--format F] [--sensitivity] "
+                                "[--percent P] FILE...\n"),
           std::pair("report", "Usage: quarnel-cli report [-o OUT] FILE\n"),
-          std::pair("plot", "Usage: quarnel-cli plot -o OUT FILE\n"),
+          std::pair("plot", "Usage: quarnel-cli plot -o OUT [--head-range] FILE\n"),
           std::pair("import", "Usage: quarnel-cli import LOGGER -o NEW.qn2 [options]\n"),
           std::pair("convert", "Usage: quarnel-cli convert IN OUT\n"),
           std::pair("check", "Usage: quarnel-cli check FILE...\n")}) {
@@ -39,9 +44,9 @@ TEST_F(CliUsageTest, EachCommandHasItsHelp) {
 TEST_F(CliUsageTest, HelpFitsATerminal) {
     for (const QStringList& arguments :
          {QStringList{Q("--help")}, QStringList{Q("analyze"), Q("-h")},
-          QStringList{Q("report"), Q("-h")}, QStringList{Q("plot"), Q("-h")},
-          QStringList{Q("import"), Q("-h")}, QStringList{Q("convert"), Q("-h")},
-          QStringList{Q("check"), Q("-h")}})
+          QStringList{Q("diagnose"), Q("-h")}, QStringList{Q("report"), Q("-h")},
+          QStringList{Q("plot"), Q("-h")}, QStringList{Q("import"), Q("-h")},
+          QStringList{Q("convert"), Q("-h")}, QStringList{Q("check"), Q("-h")}})
         for (const QString& line : Q(Run(arguments).out).split(Q("\n")))
             EXPECT_LE(line.size(), 80) << line.toStdString();
 }
@@ -73,6 +78,18 @@ TEST_F(CliUsageTest, WrongUseIsTold) {
         {{Q("analyze"), Q("a.qn2"), Q("--format")}, "quarnel-cli: Missing value after '--format'."},
         {{Q("analyze"), Q("--wide"), Q("a.qn2")}, "quarnel-cli: Unknown option 'wide'."},
         {{Q("analyze"), Q("-o"), Q("x"), Q("a.qn2")}, "quarnel-cli: Unknown option 'o'."},
+        {{Q("diagnose")}, "quarnel-cli: No file is named."},
+        {{Q("diagnose"), Q("--format"), Q("xml"), Q("a.qn2")},
+         "quarnel-cli: There is no format 'xml'."},
+        {{Q("diagnose"), Q("--percent"), Q("0.99"), Q("a.qn2")}, WrongPercent},
+        {{Q("diagnose"), Q("--percent"), Q("50.01"), Q("a.qn2")}, WrongPercent},
+        {{Q("diagnose"), Q("--percent"), Q("ten"), Q("a.qn2")}, WrongPercent},
+        {{Q("diagnose"), Q("--percent"), Q("nan"), Q("a.qn2")}, WrongPercent},
+        {{Q("diagnose"), Q("--percent="), Q("a.qn2")}, WrongPercent},
+        {{Q("diagnose"), Q("a.qn2"), Q("--percent")},
+         "quarnel-cli: Missing value after '--percent'."},
+        {{Q("diagnose"), Q("--head-range"), Q("a.qn2")},
+         "quarnel-cli: Unknown option 'head-range'."},
         {{Q("convert")}, "quarnel-cli: Exactly two files are needed."},
         {{Q("convert"), Q("a.qn2")}, "quarnel-cli: Exactly two files are needed."},
         {{Q("convert"), Q("a.qn2"), Q("b.qn2"), Q("c.qn2")},

@@ -162,6 +162,15 @@ TEST(LnReOverRw, TheDistanceBelowTheWellHasNoUpperCap) {
                      1 / (1.1 / std::log(10.0) + (2 + 0.5 * std::log(1e9)) / 10));
 }
 
+TEST(LnReOverRw, ACapHoldsTheDistanceBelowTheWellOnlyWhereItIsPassed) {
+    const BouwerRiceCoefficients coefficients = {2, 0.5, 1000};
+    EXPECT_DOUBLE_EQ(ComputeLnReOverRw(1e9 + 10, 10, 10, 1, coefficients, 6),
+                     1 / (1.1 / std::log(10.0) + (2 + 0.5 * 6) / 10));
+    EXPECT_EQ(ComputeLnReOverRw(300, 10, 10, 1, coefficients, 6),
+              ComputeLnReOverRw(300, 10, 10, 1, coefficients));
+    EXPECT_FALSE(std::isfinite(ComputeLnReOverRw(5, 10, 10, 1, coefficients, 6)));
+}
+
 TEST(LnReOverRw, AFaultIsNeverANumber) {
     struct Case {
         const char* what;

@@ -187,8 +187,6 @@ TEST(IsCurrent, NamesTitlesAndTheUnitsOfKDoNotGoIn) {
     });
     ExpectStillCurrent(analysis, "picture",
                        [](ProjectState& state) { state.SSRibbon1Pressed = false; });
-    ExpectStillCurrent(analysis, "file",
-                       [](ProjectState& state) { state.CurrentProjectFile = "/tmp/other.qn2"; });
 }
 
 TEST(IsCurrent, BlanksAroundATextAndBlankRowsMakeNoDifference) {

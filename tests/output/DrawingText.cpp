@@ -13,7 +13,7 @@ namespace quarnel {
 
 namespace {
 
-constexpr std::array<const char*, 4> ColourNames = {"ink", "grid", "red", "blue"};
+constexpr std::array<const char*, 6> ColourNames = {"ink", "grid", "red", "blue", "grey", "band"};
 constexpr std::array<const char*, 3> AcrossNames = {"left", "centre", "right"};
 constexpr std::array<const char*, 3> AlongNames = {"top", "middle", "bottom"};
 
@@ -37,9 +37,12 @@ std::string Name(const std::array<const char*, N>& names, Enum value) {
 
 std::string DrawingText(const Drawing& drawing) {
     std::string text = "surface" + Numbers({drawing.width, drawing.height}) + "\n";
+    for (const DrawingArea& area : drawing.areas)
+        text += "area" + Numbers({area.x, area.y, area.width, area.height}) +
+                Name(ColourNames, area.colour) + "\n";
     for (const DrawingLine& line : drawing.lines)
         text += "line" + Numbers({line.x1, line.y1, line.x2, line.y2, line.width}) +
-                Name(ColourNames, line.colour) + "\n";
+                Name(ColourNames, line.colour) + (line.dashed ? " dashed\n" : "\n");
     for (const DrawingCircle& circle : drawing.circles)
         text += "circle" + Numbers({circle.x, circle.y, circle.radius}) +
                 Name(ColourNames, circle.colour) + "\n";

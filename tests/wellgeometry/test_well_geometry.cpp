@@ -238,6 +238,27 @@ TEST(CheckWellGeometry, AnEffectiveRadiusBeyondSinglePrecisionHasNoText) {
     EXPECT_EQ(checked.well.re, 0.5e100);
 }
 
+TEST(CompareAndDerive, GivesAChangedWellWhatTheCheckWould) {
+    WellDimensions changed = Check(Accepted).well;
+    changed.Le.value = 9;
+    changed.dc.value = 3;
+    changed.dc.radius = changed.dc.value / 2;
+    changed.n = 0.2;
+    EXPECT_FALSE(CompareAndDerive(changed).IsError());
+    const WellDimensions checked = Check({"12.4", "10", "9", "8.25", "3", "20"}).well;
+    EXPECT_EQ(changed.Le.cm, checked.Le.cm);
+    EXPECT_EQ(changed.dc.radiusCm, checked.dc.radiusCm);
+    EXPECT_EQ(changed.reCm, checked.reCm);
+    changed.dc.value = 9;
+    EXPECT_EQ(CompareAndDerive(changed).message, DcMessage);
+}
+
+TEST(ScreenAtWaterTable, IsJudgedInSinglePrecision) {
+    EXPECT_TRUE(IsScreenAtWaterTable(Check({"12.4", "10", "10", "8", "2", "0"}).well));
+    EXPECT_TRUE(IsScreenAtWaterTable(Check({"12.4", "10", "9.9999999", "8", "2", "0"}).well));
+    EXPECT_FALSE(IsScreenAtWaterTable(Check({"12.4", "10", "9.999", "8", "2", "0"}).well));
+}
+
 TEST(UnitFactors, ArePairedWithTheirListPositions) {
     EXPECT_EQ(UnitFactorToCm(Inch), 2.54);
     EXPECT_EQ(UnitFactorToCm(Foot), 30.48);

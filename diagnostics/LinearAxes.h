@@ -1,0 +1,48 @@
+#pragma once
+
+#include "output/Drawing.h"
+
+#include <cstddef>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace quarnel {
+
+/// A plot of two linear axes on its way to a drawing. What lies outside the axes is cut off.
+class LinearAxes {
+public:
+    /// The first and last value of an axis.
+    struct Range {
+        double low = 0, high = 1;
+    };
+
+    /// An area in twips. A range without width, or one that is not finite, is made one.
+    LinearAxes(double areaWidth, double areaHeight, Range x, Range y);
+
+    /// Frame, grid and numbers, with the titles of both axes and one above.
+    void DrawFrame(const std::string& xTitle, const std::string& yTitle, const std::string& title);
+    void Line(double x1, double y1, double x2, double y2, DrawingColour colour, double width,
+              bool dashed = false);
+    /// A point; of those that fall on one spot in one colour only the first is drawn.
+    void Point(double x, double y, DrawingColour colour);
+    Drawing Take() { return std::move(drawing_); }
+
+    const Range& X() const { return x_; }
+    const Range& Y() const { return y_; }
+
+private:
+    double AtX(double x) const;
+    double AtY(double y) const;
+    void AddLine(double x1, double y1, double x2, double y2, DrawingColour colour, double width);
+    void AddLabel(double x, double y, std::string text, Across across, Along along);
+
+    Range x_, y_;
+    double left_, top_, width_, height_;
+    double perX_ = 0, perY_ = 0; ///< twips
+    std::size_t columns_ = 0;    ///< of spots
+    std::vector<bool> taken_;    ///< one bit a spot and colour
+    Drawing drawing_;
+};
+
+} // namespace quarnel

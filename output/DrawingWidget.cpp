@@ -1,0 +1,196 @@
+#include "output/DrawingWidget.h"
+
+#include "output/DrawingPainter.h"
+#include "output/PlotExport.h"
+#include "widgets/MessageBoxes.h"
+#include "widgets/QtTexts.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
+#include <QPainter>
+#include <QStyleOptionFocusRect>
+#include <algorithm>
+#include <array>
+#include <memory>
+
+namespace quarnel {
+
+namespace {
+
+struct PictureKind {
+    const char* filter;
+    const char* ending;
+};
+constexpr std::array<PictureKind, 3> PictureKinds = {
+    {{"PDF (*.pdf)", "pdf"}, {"SVG (*.svg)", "svg"}, {"PNG (*.png)", "png"}}};
+
+/// Asks for the name of a picture. One that ends in no kind of picture, as "MW-3.1" does, gets the
+/// ending of the chosen kind, before the dialog asks whether the file exists.
+class PictureDialog : public QFileDialog {
+public:
+    using QFileDialog::QFileDialog;
+
+protected:
+    void accept() override {
+        auto* name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        if (name != nullptr && !IsFolder(name->text()) && !IsPicture(name->text()))
+            name->setText(name->text() + QLatin1Char('.') + defaultSuffix());
+        QFileDialog::accept();
+    }
+
+private:
+    bool IsFolder(const QString& name) const {
+        return name.isEmpty() || directory().exists(name + QLatin1Char('/'));
+    }
+    static bool IsPicture(const QString& name) {
+        return std::any_of(PictureKinds.begin(), PictureKinds.end(), [&](const PictureKind& kind) {
+            return name.endsWith(QLatin1Char('.') + QLatin1String(kind.ending),
+                                 Qt::CaseInsensitive);
+        });
+    }
+};
+
+QColor Between(const QColor& a, const QColor& b, double part) {
+    const auto mix = [part](int from, int to) { return qRound(from + (to - from) * part); };
+    return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
+}
+
+Inks InksOf(const QPalette& palette) {
+    const QColor base = palette.color(QPalette::Base);
+    Inks inks;
+    inks.ink = palette.color(QPalette::Text);
+    inks.grid = Between(base, inks.ink, 0.2);
+    inks.grey = Between(base, inks.ink, 0.5);
+    inks.band = Between(base, QColor(240, 180, 0), 0.2);
+    // Pure blue drowns in a dark surface.
+    if (base.lightness() < inks.ink.lightness())
+        inks.halo = Between(base, inks.ink, 0.55);
+    return inks;
+}
+
+} // namespace
+
+DrawingWidget::DrawingWidget(QWidget* parent)
+    : QFrame(parent) {
+    setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    setBackgroundRole(QPalette::Base);
+    setAutoFillBackground(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+
+    copy_ = new QAction(QStringLiteral("&Copy Picture"), this);
+    copy_->setObjectName(QStringLiteral("CopyPicture"));
+    copy_->setShortcut(QKeySequence::Copy);
+    copy_->setShortcutContext(Qt::WidgetShortcut);
+    connect(copy_, &QAction::triggered, this, &DrawingWidget::Copy);
+    save_ = new QAction(QStringLiteral("&Save As Picture..."), this);
+    save_->setObjectName(QStringLiteral("SavePicture"));
+    connect(save_, &QAction::triggered, this, &DrawingWidget::SaveAsPicture);
+    addActions({copy_, save_});
+    DrawAgain();
+}
+
+double DrawingWidget::TwipsPerPixel() const {
+    return TwipsPerInch / logicalDpiX();
+}
+
+QSize DrawingWidget::PixelsOf(int widthTwips, int heightTwips) const {
+    return {qCeil(widthTwips / TwipsPerPixel()), qCeil(heightTwips / TwipsPerPixel())};
+}
+
+void DrawingWidget::Show(DrawFor draw, const QString& sentence) {
+    draw_ = std::move(draw);
+    sentence_ = sentence;
+    DrawAgain();
+}
+
+void DrawingWidget::DrawAgain() {
+    const QSizeF size = QSizeF(contentsRect().size()) * TwipsPerPixel();
+    drawing_ = draw_ ? draw_(size.width(), size.height()) : Drawing();
+    copy_->setEnabled(!drawing_.IsEmpty());
+    save_->setEnabled(!drawing_.IsEmpty());
+    update();
+}
+
+void DrawingWidget::paintEvent(QPaintEvent* event) {
+    QFrame::paintEvent(event);
+    QPainter painter(this);
+    if (hasFocus()) {
+        QStyleOptionFocusRect option;
+        option.initFrom(this);
+        option.rect = contentsRect();
+        option.backgroundColor = palette().color(backgroundRole());
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+    }
+    if (!draw_)
+        painter.drawText(contentsRect(), Qt::AlignCenter | Qt::TextWordWrap, sentence_);
+    painter.setClipRect(contentsRect());
+    painter.translate(contentsRect().topLeft());
+    painter.scale(1 / TwipsPerPixel(), 1 / TwipsPerPixel());
+    PaintDrawing(painter, drawing_, InksOf(palette()));
+}
+
+void DrawingWidget::resizeEvent(QResizeEvent* event) {
+    QFrame::resizeEvent(event);
+    DrawAgain();
+}
+
+void DrawingWidget::contextMenuEvent(QContextMenuEvent* event) {
+    QMenu menu(this);
+    menu.addActions(actions());
+    menu.exec(event->globalPos());
+}
+
+void DrawingWidget::focusInEvent(QFocusEvent* event) {
+    QFrame::focusInEvent(event);
+    update();
+}
+
+void DrawingWidget::focusOutEvent(QFocusEvent* event) {
+    QFrame::focusOutEvent(event);
+    update();
+}
+
+void DrawingWidget::Copy() {
+    const BusyPointer busy;
+    auto picture = std::make_unique<QMimeData>();
+    picture->setImageData(PlotAsImage(drawing_));
+    picture->setData(QStringLiteral("image/svg+xml"), PlotAsSvg(drawing_));
+    QApplication::clipboard()->setMimeData(picture.release());
+}
+
+void DrawingWidget::SaveAsPicture() {
+    PictureDialog dialog(this, QStringLiteral("Save Plot as Picture"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    QStringList filters;
+    for (const PictureKind& kind : PictureKinds)
+        filters.append(QLatin1String(kind.filter));
+    dialog.setNameFilters(filters);
+    dialog.setDefaultSuffix(QLatin1String(PictureKinds.front().ending));
+    connect(&dialog, &QFileDialog::filterSelected, &dialog,
+            [&dialog, &filters](const QString& filter) {
+                const auto kind =
+                    static_cast<std::size_t>(std::max<qsizetype>(0, filters.indexOf(filter)));
+                dialog.setDefaultSuffix(QLatin1String(PictureKinds[kind].ending));
+            });
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return;
+    const QString path = dialog.selectedFiles().constFirst();
+    FileFailure failure = FileFailure::None;
+    {
+        const BusyPointer busy;
+        failure = ExportPlot(drawing_, ToUtf8(path));
+    }
+    if (failure == FileFailure::None)
+        return;
+    Q_EMIT FileFailed(QStringLiteral("Not saved: ") + path);
+    ShowMessage(this, ToQString(FileErrorMessage(failure)));
+}
+
+} // namespace quarnel

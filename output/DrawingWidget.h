@@ -1,0 +1,55 @@
+#pragma once
+
+#include "output/PlotDrawing.h"
+
+#include <QFrame>
+#include <functional>
+
+class QAction;
+
+namespace quarnel {
+
+/// An area that shows a drawing, made anew for every size of the area. Its context menu copies the
+/// drawing or saves it as a picture.
+class DrawingWidget : public QFrame {
+    Q_OBJECT
+public:
+    /// Makes the drawing for an area of the given size in twips.
+    using DrawFor = std::function<Drawing(double areaWidth, double areaHeight)>;
+
+    explicit DrawingWidget(QWidget* parent = nullptr);
+
+    /// Shows what `draw` makes, or without one only `sentence`.
+    void Show(DrawFor draw, const QString& sentence);
+
+    /// What is shown, in twips; empty where there is nothing to draw.
+    const Drawing& Shown() const { return drawing_; }
+
+Q_SIGNALS:
+    /// A picture could not be written; `said` names its file.
+    void FileFailed(const QString& said);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+    QSize PixelsOf(int widthTwips, int heightTwips) const;
+    void DrawAgain();
+
+    QAction* copy_ = nullptr;
+    QAction* save_ = nullptr;
+
+private:
+    double TwipsPerPixel() const;
+    void Copy();
+    void SaveAsPicture();
+
+    DrawFor draw_;
+    QString sentence_;
+    Drawing drawing_;
+};
+
+} // namespace quarnel
