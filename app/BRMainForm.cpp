@@ -10,6 +10,9 @@
 #include "kcompute/ComputedYFrm.h"
 #include "kcompute/UseIgnore.h"
 #include "kcompute/WorkingValues.h"
+#include "loggerfiles/ImportMessages.h"
+#include "loggerfiles/ImportReadingsFrm.h"
+#include "loggerfiles/LoggerFileDialogs.h"
 #include "output/PrtPlotFrm.h"
 #include "output/PrtResults.h"
 #include "project/FieldTables.h"
@@ -206,6 +209,9 @@ void BRMainForm::BuildMenus() {
     add(mnuFile, QStringLiteral("mnuSaveAs"), QStringLiteral("Save &As..."),
         Qt::CTRL | Qt::SHIFT | Qt::Key_S, &BRMainForm::SaveProjectAs);
     mnuFile->addSeparator();
+    add(mnuFile, QStringLiteral("mnuImportReadings"), QStringLiteral("&Import Readings..."),
+        QKeySequence(), &BRMainForm::ImportReadings);
+    mnuFile->addSeparator();
     add(mnuFile, QStringLiteral("mnuExit"), QStringLiteral("E&xit"), Qt::CTRL | Qt::Key_Q,
         &BRMainForm::Exit);
     QMenu* mnuTools = menuBar()->addMenu(QStringLiteral("&Tools"));
@@ -362,22 +368,94 @@ void BRMainForm::OpenPath(const QString& path) {
     OpenNamed(ToUtf8(path));
 }
 
-void BRMainForm::OpenNamed(const std::string& path) {
-    ReadReport report;
-    {
-        const BusyPointer busy;
-        report = OpenProjectFile(path, analysis_);
-        if (report.format != FileFormat::Unrecognised) {
-            RememberFolderOf(ToQString(path));
-            ShowState();
-            ShowStatus(QStringLiteral("Opened ") + ToQString(path));
-        } else {
-            ShowStatus(QStringLiteral("Not opened: ") + ToQString(path));
-        }
+ReadReport BRMainForm::ReadProject(const std::string& path) {
+    const BusyPointer busy;
+    ReadReport report = OpenProjectFile(path, analysis_);
+    if (report.format != FileFormat::Unrecognised) {
+        RememberFolderOf(ToQString(path));
+        ShowState();
+        ShowStatus(QStringLiteral("Opened ") + ToQString(path));
+    } else {
+        ShowStatus(QStringLiteral("Not opened: ") + ToQString(path));
     }
+    return report;
+}
+
+void BRMainForm::OpenNamed(const std::string& path) {
+    const ReadReport report = ReadProject(path);
+    for (const std::string& message : report.messages)
+        ShowMessage(this, ToQString(message));
+    if (report.format == FileFormat::Unrecognised)
+        OfferImport(path);
+}
+
+void BRMainForm::TakeDropped(const std::string& path) {
+    const ReadReport report = ReadProject(path);
+    if (report.format == FileFormat::Unrecognised)
+        return Import(path, ReadLoggerFileShown(this, path));
     for (const std::string& message : report.messages)
         ShowMessage(this, ToQString(message));
 }
+
+// ---- Import ------------------------------------------------------------------------------------
+
+namespace {
+
+/// Whether there is anything to look at, even where its times fall.
+bool HoldsReadings(const LoggerFile& file) {
+    return file.reading.record.times.size() >= 2 && !file.reading.record.channels.empty();
+}
+
+} // namespace
+
+void BRMainForm::ImportReadings() {
+    const QString path = ChooseLoggerFile(this);
+    if (!path.isEmpty())
+        Import(ToUtf8(path), ReadLoggerFileShown(this, ToUtf8(path)));
+}
+
+void BRMainForm::OfferImport(const std::string& path) {
+    const std::shared_ptr<const LoggerFile> file = ReadLoggerFileShown(this, path);
+    if (file == nullptr || !HoldsReadings(*file))
+        return;
+    const LoggerRecord& record = file->reading.record;
+    if (AskYesNo(this,
+                 QStringLiteral("%1 holds %2 rows of readings (%3). Import them?")
+                     .arg(ToQString(file->name))
+                     .arg(record.times.size())
+                     .arg(ToQString(record.formatName)),
+                 ImportTitle()))
+        Import(path, file);
+}
+
+void BRMainForm::Import(const std::string& path, std::shared_ptr<const LoggerFile> file) {
+    if (file == nullptr)
+        return;
+    if (!HoldsReadings(*file)) {
+        ShowMessage(this, ToQString(file->reading.fault));
+        return;
+    }
+    CommitEdits();
+    RememberFolderOf(ToQString(path));
+    ImportReadingsFrm form(path, std::move(file), analysis_.state, this);
+    if (form.exec() == QDialog::Accepted)
+        CarryOut(*form.Plan());
+}
+
+void BRMainForm::CarryOut(const ImportPlan& plan) {
+    {
+        const BusyPointer busy;
+        ProjectState imported;
+        ReadingSettings settings = SettingsOf(analysis_.state);
+        ExchangeSettings(imported, settings);
+        ApplyImport(plan, imported);
+        recoveryData_->TakeReadings(std::move(imported.RecDatGrid), SettingsOf(imported));
+    }
+    SelectTab(RecoveryDataTab);
+    ShowStatus(ToQString(ImportedText(plan)));
+}
+
+// ---- Saving and the end ------------------------------------------------------------------------
 
 void BRMainForm::SaveProject() {
     if (analysis_.file.CurrentProjectFile.empty())
@@ -511,7 +589,7 @@ bool BRMainForm::eventFilter(QObject* receiver, QEvent* event) {
         if (!path.isEmpty() && event->type() == QEvent::Drop)
             // The dragging program waits for the drop to end; the reading and its boxes come after.
             QMetaObject::invokeMethod(
-                this, [this, path] { OpenPath(path); }, Qt::QueuedConnection);
+                this, [this, path] { TakeDropped(ToUtf8(path)); }, Qt::QueuedConnection);
         if (!path.isEmpty())
             return true;
     }

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "kcompute/Analysis.h"
+#include "project/Files.h"
 #include "project/Result.h"
 
 #include <QMainWindow>
 #include <QTabBar>
 #include <array>
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -25,6 +27,8 @@ class PrtPlotFrm;
 class PrtResults;
 class RecoveryDataPanel;
 class WellGeometryPanel;
+struct ImportPlan;
+struct LoggerFile;
 
 /// The main window: tab strip, six panels, menus. It holds the one analysis of the program.
 class BRMainForm : public QMainWindow {
@@ -85,6 +89,16 @@ private:
     void SaveProject();
     void SaveProjectAs();
     void Write(const std::string& path);
+    /// Opens the project at `path` and says in the status bar whether it is one; nothing of the
+    /// analysis changes where it is none.
+    ReadReport ReadProject(const std::string& path);
+    void TakeDropped(const std::string& path);
+    void ImportReadings();
+    /// Offers the import of a file that is no project but holds readings.
+    void OfferImport(const std::string& path);
+    /// Shows "Import Readings" for a file, and carries out what an OK there says.
+    void Import(const std::string& path, std::shared_ptr<const LoggerFile> file);
+    void CarryOut(const ImportPlan& plan);
     void Exit();
     void About();
     /// Opens the window "Diagnostics", which is made when it is first asked for.

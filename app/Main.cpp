@@ -15,8 +15,8 @@ void SetUp(QCommandLineParser& parser) {
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addPositionalArgument(QStringLiteral("project"),
-                                 QStringLiteral("Project to open (.qn2), or an old input file "
-                                                "(.in)."),
+                                 QStringLiteral("Project to open (.qn2), an old input file "
+                                                "(.in), or a logger's file to import."),
                                  QStringLiteral("[project]"));
 }
 

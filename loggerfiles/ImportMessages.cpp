@@ -2,6 +2,7 @@
 
 #include "kcompute/NumberToText.h"
 #include "loggerfiles/Drift.h"
+#include "loggerfiles/ImportTexts.h"
 #include "project/Texts.h"
 
 #include <algorithm>
@@ -115,6 +116,36 @@ std::vector<std::string> MessagesOf(const ImportPlan& plan) {
     if (!plan.faultMessage.empty())
         messages.push_back(plan.faultMessage);
     return messages;
+}
+
+namespace {
+
+/// "static level 5 m from 20 readings, Rising head", or what stands for it.
+std::string StaticPart(const ImportPlan& plan) {
+    if (plan.dataType == ChangeInHead)
+        return "change in head";
+    std::string text = "static level " + plan.StaticText() + " " +
+                       std::string(NameAt(LengthUnitNames, plan.readings->LevelUnit()));
+    text += plan.staticRows.Count() > 0
+                ? " from " + CountText(plan.staticRows.Count(), "reading", "readings")
+                : " as typed";
+    return text + ", " + std::string(TrimBlanks(NameAt(SlugTestTypeNames, plan.slugTestType)));
+}
+
+} // namespace
+
+std::string ImportedText(const ImportPlan& plan) {
+    const LoggerRecord& record = plan.file->reading.record;
+    std::string text = "Imported " + std::to_string(plan.RowsImported()) + " of " +
+                       CountText(plan.RowCount(), "reading", "readings") + " of " +
+                       plan.readings->ChannelItself().name + " from " + plan.file->name +
+                       ": time zero " + RecordTimeText(record, plan.readings->Times()[*plan.start]);
+    if (!record.timesAreClock)
+        text += " sec";
+    text += ", " + StaticPart(plan);
+    if (plan.readings->AirPressureSubtracted())
+        text += ", less the air pressure of " + plan.readings->Choices().barometer->name;
+    return text + ".";
 }
 
 } // namespace quarnel

@@ -17,4 +17,8 @@ std::vector<std::string> LeftOutMessages(const LeftOutRows& rows);
 /// Everything that is told of a plan whose other members are worked out.
 std::vector<std::string> MessagesOf(const ImportPlan& plan);
 
+/// What an import that was carried out has done, for the status bar: which channel, how many
+/// readings of how many, time zero, and the static level from how many readings.
+std::string ImportedText(const ImportPlan& plan);
+
 } // namespace quarnel

@@ -122,7 +122,11 @@ private:
 } // namespace
 
 QString ChooseProjectToOpen(QWidget* parent) {
-    ProjectFileDialog dialog(parent, QStringLiteral("Open"), ProjectFilters());
+    return ChooseFileToOpen(parent, QStringLiteral("Open"), ProjectFilters());
+}
+
+QString ChooseFileToOpen(QWidget* parent, const QString& caption, const QStringList& filters) {
+    ProjectFileDialog dialog(parent, caption, filters);
     dialog.setObjectName(QStringLiteral("OpenProjectDialog"));
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);

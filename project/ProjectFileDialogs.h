@@ -11,6 +11,9 @@ namespace quarnel {
 /// "" when the user cancelled.
 QString ChooseProjectToOpen(QWidget* parent);
 
+/// The same for another kind of file, with the filters as below.
+QString ChooseFileToOpen(QWidget* parent, const QString& caption, const QStringList& filters);
+
 /// Asks for the name to save a project under, exactly as typed (no suffix is added), and confirms
 /// the overwriting of an existing file. Returns the full path without blanks around it, "" when the
 /// user cancelled.

@@ -30,6 +30,11 @@ GridEditor::GridEditor(GridRows& rows)
     : rows_(rows)
     , exchange_([&rows](RowExchange& exchange) { ExchangeRows(rows, exchange); }) {}
 
+void GridEditor::KeepSettingsOf(ProjectState& state, std::function<void()> changed) {
+    settings_ = &state;
+    settingsChanged_ = std::move(changed);
+}
+
 void GridEditor::Reset() {
     if (rows_.empty())
         rows_.resize(MinimumGridRows);
@@ -134,6 +139,16 @@ void GridEditor::SortByTime(const RecoveryPointList& points) {
         Do(SortGridByTime(rows_, points));
 }
 
+void GridEditor::ReplaceAll(GridRows rows, ReadingSettings settings) {
+    GridEdit edit;
+    edit.exchanges.push_back({0, rows_.size(), std::move(rows)});
+    Do(std::move(edit));
+    Step& step = done_.back();
+    step.settings = std::move(settings);
+    CarrySettings(step);
+    TellOfSettings(step);
+}
+
 void GridEditor::Do(GridEdit edit) {
     const GridSelection after = edit.after;
     Record(std::move(edit));
@@ -152,7 +167,7 @@ void GridEditor::Record(GridEdit edit) {
         throw;
     }
     undone_.clear();
-    done_.back() = {std::move(edit.exchanges), selection_, edit.after};
+    done_.back() = {std::move(edit.exchanges), selection_, edit.after, std::nullopt};
 }
 
 void GridEditor::Carry(std::vector<RowExchange>& exchanges, bool backwards) {
@@ -171,15 +186,27 @@ void GridEditor::Carry(std::vector<RowExchange>& exchanges, bool backwards) {
     }
 }
 
+void GridEditor::CarrySettings(Step& step) noexcept {
+    if (step.settings && settings_ != nullptr)
+        ExchangeSettings(*settings_, *step.settings);
+}
+
+void GridEditor::TellOfSettings(const Step& step) {
+    if (step.settings && settingsChanged_)
+        settingsChanged_();
+}
+
 void GridEditor::Undo() {
     if (done_.empty())
         return;
     undone_.reserve(undone_.size() + 1);
     Carry(done_.back().exchanges, true);
+    CarrySettings(done_.back());
     undone_.push_back(std::move(done_.back()));
     done_.pop_back();
     Select(undone_.back().before);
     StartTypingAnew();
+    TellOfSettings(undone_.back());
 }
 
 void GridEditor::Redo() {
@@ -187,10 +214,12 @@ void GridEditor::Redo() {
         return;
     done_.reserve(done_.size() + 1);
     Carry(undone_.back().exchanges, false);
+    CarrySettings(undone_.back());
     done_.push_back(std::move(undone_.back()));
     undone_.pop_back();
     Select(done_.back().after);
     StartTypingAnew();
+    TellOfSettings(done_.back());
 }
 
 } // namespace quarnel

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "recovery/GridEditing.h"
+#include "recovery/ReadingSettings.h"
 #include "recovery/RecoveryData.h"
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -24,6 +26,9 @@ public:
     GridEditor(const GridEditor&) = delete;
     GridEditor& operator=(const GridEditor&) = delete;
     void SetExchangeRoutine(ExchangeRoutine routine) { exchange_ = std::move(routine); }
+    /// Lets the history hold the settings of the readings too: those of `state`. `changed` is
+    /// called when a step that holds some has been done, taken back or done again.
+    void KeepSettingsOf(ProjectState& state, std::function<void()> changed);
     /// The rows were replaced as a whole: back to the first cell, with a fresh history.
     void Reset();
 
@@ -60,6 +65,8 @@ public:
     bool SelectionHoldsData() const { return SelectedRowsHoldData(rows_, selection_); }
     void DeleteRows();
     void SortByTime(const RecoveryPointList& points);
+    /// Puts other rows and settings in the place of all that is there, as one step.
+    void ReplaceAll(GridRows rows, ReadingSettings settings);
 
     // ---- History: every change since the last reset can be taken back and done again
     bool CanUndo() const { return !done_.empty(); }
@@ -73,16 +80,22 @@ private:
         std::vector<RowExchange> exchanges;
         GridSelection before;
         GridSelection after;
+        std::optional<ReadingSettings> settings; ///< of the readings, where the step changes them
     };
 
     void Do(GridEdit edit);
     void Record(GridEdit edit);
     /// Carries out all exchanges, in order or `backwards`, or none of them.
     void Carry(std::vector<RowExchange>& exchanges, bool backwards);
+    /// Exchanges the settings that a step holds, once its rows are exchanged.
+    void CarrySettings(Step& step) noexcept;
+    void TellOfSettings(const Step& step);
     void ShowBuffer();
 
     GridRows& rows_;
     ExchangeRoutine exchange_;
+    ProjectState* settings_ = nullptr; ///< whose settings the history holds
+    std::function<void()> settingsChanged_;
     GridSelection selection_;
     std::string buffer_;
     bool typing_ = false; ///< the last step is the typing of the current cell, and goes on

@@ -17,14 +17,25 @@ namespace quarnel {
 // ---- Showing the project -----------------------------------------------------------------------
 
 void RecoveryDataPanel::ShowState() {
+    insertRows_->hide();
+    model_->ShowState();
+    ShowSettings();
+}
+
+void RecoveryDataPanel::TakeReadings(GridRows rows, ReadingSettings settings) {
+    insertRows_->hide();
+    model_->ReplaceAll(std::move(rows), std::move(settings));
+    grid_->ShowSelection();
+}
+
+/// Other settings make other Ys: those of the last check are shown no longer.
+void RecoveryDataPanel::ShowSettings() {
     const ProjectState& state = state_;
     RecDatDataTypeDDL->setCurrentIndex(state.RecDatDataTypeDDL);
     RecDatSlugTestTypeDDL->setCurrentIndex(state.RecDatSlugTestTypeDDL);
     RecDatTimeUnitsDDL->setCurrentIndex(state.RecDatTimeUnitsDDL);
     RecDatWaterLevelUnitsDDL->setCurrentIndex(state.RecDatWaterLevelUnitsDDL);
     RecDatPreSlugHeadText->ShowNewText();
-    insertRows_->hide();
-    model_->ShowState();
     checkGrid_->ClearCheckGrid();
     SetHeadings();
 }

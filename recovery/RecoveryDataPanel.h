@@ -3,6 +3,7 @@
 #include "project/ProjectState.h"
 #include "project/Result.h"
 #include "recovery/GridEditing.h"
+#include "recovery/ReadingSettings.h"
 #include "recovery/RecoveryData.h"
 #include "widgets/Panel.h"
 
@@ -33,6 +34,8 @@ public:
     void ShowState() override;
     /// Shows what a preparation left: trimmed cells and pre-slug text, and Y in the check grid.
     void ShowPreparedData();
+    /// Puts imported readings in the place of all that are there; undo in the grid takes it back.
+    void TakeReadings(GridRows rows, ReadingSettings settings);
     /// Goes to the cell or box that a message names.
     void GoTo(const FaultPlace& place);
 
@@ -51,6 +54,7 @@ private:
                              void (RecoveryDataPanel::*command)());
     void ConnectLists();
 
+    void ShowSettings();
     void SetHeadings();
     void SetRecoveryHeadings();
     void SetTimeHeading();

@@ -59,6 +59,7 @@ RecoveryDataPanel::RecoveryDataPanel(ProjectState& state, RecoveryData& checked,
     setFocusProxy(grid_);
     ConnectLists();
     connect(this, &RecoveryDataPanel::HeadingsChanged, this, &RecoveryDataPanel::Edited);
+    connect(model_, &RecoveryGridModel::SettingsChanged, this, &RecoveryDataPanel::ShowSettings);
     connect(model_, &QAbstractItemModel::dataChanged, this, &RecoveryDataPanel::Edited);
     connect(model_, &QAbstractItemModel::rowsInserted, this, &RecoveryDataPanel::Edited);
     connect(model_, &QAbstractItemModel::rowsRemoved, this, &RecoveryDataPanel::Edited);

@@ -22,6 +22,7 @@ RecoveryGridModel::RecoveryGridModel(ProjectState& state, QObject* parent)
     , state_(state)
     , editor_(state.RecDatGrid) {
     editor_.SetExchangeRoutine([this](RowExchange& exchange) { Exchange(exchange); });
+    editor_.KeepSettingsOf(state_, [this] { Q_EMIT SettingsChanged(); });
 }
 
 void RecoveryGridModel::ShowState() {
@@ -36,6 +37,10 @@ void RecoveryGridModel::ShowTrimmedCells() {
 
 void RecoveryGridModel::ShowHeadings() {
     Q_EMIT headerDataChanged(Qt::Horizontal, 0, GridColumnCount - 1);
+}
+
+void RecoveryGridModel::ReplaceAll(GridRows rows, ReadingSettings settings) {
+    editor_.ReplaceAll(std::move(rows), std::move(settings));
 }
 
 /// Rows carry their number, so wherever texts move up or down, it is the end of the table that

@@ -26,12 +26,19 @@ public:
     /// The headings follow the lists of types and units.
     void ShowHeadings();
 
+    /// Puts other readings and settings in the place of all, as one step of the history.
+    void ReplaceAll(GridRows rows, ReadingSettings settings);
+
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+Q_SIGNALS:
+    /// A step of the history has changed the settings of the readings along with the rows.
+    void SettingsChanged();
 
 private:
     void Exchange(RowExchange& exchange);

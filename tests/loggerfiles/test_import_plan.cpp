@@ -1,5 +1,6 @@
 #include "tests/loggerfiles/PlanTestSupport.h"
 
+#include "loggerfiles/ImportMessages.h"
 #include "loggerfiles/Thinning.h"
 #include "project/Texts.h"
 #include "tests/CoreTestSupport.h"
@@ -325,6 +326,30 @@ TEST(ImportPlan, RowsAreFoundByTime) {
     EXPECT_EQ(plan->LastRowUntil(FirstTime), 0U);
     EXPECT_EQ(plan->LastRowUntil(FirstTime + 3 * OneSecond), 1U);
     EXPECT_EQ(plan->LastRowUntil(FirstTime + 1000 * OneSecond), 139U);
+}
+
+// ---- What is said afterwards
+// ------------------------------------------------------------------------------------
+
+TEST(ImportedText, SaysWhichReadingsTimeZeroAndStaticLevel) {
+    const auto file = FileOf(SlugTest(20, -0.6, 120));
+    ImportChoices choices;
+    EXPECT_EQ(ImportedText(*PlanImport(file, choices)),
+              "Imported 120 of 140 readings of Level from logger.csv: time zero 2024-03-05 "
+              "11:59:00, static level 5 m from 20 readings, Rising head.");
+    choices.staticLevel = 5.5;
+    choices.end = 29;
+    EXPECT_EQ(ImportedText(*PlanImport(file, choices)),
+              "Imported 10 of 140 readings of Level from logger.csv: time zero 2024-03-05 "
+              "11:59:00, static level 5.5 m as typed, Rising head.");
+    choices.staticLevel.reset();
+    choices.staticRows = RowSpan{3, 4};
+    EXPECT_NE(ImportedText(*PlanImport(file, choices)).find("static level 5 m from 1 reading,"),
+              std::string::npos);
+    choices.dataType = ChangeInHead;
+    file->reading.record.timesAreClock = false;
+    EXPECT_NE(ImportedText(*PlanImport(file, choices)).find(" sec, change in head."),
+              std::string::npos);
 }
 
 } // namespace quarnel::test

@@ -488,5 +488,51 @@ TEST(GridHistory, ANewProjectStartsAFreshOne) {
     EXPECT_EQ(grid.editor.Selection(), Select(1, 1));
 }
 
+TEST(GridHistory, AnImportIsOneStepThatHoldsTheSettingsOfTheReadingsToo) {
+    ProjectState state;
+    state.RecDatGrid = NewGrid(FourRows);
+    state.IgnoreKeyList = {"2 b"};
+    state.RecDatPreSlugHeadText = " 3,5";
+    state.RecDatTimeUnitsDDL = Hour;
+    const ReadingSettings before = SettingsOf(state);
+    const ReadingSettings imported = {GroundwaterHead, FallingHead, Second, Metre, "5", {}};
+    GridEditor editor(state.RecDatGrid);
+    int told = 0;
+    editor.KeepSettingsOf(state, [&told] { ++told; });
+    editor.Select(Select(3, 2));
+    editor.Type("c!");
+    editor.ReplaceAll(NewGrid({{"0", "4.4"}}), imported);
+    EXPECT_EQ(SettingsOf(state), imported);
+    EXPECT_EQ(DataOf(state.RecDatGrid), (Cells{{"0", "4.4"}}));
+    EXPECT_EQ(editor.Selection(), Select(1, 1));
+
+    editor.Undo();
+    EXPECT_EQ(SettingsOf(state), before);
+    EXPECT_EQ(DataOf(state.RecDatGrid), (Cells{{"1", "a"}, {"2", "b"}, {"3", "c!"}, {"4", "d"}}));
+    EXPECT_EQ(editor.Selection(), Select(3, 2));
+    editor.Redo();
+    EXPECT_EQ(SettingsOf(state), imported);
+    EXPECT_EQ(told, 3);
+
+    editor.Undo();
+    editor.Undo(); // of the typing, which tells of no settings
+    EXPECT_EQ(told, 4);
+    EXPECT_EQ(DataOf(state.RecDatGrid), FourRows);
+    EXPECT_EQ(SettingsOf(state), before);
+}
+
+TEST(GridHistory, SettingsChosenAfterAnImportComeBackWithIt) {
+    ProjectState state;
+    GridEditor editor(state.RecDatGrid);
+    editor.KeepSettingsOf(state, nullptr);
+    editor.ReplaceAll(NewGrid({{"0", "4.4"}}),
+                      {GroundwaterHead, RisingHead, Second, Metre, "5", {}});
+    state.RecDatPreSlugHeadText = "5.01";
+    editor.Undo();
+    EXPECT_EQ(state.RecDatPreSlugHeadText, "");
+    editor.Redo();
+    EXPECT_EQ(state.RecDatPreSlugHeadText, "5.01");
+}
+
 } // namespace
 } // namespace quarnel
