@@ -210,13 +210,17 @@ std::string DiagnosticsLines::SensitivityDetails(const SensitivityRow& row) cons
     return text;
 }
 
+/// "x % to y %" of a row that has a change; "x %" where there is but one entry.
+std::string DiagnosticsLines::ChangesText(const SensitivityRow& row) {
+    const std::string least = ChangeText(*row.leastPercent);
+    return row.entries.size() > 1 ? least + " to " + ChangeText(*row.greatestPercent) : least;
+}
+
 std::string DiagnosticsLines::LargestLine(const SensitivityPage& page) const {
     if (page.rows.empty() || !page.rows.front().leastPercent)
         return {};
     const SensitivityRow& row = page.rows.front();
-    return "Largest here: " + SensitivityName(row, page.percent) + " (" +
-           ChangeText(*row.leastPercent) +
-           (row.entries.size() > 1 ? " to " + ChangeText(*row.greatestPercent) : "") + ").";
+    return "Largest here: " + SensitivityName(row, page.percent) + " (" + ChangesText(row) + ").";
 }
 
 } // namespace quarnel

@@ -130,8 +130,7 @@ std::string DiagnosticsLines::Summary(const StatisticsPage& page,
                 KNumber(interval->high) + " (95 % of the scatter only)";
     if (!sensitivity.rows.empty() && sensitivity.rows.front().leastPercent)
         text += "; " + SensitivityName(sensitivity.rows.front(), sensitivity.percent) +
-                " would move it most (" + ChangeText(*sensitivity.rows.front().leastPercent) +
-                " to " + ChangeText(*sensitivity.rows.front().greatestPercent) + ")";
+                " would move it most (" + ChangesText(sensitivity.rows.front()) + ")";
     return text + ".";
 }
 

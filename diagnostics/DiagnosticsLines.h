@@ -111,6 +111,7 @@ private:
     std::string HeadCheckText(const CheckFinding& finding) const;
     std::string RecordCheckText(const CheckFinding& finding) const;
     std::string WithChange(const CheckFinding& finding) const;
+    static std::string ChangesText(const SensitivityRow& row);
 
     const Computation& computation_;
     const ProjectState& state_;

@@ -71,7 +71,7 @@ void AddScatter(const Series& used, FitStatistics& statistics, double syy) {
     if (!std::isfinite(sse))
         return;
     if (syy > 0)
-        statistics.rSquared = 1 - sse / syy;
+        statistics.rSquared = RSquaredOfSums(sse, syy);
     statistics.scatter = ScatterOf(statistics, sse);
     if (statistics.scatter && sse > 0 && used.Size() >= FewestPointsWithAutocorrelation)
         statistics.autocorrelation = AutocorrelationOf(statistics, *statistics.scatter);

@@ -74,10 +74,15 @@ std::optional<SeriesLine> LineThrough(const Series& series) {
     return line;
 }
 
+double RSquaredOfSums(double sse, double syy) {
+    const double rSquared = 1 - sse / syy;
+    return rSquared == 1 && sse > 0 ? std::nextafter(1.0, 0.0) : rSquared;
+}
+
 std::optional<double> RSquaredOf(const SeriesLine& line) {
     if (line.pointCount < 3 || !(line.syy > 0))
         return std::nullopt;
-    return 1 - line.sse / line.syy;
+    return RSquaredOfSums(line.sse, line.syy);
 }
 
 } // namespace quarnel

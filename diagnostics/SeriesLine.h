@@ -34,7 +34,11 @@ struct SeriesLine {
 /// levels so large that no line is left.
 std::optional<SeriesLine> LineThrough(const Series& series);
 
-/// 1 - SSE / sum (L - mean L)^2; nothing below 3 points and where all L are equal.
+/// 1 - SSE / sum (L - mean L)^2 of sums, the second above 0. Exactly 1 only where SSE is 0: scatter
+/// that is lost in rounding must not look like none.
+double RSquaredOfSums(double sse, double syy);
+
+/// R2 of a line; nothing below 3 points and where all L are equal.
 std::optional<double> RSquaredOf(const SeriesLine& line);
 
 /// A sum of `count` squares of numbers made from L up to `greatestL` in size: 0 where it is no more

@@ -107,6 +107,38 @@ TEST(DiagnosticsLines, SummaryIsOneSentenceToActOn) {
     EXPECT_EQ(pratt.lines.StateLine(), "K = 3.6 m/day from 3 of 61 points.");
 }
 
+// Other readings give one K, so there is one change to name.
+TEST(DiagnosticsLines, OneKThatMovesMostHasOneChange) {
+    const std::vector<double> times = {0, 2, 4, 6, 8, 10, 20, 30, 40, 50, 60};
+    std::vector<double> levels;
+    for (const double time : times)
+        levels.push_back(100 *
+                         (time < 10 ? std::exp(-0.1 * time) : std::exp(-1 - 0.01 * (time - 10))));
+    Diagnosed bent(test::ProjectOf(times, levels));
+    const SensitivityPage& page = bent.diagnostics.SensitivityTo(10);
+    ASSERT_EQ(page.rows.front().input, SensitivityInput::HeadWindow);
+    const std::string change = ChangeText(page.rows.front().leastPercent.value());
+    EXPECT_EQ(bent.lines.LargestLine(page), "Largest here: readings 0.80-0.40 (" + change + ").");
+    const std::string summary = bent.lines.Summary(bent.diagnostics.Statistics(), page);
+    EXPECT_NE(summary.find("; readings 0.80-0.40 would move it most (" + change + ")."),
+              std::string::npos)
+        << summary;
+}
+
+TEST(DiagnosticsLines, ScatterThatRoundingHidesIsNotShownAsNone) {
+    const std::vector<double> times = {0, 1, 2, 3, 4, 5, 6, 7};
+    std::vector<double> levels;
+    for (const double time : times)
+        levels.push_back(std::round(60 * std::exp(-0.1 * time) * 1e10) / 1e10);
+    Diagnosed nearlyExact(test::ProjectOf(times, levels));
+    const FitStatistics& fit = nearlyExact.diagnostics.Statistics().fit;
+    ASSERT_TRUE(fit.scatter && fit.scatter->sse > 0 && fit.scatter->sse < 1e-17);
+    EXPECT_EQ(nearlyExact.lines.Statistics(nearlyExact.diagnostics.Statistics())[9],
+              (TextRow{"R2", "> 0.9999"}));
+    EXPECT_EQ(nearlyExact.lines.Windows(nearlyExact.diagnostics.Windows())[RowAllValid][3],
+              "> 0.9999");
+}
+
 TEST(DiagnosticsLines, OtherUnitsOfKReshowTheSameNumbers) {
     Diagnosed pratt(test::PrattProject());
     pratt.state.CmboKLengthUnits = Foot;
