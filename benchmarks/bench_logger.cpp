@@ -2,6 +2,7 @@
 // that reads it and counts separators and line ends outside quotes.
 
 #include "loggerfiles/HtmlScanner.h"
+#include "loggerfiles/ImportPlan.h"
 #include "loggerfiles/LoggerRecord.h"
 #include "project/Files.h"
 #ifdef QUARNEL_XLE
@@ -13,6 +14,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <string>
 
 namespace {
@@ -117,6 +119,21 @@ void ReadFile(benchmark::State& state, const LargeFile& file) {
     state.SetItemsProcessed(static_cast<std::int64_t>(file.rows) * state.iterations());
 }
 
+/// From opening to all that a preview shows: channel, unit, start of the test and static level.
+void ReadCsvAndPlan(benchmark::State& state) {
+    while (state.KeepRunning()) {
+        const auto file = std::make_shared<const quarnel::LoggerFile>(
+            quarnel::LoggerFile{"record.csv", quarnel::ReadLoggerFile(CsvFile().path, {})});
+        const auto plan = quarnel::PlanImport(file, {});
+        if (!plan->readings || plan->RowCount() != CsvFile().rows) {
+            state.SkipWithError("the file was not read whole");
+            break;
+        }
+        benchmark::DoNotOptimize(plan->messages.data());
+    }
+    state.SetItemsProcessed(static_cast<std::int64_t>(CsvFile().rows) * state.iterations());
+}
+
 void ScanHtml(benchmark::State& state) {
     const LargeFile& file = HtmlFile();
     while (state.KeepRunning()) {
@@ -168,6 +185,7 @@ int main(int argc, char** argv) {
     };
     add("CountSeparatorsOfCsv", CountSeparators);
     add("ReadCsv", [](benchmark::State& state) { ReadFile(state, CsvFile()); });
+    add("ReadCsvAndPlan", ReadCsvAndPlan);
     add("ScanHtml", ScanHtml);
     add("ReadHtml", [](benchmark::State& state) { ReadFile(state, HtmlFile()); });
 #ifdef QUARNEL_XLE
