@@ -3,7 +3,11 @@
 #include "app/ComputePanel.h"
 #include "app/DroppedProject.h"
 #include "app/GeneralTools.h"
+#include "app/GuideWindow.h"
 #include "app/MainGlobal.h"
+#include "app/RecentProjects.h"
+#include "app/RecoveryCopy.h"
+#include "app/RecoveryOffer.h"
 #include "app/SiteIdentificationPanel.h"
 #include "app/WellTestIdentificationPanel.h"
 #include "diagnostics/DiagnosticsFrm.h"
@@ -49,24 +53,6 @@ namespace quarnel {
 
 namespace {
 
-constexpr int WellGeometryTab = 3;
-constexpr int RecoveryDataTab = 4;
-constexpr int ComputePanelNumber = 6;
-
-/// Puts what the user is typing in a grid's cell into the grid, as leaving the cell does.
-void CommitEdits() {
-    QGuiApplication::inputMethod()->commit();
-    QWidget* focus = QApplication::focusWidget();
-    if (focus == nullptr)
-        return;
-    for (QWidget* outer = focus->parentWidget(); outer != nullptr; outer = outer->parentWidget())
-        if (qobject_cast<QAbstractItemView*>(outer) != nullptr) {
-            focus->clearFocus();
-            outer->setFocus();
-            return;
-        }
-}
-
 void ShowDialog(QDialog* dialog) {
     if (!dialog->testAttribute(Qt::WA_Moved) && !dialog->isVisible())
         CentreWindow(dialog);
@@ -90,6 +76,7 @@ BRMainForm::BRMainForm(QWidget* parent)
     connect(currencyCheck_, &QTimer::timeout, this, &BRMainForm::ShowWhetherCurrent);
     BuildDialogs();
     BuildMenus();
+    BuildRecoveryCopy();
     status_ = new QLabel;
     status_->setObjectName(QStringLiteral("StatusText"));
     status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -209,6 +196,9 @@ void BRMainForm::BuildMenus() {
     add(mnuFile, QStringLiteral("mnuSaveAs"), QStringLiteral("Save &As..."),
         Qt::CTRL | Qt::SHIFT | Qt::Key_S, &BRMainForm::SaveProjectAs);
     mnuFile->addSeparator();
+    auto* recent = new RecentProjects(mnuFile);
+    mnuFile->addMenu(recent);
+    connect(recent, &RecentProjects::Chosen, this, &BRMainForm::OpenPath);
     add(mnuFile, QStringLiteral("mnuImportReadings"), QStringLiteral("&Import Readings..."),
         QKeySequence(), &BRMainForm::ImportReadings);
     mnuFile->addSeparator();
@@ -219,6 +209,8 @@ void BRMainForm::BuildMenus() {
     compute_->AddToPlotMenu(add(mnuTools, QStringLiteral("mnuDiagnostics"),
                                 QStringLiteral("&Diagnostics"), Qt::CTRL | Qt::Key_D,
                                 &BRMainForm::ShowDiagnostics));
+    add(mnuTools, QStringLiteral("mnuUserGuide"), QStringLiteral("User &Guide"), Qt::Key_F1,
+        &BRMainForm::ShowGuide);
     add(menuBar(), QStringLiteral("mnuAbout"), QStringLiteral("A&bout"), QKeySequence(),
         &BRMainForm::About);
 }
@@ -307,6 +299,7 @@ void BRMainForm::ShowState() {
     prtPlotFrm_->ShowState();
     ShowComputation();
     FocusPage();
+    recoveryCopy_->NoteReplaced();
 }
 
 void BRMainForm::ShowComputation() {
@@ -349,183 +342,24 @@ void BRMainForm::ShowStatus(const QString& text) {
     status_->setToolTip(text);
 }
 
-// ---- Commands ----------------------------------------------------------------------------------
-
-void BRMainForm::NewProject() {
-    if (AskYesNo(this, QStringLiteral("New Project will clear existing data. Make sure you have "
-                                      "saved current information to a file before proceeding.\r\n"
-                                      " Do you want to proceed with New Project?")))
-        ResetProject(*this);
-}
-
-void BRMainForm::OpenProject() {
-    const QString path = ChooseProjectToOpen(this);
-    if (!path.isEmpty())
-        OpenPath(path);
-}
-
-void BRMainForm::OpenPath(const QString& path) {
-    OpenNamed(ToUtf8(path));
-}
-
-ReadReport BRMainForm::ReadProject(const std::string& path) {
-    const BusyPointer busy;
-    ReadReport report = OpenProjectFile(path, analysis_);
-    if (report.format != FileFormat::Unrecognised) {
-        RememberFolderOf(ToQString(path));
-        ShowState();
-        ShowStatus(QStringLiteral("Opened ") + ToQString(path));
-    } else {
-        ShowStatus(QStringLiteral("Not opened: ") + ToQString(path));
-    }
-    return report;
-}
-
-void BRMainForm::OpenNamed(const std::string& path) {
-    const ReadReport report = ReadProject(path);
-    for (const std::string& message : report.messages)
-        ShowMessage(this, ToQString(message));
-    if (report.format == FileFormat::Unrecognised)
-        OfferImport(path);
-}
-
-void BRMainForm::TakeDropped(const std::string& path) {
-    const ReadReport report = ReadProject(path);
-    if (report.format == FileFormat::Unrecognised)
-        return Import(path, ReadLoggerFileShown(this, path));
-    for (const std::string& message : report.messages)
-        ShowMessage(this, ToQString(message));
-}
-
-// ---- Import ------------------------------------------------------------------------------------
-
-namespace {
-
-/// Whether there is anything to look at, even where its times fall.
-bool HoldsReadings(const LoggerFile& file) {
-    return file.reading.record.times.size() >= 2 && !file.reading.record.channels.empty();
-}
-
-} // namespace
-
-void BRMainForm::ImportReadings() {
-    const QString path = ChooseLoggerFile(this);
-    if (!path.isEmpty())
-        Import(ToUtf8(path), ReadLoggerFileShown(this, ToUtf8(path)));
-}
-
-void BRMainForm::OfferImport(const std::string& path) {
-    const std::shared_ptr<const LoggerFile> file = ReadLoggerFileShown(this, path);
-    if (file == nullptr || !HoldsReadings(*file))
-        return;
-    const LoggerRecord& record = file->reading.record;
-    if (AskYesNo(this,
-                 QStringLiteral("%1 holds %2 rows of readings (%3). Import them?")
-                     .arg(ToQString(file->name))
-                     .arg(record.times.size())
-                     .arg(ToQString(record.formatName)),
-                 ImportTitle()))
-        Import(path, file);
-}
-
-void BRMainForm::Import(const std::string& path, std::shared_ptr<const LoggerFile> file) {
-    if (file == nullptr)
-        return;
-    if (!HoldsReadings(*file)) {
-        ShowMessage(this, ToQString(file->reading.fault));
-        return;
-    }
-    CommitEdits();
-    RememberFolderOf(ToQString(path));
-    ImportReadingsFrm form(path, std::move(file), analysis_.state, this);
-    if (form.exec() == QDialog::Accepted)
-        CarryOut(*form.Plan());
-}
-
-void BRMainForm::CarryOut(const ImportPlan& plan) {
-    {
-        const BusyPointer busy;
-        ProjectState imported;
-        ReadingSettings settings = SettingsOf(analysis_.state);
-        ExchangeSettings(imported, settings);
-        ApplyImport(plan, imported);
-        recoveryData_->TakeReadings(std::move(imported.RecDatGrid), SettingsOf(imported));
-    }
-    SelectTab(RecoveryDataTab);
-    ShowStatus(ToQString(ImportedText(plan)));
-}
-
-// ---- Saving and the end ------------------------------------------------------------------------
-
-void BRMainForm::SaveProject() {
-    if (analysis_.file.CurrentProjectFile.empty())
-        SaveProjectAs();
-    else
-        Write(std::string(analysis_.file.CurrentProjectFile));
-}
-
-void BRMainForm::SaveProjectAs() {
-    CommitEdits();
-    const QString path = ChooseNameToSave(this);
-    if (path.isEmpty())
-        return;
-    RememberFolderOf(path);
-    Write(ToUtf8(path));
-}
-
-namespace {
-
-/// What became of the file that stood there before.
-QString KeptText(const SaveReport& report) {
-    if (report.keptAs.empty())
-        return QString();
-    const QString name = ToQString(report.keptAs);
-    return report.changedOnDisk
-               ? QStringLiteral(". The file had been changed by somebody else meanwhile; that "
-                                "version is kept as ") +
-                     name
-               : QStringLiteral(". The file that was there is kept as ") + name;
-}
-
-/// What the status bar says after a save.
-QString SavedText(const QString& path, const SaveReport& report,
-                  const std::vector<std::string>& lost) {
-    QString text = QStringLiteral("Saved ") + path + KeptText(report);
-    if (lost.empty())
-        return text;
-    constexpr std::size_t Named = 20;
-    QStringList names;
-    for (std::size_t i = 0; i < std::min(lost.size(), Named); ++i)
-        names.append(ToQString(lost[i]));
-    if (lost.size() > Named)
-        names.append(QStringLiteral("and %1 more").arg(lost.size() - Named));
-    return QStringLiteral("Not read back intact, because of a double quote or a line break: ") +
-           names.join(QStringLiteral(", ")) + QStringLiteral(". ") + text;
-}
-
-} // namespace
-
-void BRMainForm::Write(const std::string& path) {
-    CommitEdits();
-    SaveReport report;
-    {
-        const BusyPointer busy;
-        report = WriteProjectFile(path, analysis_.state, analysis_.file);
-    }
-    ShowTitle();
-    const QString name = ToQString(path);
-    ShowStatus(report.messages.empty()
-                   ? SavedText(name, report, FieldsNotReadBackIntact(analysis_.state))
-                   : QStringLiteral("Not saved whole: ") + name + KeptText(report));
-    for (const std::string& message : report.messages)
-        ShowMessage(this, ToQString(message));
-}
+// ---- Commands
+// ------------------------------------------------------------------------------------
 
 void BRMainForm::Exit() {
     if (exitAsked_ || !ConfirmExit())
         return;
     exitConfirmed_ = true;
     close();
+}
+
+void BRMainForm::ShowGuide() {
+    constexpr std::array<const char*, 5> Chapters = {"Who and where", "Who and where", "The well",
+                                                     "The readings", "K"};
+    if (guide_ == nullptr)
+        guide_ = new GuideWindow(this);
+    Open(guide_);
+    guide_->ShowChapter(
+        QString::fromUtf8(Chapters[static_cast<std::size_t>(TabStrip2->currentIndex())]));
 }
 
 void BRMainForm::About() {
@@ -572,6 +406,7 @@ void BRMainForm::closeEvent(QCloseEvent* event) {
     }
     // A later showing of the window, and its closing, asks again.
     exitConfirmed_ = false;
+    recoveryCopy_->Remove();
     for (QDialog* dialog : findChildren<QDialog*>(Qt::FindDirectChildrenOnly))
         dialog->close();
     event->accept();

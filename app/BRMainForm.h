@@ -19,12 +19,16 @@ class QVBoxLayout;
 
 namespace quarnel {
 
+struct LeftCopy;
+
 class ComputePanel;
 class ComputedYFrm;
 class DiagnosticsFrm;
 class Panel;
+class GuideWindow;
 class PrtPlotFrm;
 class PrtResults;
+class RecoveryCopy;
 class RecoveryDataPanel;
 class WellGeometryPanel;
 struct ImportPlan;
@@ -38,6 +42,10 @@ public:
 
     /// Shows the window.
     void StartUp();
+    /// Offers the copies that windows which are gone left behind. Whether one was restored.
+    bool OfferLeftCopies();
+    /// Writes the copy of the project that a later start offers: the program is being ended.
+    void KeepRecoveryCopy();
     /// Makes panel `panel` (1 to 6) visible and hides all others.
     void DisplaySelectedPanel(int panel);
     /// Selects tab `tab` (1 to 5) as a click on it does.
@@ -58,6 +66,8 @@ protected:
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
 private:
+    void BuildRecoveryCopy();
+    void Restore(const LeftCopy& copy);
     void BuildTabStrip(QVBoxLayout* rows);
     void BuildPanels(QVBoxLayout* rows);
     /// Puts `content` under the title of panel `panel`.
@@ -100,6 +110,7 @@ private:
     void Import(const std::string& path, std::shared_ptr<const LoggerFile> file);
     void CarryOut(const ImportPlan& plan);
     void Exit();
+    void ShowGuide();
     void About();
     /// Opens the window "Diagnostics", which is made when it is first asked for.
     void ShowDiagnostics();
@@ -109,6 +120,8 @@ private:
     bool ConfirmExit();
 
     Analysis analysis_;
+    RecoveryCopy* recoveryCopy_ = nullptr;
+    GuideWindow* guide_ = nullptr;
     bool exitConfirmed_ = false;
     bool exitAsked_ = false; ///< "Confirm Exit" stands
     QTimer* currencyCheck_ = nullptr;

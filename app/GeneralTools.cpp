@@ -2,6 +2,9 @@
 
 #include "output/Drawing.h"
 
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QInputMethod>
 #include <QScreen>
 
 namespace quarnel {
@@ -33,6 +36,19 @@ void MoveToCentre(QWidget* window) {
     const QRect area = window->screen()->availableGeometry();
     window->move(area.left() + (area.width() - window->width()) / 2,
                  area.top() + (area.height() - window->height()) / 2);
+}
+
+void CommitEdits() {
+    QGuiApplication::inputMethod()->commit();
+    QWidget* focus = QApplication::focusWidget();
+    if (focus == nullptr)
+        return;
+    for (QWidget* outer = focus->parentWidget(); outer != nullptr; outer = outer->parentWidget())
+        if (qobject_cast<QAbstractItemView*>(outer) != nullptr) {
+            focus->clearFocus();
+            outer->setFocus();
+            return;
+        }
 }
 
 } // namespace quarnel

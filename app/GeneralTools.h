@@ -13,4 +13,7 @@ void CentreWindow(QWidget* window);
 /// Centres a window on its screen in the size it has.
 void MoveToCentre(QWidget* window);
 
+/// Puts what the user is typing in a grid's cell into the grid, as leaving the cell does.
+void CommitEdits();
+
 } // namespace quarnel

@@ -1,6 +1,7 @@
 #include "app/BRMainForm.h"
 #include "app/MainGlobal.h"
 #include "app/QuarnelApplication.h"
+#include "system/EndSignals.h"
 
 #include <QCommandLineParser>
 #include <cstdio>
@@ -66,7 +67,9 @@ int main(int argc, char** argv) {
     const auto window = quarnel::SetUpMainWindow();
     quarnel::ResetProject(*window);
     window->StartUp();
-    if (!projects.isEmpty())
+    const quarnel::EndSignals endSignals([&window] { window->KeepRecoveryCopy(); });
+    const bool isRestored = window->OfferLeftCopies();
+    if (!projects.isEmpty() && !isRestored)
         QMetaObject::invokeMethod(
             window.get(),
             [&window, path = FullPath(projects.constFirst())] { window->OpenNamed(path); },

@@ -27,6 +27,11 @@ inline constexpr std::array<int, 5> TabPanels = {1, 2, 4, 5, 6};
 /// The window's title: the program's, then "/ " and the path of the project once there is one.
 std::string MainWindowTitle(const std::string& currentProjectFile);
 
+/// Tabs that a fault leads to, and the panel whose showing prepares the computation.
+inline constexpr int WellGeometryTab = 3;
+inline constexpr int RecoveryDataTab = 4;
+inline constexpr int ComputePanelNumber = 6;
+
 /// Builds the main window with everything in it.
 std::unique_ptr<BRMainForm> SetUpMainWindow();
 

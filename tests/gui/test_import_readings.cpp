@@ -84,7 +84,8 @@ private Q_SLOTS:
         for (const QAction* action : program.Find<QMenu>(u"mnuFile"_s).actions())
             names.append(action->isSeparator() ? u"-"_s : action->objectName());
         const auto at = names.indexOf(u"mnuImportReadings"_s);
-        QCOMPARE(names.at(at - 1), u"-"_s);
+        QCOMPARE(names.at(at - 1), u"mnuOpenRecentEntry"_s);
+        QCOMPARE(names.at(at - 2), u"-"_s);
         QVERIFY(names.indexOf(u"mnuSaveAs"_s) < at && at < names.indexOf(u"mnuExit"_s));
         QCOMPARE(program.Find<QAction>(u"mnuImportReadings"_s).text().remove(u'&'),
                  u"Import Readings..."_s);

@@ -1,0 +1,255 @@
+// What the main window does with files: new, open, import, save, and the copy that outlives a
+// crash.
+
+#include "app/BRMainForm.h"
+
+#include "app/ComputePanel.h"
+#include "app/GeneralTools.h"
+#include "app/MainGlobal.h"
+#include "app/RecentProjects.h"
+#include "app/RecoveryCopy.h"
+#include "app/RecoveryOffer.h"
+#include "loggerfiles/ImportMessages.h"
+#include "loggerfiles/ImportReadingsFrm.h"
+#include "loggerfiles/LoggerFileDialogs.h"
+#include "project/FieldTables.h"
+#include "project/Files.h"
+#include "project/ProjectFileDialogs.h"
+#include "recovery/RecoveryDataPanel.h"
+#include "widgets/MessageBoxes.h"
+#include "widgets/QtTexts.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace quarnel {
+
+void BRMainForm::NewProject() {
+    if (AskYesNo(this, QStringLiteral("New Project will clear existing data. Make sure you have "
+                                      "saved current information to a file before proceeding.\r\n"
+                                      " Do you want to proceed with New Project?"))) {
+        recoveryCopy_->WriteNow();
+        ResetProject(*this);
+        recoveryCopy_->NoteReplaced();
+    }
+}
+
+void BRMainForm::OpenProject() {
+    const QString path = ChooseProjectToOpen(this);
+    if (!path.isEmpty())
+        OpenPath(path);
+}
+
+void BRMainForm::OpenPath(const QString& path) {
+    OpenNamed(ToUtf8(path));
+}
+
+ReadReport BRMainForm::ReadProject(const std::string& path) {
+    const BusyPointer busy;
+    recoveryCopy_->WriteNow();
+    ReadReport report = OpenProjectFile(path, analysis_);
+    if (report.format != FileFormat::Unrecognised) {
+        RememberFolderOf(ToQString(path));
+        ShowState();
+        RecentProjects::Note(ToQString(path));
+        ShowStatus(QStringLiteral("Opened ") + ToQString(path));
+    } else {
+        ShowStatus(QStringLiteral("Not opened: ") + ToQString(path));
+    }
+    return report;
+}
+
+void BRMainForm::OpenNamed(const std::string& path) {
+    const ReadReport report = ReadProject(path);
+    for (const std::string& message : report.messages)
+        ShowMessage(this, ToQString(message));
+    if (report.format == FileFormat::Unrecognised)
+        OfferImport(path);
+}
+
+void BRMainForm::TakeDropped(const std::string& path) {
+    const ReadReport report = ReadProject(path);
+    if (report.format == FileFormat::Unrecognised)
+        return Import(path, ReadLoggerFileShown(this, path));
+    for (const std::string& message : report.messages)
+        ShowMessage(this, ToQString(message));
+}
+
+// ---- Import ------------------------------------------------------------------------------------
+
+namespace {
+
+/// Whether there is anything to look at, even where its times fall.
+bool HoldsReadings(const LoggerFile& file) {
+    return file.reading.record.times.size() >= 2 && !file.reading.record.channels.empty();
+}
+
+} // namespace
+
+void BRMainForm::ImportReadings() {
+    const QString path = ChooseLoggerFile(this);
+    if (!path.isEmpty())
+        Import(ToUtf8(path), ReadLoggerFileShown(this, ToUtf8(path)));
+}
+
+void BRMainForm::OfferImport(const std::string& path) {
+    const std::shared_ptr<const LoggerFile> file = ReadLoggerFileShown(this, path);
+    if (file == nullptr || !HoldsReadings(*file))
+        return;
+    const LoggerRecord& record = file->reading.record;
+    if (AskYesNo(this,
+                 QStringLiteral("%1 holds %2 rows of readings (%3). Import them?")
+                     .arg(ToQString(file->name))
+                     .arg(record.times.size())
+                     .arg(ToQString(record.formatName)),
+                 ImportTitle()))
+        Import(path, file);
+}
+
+void BRMainForm::Import(const std::string& path, std::shared_ptr<const LoggerFile> file) {
+    if (file == nullptr)
+        return;
+    if (!HoldsReadings(*file)) {
+        ShowMessage(this, ToQString(file->reading.fault));
+        return;
+    }
+    CommitEdits();
+    RememberFolderOf(ToQString(path));
+    ImportReadingsFrm form(path, std::move(file), analysis_.state, this);
+    if (form.exec() == QDialog::Accepted)
+        CarryOut(*form.Plan());
+}
+
+void BRMainForm::CarryOut(const ImportPlan& plan) {
+    {
+        const BusyPointer busy;
+        ProjectState imported;
+        ReadingSettings settings = SettingsOf(analysis_.state);
+        ExchangeSettings(imported, settings);
+        ApplyImport(plan, imported);
+        recoveryData_->TakeReadings(std::move(imported.RecDatGrid), SettingsOf(imported));
+    }
+    SelectTab(RecoveryDataTab);
+    ShowStatus(ToQString(ImportedText(plan)));
+}
+
+// ---- Saving and the end ------------------------------------------------------------------------
+
+void BRMainForm::SaveProject() {
+    if (analysis_.file.CurrentProjectFile.empty())
+        SaveProjectAs();
+    else
+        Write(std::string(analysis_.file.CurrentProjectFile));
+}
+
+void BRMainForm::SaveProjectAs() {
+    CommitEdits();
+    const QString path = ChooseNameToSave(this);
+    if (path.isEmpty())
+        return;
+    RememberFolderOf(path);
+    Write(ToUtf8(path));
+}
+
+namespace {
+
+/// What became of the file that stood there before.
+QString KeptText(const SaveReport& report) {
+    if (report.keptAs.empty())
+        return QString();
+    const QString name = ToQString(report.keptAs);
+    return report.changedOnDisk
+               ? QStringLiteral(". The file had been changed by somebody else meanwhile; that "
+                                "version is kept as ") +
+                     name
+               : QStringLiteral(". The file that was there is kept as ") + name;
+}
+
+/// What the status bar says after a save.
+QString SavedText(const QString& path, const SaveReport& report,
+                  const std::vector<std::string>& lost) {
+    QString text = QStringLiteral("Saved ") + path + KeptText(report);
+    if (lost.empty())
+        return text;
+    constexpr std::size_t Named = 20;
+    QStringList names;
+    for (std::size_t i = 0; i < std::min(lost.size(), Named); ++i)
+        names.append(ToQString(lost[i]));
+    if (lost.size() > Named)
+        names.append(QStringLiteral("and %1 more").arg(lost.size() - Named));
+    return QStringLiteral("Not read back intact, because of a double quote or a line break: ") +
+           names.join(QStringLiteral(", ")) + QStringLiteral(". ") + text;
+}
+
+} // namespace
+
+void BRMainForm::Write(const std::string& path) {
+    CommitEdits();
+    SaveReport report;
+    {
+        const BusyPointer busy;
+        report = WriteProjectFile(path, analysis_.state, analysis_.file);
+    }
+    ShowTitle();
+    if (report.isSaved) {
+        recoveryCopy_->NoteSaved();
+        RecentProjects::Note(ToQString(path));
+    }
+    const QString name = ToQString(path);
+    ShowStatus(report.messages.empty()
+                   ? SavedText(name, report, FieldsNotReadBackIntact(analysis_.state))
+                   : QStringLiteral("Not saved whole: ") + name + KeptText(report));
+    for (const std::string& message : report.messages)
+        ShowMessage(this, ToQString(message));
+}
+
+void BRMainForm::BuildRecoveryCopy() {
+    recoveryCopy_ = new RecoveryCopy(analysis_, this);
+    connect(recoveryData_, &Panel::Edited, recoveryCopy_, &RecoveryCopy::NoteEdit);
+    connect(compute_, &Panel::Edited, recoveryCopy_, &RecoveryCopy::NoteEdit);
+    connect(recoveryCopy_, &RecoveryCopy::WritingFailed, this, [this](const QString& reason) {
+        ShowStatus(QStringLiteral("No recovery copy could be written: ") + reason);
+    });
+    connect(qApp, &QGuiApplication::commitDataRequest, this, &BRMainForm::KeepRecoveryCopy);
+}
+
+void BRMainForm::KeepRecoveryCopy() {
+    CommitEdits();
+    recoveryCopy_->WriteNow();
+}
+
+bool BRMainForm::OfferLeftCopies() {
+    for (const LeftCopy& copy : recoveryCopy_->TakeLeftCopies()) {
+        if (WantsToRestore(this, copy)) {
+            Restore(copy);
+            return true;
+        }
+        recoveryCopy_->Discard(copy);
+    }
+    return false;
+}
+
+void BRMainForm::Restore(const LeftCopy& copy) {
+    OpenNamed(ToUtf8(copy.path));
+    RecentProjects::Forget(copy.path);
+    // A copy that is no project any more stays where it is, for a closer look.
+    if (analysis_.file.CurrentProjectFile != ToUtf8(copy.path))
+        return;
+    // Its own file is the one it was a copy of; a save looks first at what stands there now.
+    analysis_.file = FileOnDisk();
+    analysis_.file.CurrentProjectFile = copy.projectFile;
+    ShowTitle();
+    ShowStatus(QStringLiteral("Restored what was typed before the program ended. It is not saved "
+                              "yet."));
+    recoveryCopy_->NoteEdit();
+    recoveryCopy_->WriteNow();
+    recoveryCopy_->Discard(copy);
+}
+
+} // namespace quarnel

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QDialog>
+#include <QString>
+
+class QTextBrowser;
+
+namespace quarnel {
+
+/// The user guide in a window of its own, at the chapter that is asked for. It stays open beside
+/// the work.
+class GuideWindow : public QDialog {
+    Q_OBJECT
+public:
+    explicit GuideWindow(QWidget* parent = nullptr);
+
+    /// Shows the chapter with this heading, for example "The readings"; the beginning for "".
+    void ShowChapter(const QString& heading);
+
+private:
+    QTextBrowser* text_ = nullptr;
+};
+
+} // namespace quarnel
