@@ -18,7 +18,8 @@ namespace quarnel {
 namespace {
 
 /// A line of the guide reads well at about so many characters.
-constexpr int LineCharacters = 90;
+constexpr int LineCharacters = 110;
+constexpr int Lines = 36;
 
 /// A heading of the guide without its number.
 QString WithoutNumber(const QString& heading) {
@@ -54,9 +55,12 @@ GuideWindow::GuideWindow(QWidget* parent)
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(text_, 1);
     rows->addWidget(buttons);
+}
+
+QSize GuideWindow::sizeHint() const {
     const QFontMetrics metrics(text_->font());
-    resize(QSize(metrics.averageCharWidth() * LineCharacters, metrics.lineSpacing() * 40)
-               .boundedTo(screen()->availableSize() * 9 / 10));
+    return QSize(metrics.averageCharWidth() * LineCharacters, metrics.lineSpacing() * Lines)
+        .boundedTo(screen()->availableSize() * 9 / 10);
 }
 
 void GuideWindow::ShowChapter(const QString& heading) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QSize>
 #include <QString>
 
 class QTextBrowser;
@@ -16,6 +17,7 @@ public:
 
     /// Shows the chapter with this heading, for example "The readings"; the beginning for "".
     void ShowChapter(const QString& heading);
+    QSize sizeHint() const override;
 
 private:
     QTextBrowser* text_ = nullptr;

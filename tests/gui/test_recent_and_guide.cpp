@@ -68,6 +68,7 @@ private Q_SLOTS:
             auto& text = Find<QTextBrowser>(guide, u"GuideText"_s);
             QCOMPARE(text.textCursor().block().text(), headings[tab - 1]);
             QVERIFY(text.document()->characterCount() > 5000);
+            QVERIFY(text.width() > 60 * text.fontMetrics().averageCharWidth());
             QTest::keyClick(&guide, Qt::Key_Escape);
             QVERIFY(!guide.isVisible());
         }
