@@ -23,7 +23,8 @@ inline void LetMemoryFailAt(std::size_t failAt) {
 } // namespace quarnel::test
 
 // NOLINTBEGIN(misc-definitions-in-headers, cppcoreguidelines-no-malloc)
-void* operator new(std::size_t size) {
+// Never inlined: a compiler that sees only one of a pair takes the other for a mismatch.
+[[gnu::noinline]] void* operator new(std::size_t size) {
     quarnel::test::FailingMemory& memory = quarnel::test::failingMemory;
     if (memory.failsNow || ++memory.count == memory.failAt)
         throw std::bad_alloc();
@@ -32,19 +33,19 @@ void* operator new(std::size_t size) {
         throw std::bad_alloc();
     return room;
 }
-void* operator new[](std::size_t size) {
+[[gnu::noinline]] void* operator new[](std::size_t size) {
     return operator new(size);
 }
-void operator delete(void* memory) noexcept {
+[[gnu::noinline]] void operator delete(void* memory) noexcept {
     std::free(memory);
 }
-void operator delete[](void* memory) noexcept {
+[[gnu::noinline]] void operator delete[](void* memory) noexcept {
     std::free(memory);
 }
-void operator delete(void* memory, std::size_t) noexcept {
+[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept {
     std::free(memory);
 }
-void operator delete[](void* memory, std::size_t) noexcept {
+[[gnu::noinline]] void operator delete[](void* memory, std::size_t) noexcept {
     std::free(memory);
 }
 // NOLINTEND(misc-definitions-in-headers, cppcoreguidelines-no-malloc)
