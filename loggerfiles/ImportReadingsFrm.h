@@ -30,6 +30,7 @@ public:
     /// for.
     ImportReadingsFrm(std::string path, std::shared_ptr<const LoggerFile> file,
                       const ProjectState& state, QWidget* parent);
+    ~ImportReadingsFrm() override;
 
     /// What is shown; can be carried out after OK.
     std::shared_ptr<const ImportPlan> Plan() const { return plan_; }

@@ -126,6 +126,12 @@ void ImportReadingsFrm::AddField(QGridLayout* grid, const QString& caption, QWid
         grid->setColumnStretch(number, stretch);
 }
 
+ImportReadingsFrm::~ImportReadingsFrm() {
+    // A box that loses the keyboard because its window goes has nobody left to take its text.
+    for (const Box& box : boxes_)
+        disconnect(box.edit, nullptr, this, nullptr);
+}
+
 QLineEdit* ImportReadingsFrm::MakeBox(BoxIndex index, const QString& name) {
     auto* edit = new QLineEdit;
     edit->setObjectName(name);
