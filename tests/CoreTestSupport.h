@@ -3,6 +3,7 @@
 #include "project/Files.h"
 #include "project/GlobalDeclar.h"
 #include "project/Texts.h"
+#include "tests/SourceFolder.h"
 
 #include <cstddef>
 #include <fstream>
@@ -34,7 +35,7 @@ private:
 };
 
 inline std::string ReadExample(const std::string& name) {
-    std::ifstream file(std::string(QUARNEL_SOURCE_DIR) + "/examples/" + name, std::ios::binary);
+    std::ifstream file(test::SourceFolder() + "/examples/" + name, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 

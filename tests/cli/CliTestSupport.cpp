@@ -1,4 +1,5 @@
 #include "tests/cli/CliTestSupport.h"
+#include "tests/SourceFolder.h"
 
 #include "project/Files.h"
 #include "project/TextEncoding.h"
@@ -14,7 +15,7 @@ QString Q(std::string_view text) {
 }
 
 QString Example(std::string_view name) {
-    return Q(QUARNEL_SOURCE_DIR "/examples/") + Q(name);
+    return Q(test::SourceFolder() + "/examples/") + Q(name);
 }
 
 Outcome CliTest::Start(const QString& program, const QStringList& arguments,

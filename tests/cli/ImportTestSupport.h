@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/SourceFolder.h"
 #include "tests/cli/CliTestSupport.h"
 
 #include <QJsonDocument>
@@ -48,7 +49,7 @@ protected:
 
     /// A logger's file of the given cases; it comes from a real layout.
     static std::string Case(const std::string& name) {
-        return QUARNEL_SOURCE_DIR "/tests/loggerfiles/cases/" + name;
+        return test::SourceFolder() + "/tests/loggerfiles/cases/" + name;
     }
 
     ProjectState Imported();

@@ -36,7 +36,7 @@ void UseHeadWindow(ProjectState& state) {
 }
 
 class CliImportCaseTest : public CliImportTest,
-                          public testing::WithParamInterface<std::pair<const char*, const char*>> {
+                          public testing::WithParamInterface<std::pair<std::string, std::string>> {
 protected:
     double MetresPerDay(const ProjectState& state, int& usedCount) {
         const QJsonObject analysis = AnalyzeOne(state, 0);
@@ -66,12 +66,12 @@ INSTANTIATE_TEST_SUITE_P(Given, CliImportCaseTest,
                                          std::pair("generic_csv_depth", "csv"),
                                          std::pair("solinst_csv_old", "csv"),
                                          std::pair("solinst_xle", "xle")),
-                         [](const auto& given) { return std::string(given.param.first); });
+                         [](const auto& given) { return given.param.first; });
 
 TEST_P(CliImportCaseTest, ReadingsAndStaticLevelAreExact) {
     const auto& [name, ending] = GetParam();
-    const QJsonObject expected = Expectation(Case(name + std::string(".json")));
-    const QJsonObject import = ImportJson(Case(std::string(name) + "." + ending));
+    const QJsonObject expected = Expectation(Case(name + ".json"));
+    const QJsonObject import = ImportJson(Case(name + "." + ending));
     EXPECT_EQ(import.value(Q("data_type")), expected.value(Q("kind")));
     for (const char* key : {"slug_test_type", "level_unit", "time_zero", "static_level"})
         EXPECT_EQ(import.value(Q(key)), expected.value(Q(key))) << key;
@@ -84,7 +84,7 @@ TEST_P(CliImportCaseTest, ReadingsAndStaticLevelAreExact) {
         ExpectRow(readings.at(i), expected.value(Q("first_three")).toArray().at(i));
     ExpectRow(readings.last(), expected.value(Q("last_row")));
     const std::vector<std::string> notes =
-        name == std::string("generic_csv_depth")
+        name == "generic_csv_depth"
             ? std::vector<std::string>{"The dates can be read both ways; the times since the start "
                                        "are the same."}
             : std::vector<std::string>{};
@@ -93,9 +93,9 @@ TEST_P(CliImportCaseTest, ReadingsAndStaticLevelAreExact) {
 
 TEST_P(CliImportCaseTest, KIsTheOneOfTheCase) {
     const auto& [name, ending] = GetParam();
-    const QJsonObject expected = Expectation(Case(name + std::string(".json")));
+    const QJsonObject expected = Expectation(Case(name + ".json"));
     WriteProject("geometry.qn2", ProjectOfGeometry(expected.value(Q("geometry")).toObject()));
-    ImportJson(Case(std::string(name) + "." + ending), {Q("--from"), Q("geometry.qn2")});
+    ImportJson(Case(name + "." + ending), {Q("--from"), Q("geometry.qn2")});
     int used = 0;
     ProjectState state = Imported();
     const double all = expected.value(Q("K_m_per_d_all_positive")).toDouble();

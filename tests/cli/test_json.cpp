@@ -1,3 +1,4 @@
+#include "tests/SourceFolder.h"
 #include "tests/cli/CliTestSupport.h"
 
 #include <QFile>
@@ -39,7 +40,7 @@ using Texts = std::vector<std::string>;
 // The golden file was printed by the program and its numbers were computed again by hand from the
 // published readings; a change of one last digit in it needs a reason.
 TEST_F(CliJsonTest, PrattCountyIsTheGoldenAnalysis) {
-    QFile golden(Q(QUARNEL_SOURCE_DIR "/tests/cli/golden/pratt-county-1998.json"));
+    QFile golden(Q(test::SourceFolder() + "/tests/cli/golden/pratt-county-1998.json"));
     ASSERT_TRUE(golden.open(QIODevice::ReadOnly));
     QJsonArray expected = QJsonDocument::fromJson(golden.readAll()).array();
     ASSERT_EQ(expected.size(), 1);

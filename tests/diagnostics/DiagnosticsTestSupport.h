@@ -3,6 +3,7 @@
 #include "diagnostics/Diagnostics.h"
 #include "kcompute/Analysis.h"
 #include "tests/CoreTestSupport.h"
+#include "tests/SourceFolder.h"
 
 #include <charconv>
 #include <gtest/gtest.h>
@@ -22,8 +23,8 @@ inline std::string Typed(double value) {
 /// The Pratt County test with the three readings of its published K marked Use.
 inline ProjectState PrattProject() {
     Analysis analysis;
-    const ReadReport report = OpenProjectFile(
-        std::string(QUARNEL_SOURCE_DIR) + "/examples/pratt-county-1998.qn2", analysis);
+    const ReadReport report =
+        OpenProjectFile(test::SourceFolder() + "/examples/pratt-county-1998.qn2", analysis);
     EXPECT_TRUE(report.messages.empty());
     return analysis.state;
 }

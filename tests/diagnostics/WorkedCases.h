@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/SourceFolder.h"
+
 #include <algorithm>
 #include <boost/property_tree/json_parser.hpp>
 #include <charconv>
@@ -56,9 +58,8 @@ struct WorkedCase {
 inline WorkedCase ReadWorkedCase(const std::string& id) {
     static const Json file = [] {
         Json read;
-        boost::property_tree::read_json(std::string(QUARNEL_SOURCE_DIR) +
-                                            "/tests/diagnostics/cases/diagnostics-worked.json",
-                                        read);
+        boost::property_tree::read_json(
+            test::SourceFolder() + "/tests/diagnostics/cases/diagnostics-worked.json", read);
         return read;
     }();
     for (const auto& [name, node] : file.get_child("cases"))

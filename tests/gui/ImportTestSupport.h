@@ -18,7 +18,7 @@ namespace quarnel::windowtest {
 
 /// A logger file of the tests, given to the byte.
 inline QString CaseFile(const QString& name) {
-    return QStringLiteral(QUARNEL_SOURCE_DIR "/tests/loggerfiles/cases/") + name;
+    return SourceFile("tests/loggerfiles/cases/") + name;
 }
 
 /// Files of a test's own.

@@ -3,6 +3,7 @@
 #include "app/BRMainForm.h"
 #include "app/MainGlobal.h"
 #include "app/QuarnelApplication.h"
+#include "tests/gui/SourceFile.h"
 #include "widgets/QtTexts.h"
 
 #include <QAbstractButton>

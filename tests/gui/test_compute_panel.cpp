@@ -303,7 +303,7 @@ private Q_SLOTS:
         ComputeProgram program(Falling);
         program.Compute();
         QTest::mouseClick(&program.Find(u"CmdDetails"_s), Qt::LeftButton);
-        program.Window().OpenPath(QStringLiteral(QUARNEL_SOURCE_DIR "/examples/every-field.qn2"));
+        program.Window().OpenPath(SourceFile("examples/every-field.qn2"));
         QVERIFY(program.Plot().Shown().IsEmpty());
         QCOMPARE(program.K(), QString());
         QVERIFY(program.Window().Current().computation == nullptr);

@@ -22,7 +22,7 @@ namespace {
 
 constexpr int CriteriaColumn = 3;
 
-const QString Pratt = QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2");
+const QString Pratt = SourceFile("examples/pratt-county-1998.qn2");
 const QString NoComputation = u"Press Compute K/ Plot first."_s;
 const QString Stale = u"The data have changed. Press Compute K/ Plot."_s;
 const QString YWarning =
@@ -696,8 +696,7 @@ private Q_SLOTS:
         DiagnosticsProgram program;
         const QTemporaryDir folder;
         const QString path = folder.filePath(u"own.pdf"_s);
-        QVERIFY(QFile::copy(QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2"),
-                            path));
+        QVERIFY(QFile::copy(SourceFile("examples/pratt-county-1998.qn2"), path));
         program.Window().OpenPath(path);
         program.ClickTab(5);
         program.Compute();

@@ -21,7 +21,7 @@ const QString NewQuestion =
     u"information to a file before proceeding.\r\n Do you want to proceed "
     u"with New Project?"_s;
 const QString ExitQuestion = u"Exit QUARNEL? (Unsaved data will be lost.)"_s;
-const QString Example = QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2");
+const QString Example = SourceFile("examples/pratt-county-1998.qn2");
 
 /// The program as the window that has the keyboard.
 class ActiveProgram : public Program {

@@ -16,7 +16,7 @@ namespace quarnel::windowtest {
 
 namespace {
 
-const QString Example = QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2");
+const QString Example = SourceFile("examples/pratt-county-1998.qn2");
 constexpr int Readings = 61;
 
 /// The program on a page with a grid that is filled.

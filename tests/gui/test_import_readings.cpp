@@ -69,7 +69,7 @@ public:
 };
 
 QString Example(const QString& name) {
-    return QStringLiteral(QUARNEL_SOURCE_DIR "/examples/") + name;
+    return SourceFile("examples/") + name;
 }
 
 } // namespace

@@ -288,8 +288,7 @@ private Q_SLOTS:
         QCOMPARE(program.Window().width(), std::max(area.width() - pixels(200), least.width()));
         QCOMPARE(program.Window().height(), std::max(area.height() - pixels(500), least.height()));
         QCOMPARE(program.Window().pos(), QPoint(area.left() + pixels(200) / 2, pixels(5)));
-        program.Window().OpenPath(
-            QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2"));
+        program.Window().OpenPath(SourceFile("examples/pratt-county-1998.qn2"));
         program.ClickTab(5);
         const std::pair<const char*, const char*> dialogs[] = {{"CmdPrtSummary", "PrtResults"},
                                                                {"CmdPrintPlot", "PrtPlotFrm"}};
@@ -304,7 +303,7 @@ private Q_SLOTS:
 
     void NewBringsBackEveryFieldOfANewProject() {
         Program program;
-        program.Window().OpenPath(QStringLiteral(QUARNEL_SOURCE_DIR "/examples/every-field.qn2"));
+        program.Window().OpenPath(SourceFile("examples/every-field.qn2"));
         QVERIFY(!program.Find<QLineEdit>(u"PlotText"_s, 0).text().isEmpty());
         Answers answers;
         answers.Box(u"Quarnel"_s, NewQuestion, QMessageBox::Yes);
@@ -386,8 +385,7 @@ private Q_SLOTS:
         Program program;
         const QTemporaryDir folder;
         const QString path = folder.filePath(u"well[*].qn2"_s);
-        QVERIFY(QFile::copy(QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2"),
-                            path));
+        QVERIFY(QFile::copy(SourceFile("examples/pratt-county-1998.qn2"), path));
         program.Window().OpenPath(path);
         QCOMPARE(program.Window().windowTitle().replace(u"[*][*]"_s, u"[*]"_s),
                  u"Quarnel: Bouwer-Rice Slug Test Analysis/ "_s + path);
@@ -400,8 +398,7 @@ private Q_SLOTS:
         QApplication::setFont(large);
         {
             Program program;
-            program.Window().OpenPath(
-                QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2"));
+            program.Window().OpenPath(SourceFile("examples/pratt-county-1998.qn2"));
             for (int tab = 1; tab <= 5; ++tab) {
                 program.ClickTab(tab);
                 QTest::qWait(1);

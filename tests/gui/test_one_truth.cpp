@@ -15,8 +15,8 @@ namespace quarnel::windowtest {
 
 namespace {
 
-const QString Example = QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2");
-const QString OtherExample = QStringLiteral(QUARNEL_SOURCE_DIR "/examples/every-field.qn2");
+const QString Example = SourceFile("examples/pratt-county-1998.qn2");
+const QString OtherExample = SourceFile("examples/every-field.qn2");
 const QString Changed = u"The data have changed. Press Compute K/ Plot."_s;
 const QString Invitation = u"Press Compute K/ Plot"_s;
 const QString NoPrinter = u"The system has no default printer. Do you want to save the page as a "

@@ -20,7 +20,7 @@ constexpr int TimeColumn = 1;
 constexpr int LevelColumn = 2;
 
 QString Example(const QString& name) {
-    return QStringLiteral(QUARNEL_SOURCE_DIR "/examples/") + name;
+    return SourceFile("examples/") + name;
 }
 
 QByteArray Read(const QString& path) {

@@ -15,7 +15,7 @@ namespace {
 class PlotProgram : public Program {
 public:
     PlotProgram() {
-        Window().OpenPath(QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2"));
+        Window().OpenPath(SourceFile("examples/pratt-county-1998.qn2"));
         ClickTab(5);
         QGuiApplication::clipboard()->clear();
     }
@@ -187,8 +187,7 @@ private Q_SLOTS:
     void APictureNeverReplacesItsProject() {
         PlotProgram program;
         const QString path = folder_->filePath(u"own.svg"_s);
-        QVERIFY(QFile::copy(QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2"),
-                            path));
+        QVERIFY(QFile::copy(SourceFile("examples/pratt-county-1998.qn2"), path));
         program.Window().OpenPath(path);
         const QByteArray before = FileBytes(path);
         program.ClickTab(5);

@@ -18,7 +18,7 @@ const QString NoPrinter = u"The system has no default printer. Do you want to sa
 class ComputedProgram : public Program {
 public:
     ComputedProgram() {
-        Window().OpenPath(QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2"));
+        Window().OpenPath(SourceFile("examples/pratt-county-1998.qn2"));
         ClickTab(5);
         Press("CmdComputeK");
     }
@@ -75,8 +75,7 @@ private Q_SLOTS:
         ComputedProgram program;
         const QTemporaryDir folder;
         const QString path = folder.filePath(u"own.res"_s);
-        QVERIFY(QFile::copy(QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2"),
-                            path));
+        QVERIFY(QFile::copy(SourceFile("examples/pratt-county-1998.qn2"), path));
         program.Window().OpenPath(path);
         const QByteArray before = FileBytes(path);
         program.ClickTab(5);
@@ -242,8 +241,7 @@ private Q_SLOTS:
         ComputedProgram program;
         const QTemporaryDir folder;
         const QString path = folder.filePath(u"own.pdf"_s);
-        QVERIFY(QFile::copy(QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2"),
-                            path));
+        QVERIFY(QFile::copy(SourceFile("examples/pratt-county-1998.qn2"), path));
         program.Window().OpenPath(path);
         const QByteArray before = FileBytes(path);
         program.ClickTab(5);

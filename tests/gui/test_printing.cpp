@@ -15,7 +15,7 @@ using Manner = IppServer::Manner;
 class PrintingProgram : public Program {
 public:
     PrintingProgram() {
-        Window().OpenPath(QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2"));
+        Window().OpenPath(SourceFile("examples/pratt-county-1998.qn2"));
         ClickTab(5);
         QTest::mouseClick(&Find(u"CmdComputeK"_s), Qt::LeftButton);
         QTest::mouseClick(&Find(u"CmdPrintPlot"_s), Qt::LeftButton);

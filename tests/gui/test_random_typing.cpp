@@ -28,7 +28,7 @@ namespace {
 int steps = 2000;
 unsigned seed = 1;
 
-const QString Example = QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2");
+const QString Example = SourceFile("examples/pratt-county-1998.qn2");
 
 /// Closes every message box that comes up: by Escape, or by its consent where that was asked for.
 class Clerk : public QObject {

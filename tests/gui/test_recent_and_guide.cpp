@@ -27,7 +27,7 @@ private Q_SLOTS:
     void AProjectThatWasOpenedStandsFirst() {
         Program program;
         QCOMPARE(Entries(program).constLast(), u"-&Clear List"_s);
-        const QString examples = QStringLiteral(QUARNEL_SOURCE_DIR "/examples/");
+        const QString examples = SourceFile("examples/");
         program.Window().OpenPath(examples + u"every-field.qn2"_s);
         program.Window().OpenPath(examples + u"pratt-county-1998.qn2"_s);
         program.Window().OpenPath(examples + u"every-field.qn2"_s);

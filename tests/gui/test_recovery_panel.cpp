@@ -586,8 +586,7 @@ private Q_SLOTS:
 
     void HeadingsFollowAnOpenedProject() {
         RecoveryProgram program;
-        program.Window().OpenPath(
-            QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2"));
+        program.Window().OpenPath(SourceFile("examples/pratt-county-1998.qn2"));
         QCOMPARE(program.Heading(program.Grid(), 2), u"Recovery\nY   (m)"_s);
         QCOMPARE(program.Find<QLabel>(u"RecDatPreSlugHeadLbl"_s).text(), u"Not Applicable"_s);
         QCOMPARE(program.Rows(), 86);
@@ -597,8 +596,7 @@ private Q_SLOTS:
     void OpeningStartsAFreshHistory() {
         RecoveryProgram program;
         program.TypeRows({{u"1"_s, u"2"_s}});
-        program.Window().OpenPath(
-            QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2"));
+        program.Window().OpenPath(SourceFile("examples/pratt-county-1998.qn2"));
         program.ClickTab(4);
         program.ClickCell(1, TimeColumn);
         program.Key(Qt::Key_Z, Qt::ControlModifier);

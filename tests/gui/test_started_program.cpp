@@ -1,6 +1,8 @@
 // The real program, started as a desktop starts it, on a virtual X server: what the person in front
 // of the screen sees in the title bar.
 
+#include "tests/gui/SourceFile.h"
+
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QProcess>
@@ -17,7 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString Title = u"Quarnel: Bouwer-Rice Slug Test Analysis"_s;
-const QString Examples = QStringLiteral(QUARNEL_SOURCE_DIR "/examples");
+const QString Examples = SourceFile("examples");
 
 /// What a program that has ended left.
 struct Ended {

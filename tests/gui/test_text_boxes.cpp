@@ -264,8 +264,7 @@ private Q_SLOTS:
         }
         program.Find<QDialog>(u"PrtPlotFrm"_s).hide();
         if (open) {
-            program.Window().OpenPath(
-                QStringLiteral(QUARNEL_SOURCE_DIR "/examples/pratt-county-1998.qn2"));
+            program.Window().OpenPath(SourceFile("examples/pratt-county-1998.qn2"));
         } else {
             Answers answers;
             answers.Box(u"Quarnel"_s, NewQuestion, QMessageBox::Yes);

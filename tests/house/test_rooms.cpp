@@ -1,6 +1,8 @@
 // Who may include whom: a room includes itself and the rooms below it, and what computes includes
 // no Qt. The sources themselves are read, so that a new file is judged like any other.
 
+#include "tests/SourceFolder.h"
+
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -70,7 +72,7 @@ std::optional<Include> ParseInclude(const std::string& file, std::string line) {
 }
 
 fs::path Root() {
-    return QUARNEL_SOURCE_DIR;
+    return test::SourceFolder();
 }
 
 std::string ReadAll(const fs::path& path) {

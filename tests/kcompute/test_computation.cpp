@@ -1,6 +1,7 @@
 // The one computation: what it keeps, that nobody can change it, and when it is current.
 
 #include "kcompute/Computation.h"
+#include "tests/SourceFolder.h"
 
 #include "kcompute/Analysis.h"
 #include "kcompute/KText.h"
@@ -362,9 +363,9 @@ TEST(Computation, OnlyNewOpenAndAFailedComputeDropIt) {
     EXPECT_TRUE(analysis.working.recovery.RecoveryPoints->empty());
 
     analysis = computed;
-    OpenProjectFile(std::string(QUARNEL_SOURCE_DIR) + "/examples/README.md", analysis);
+    OpenProjectFile(test::SourceFolder() + "/examples/README.md", analysis);
     EXPECT_EQ(analysis.computation, computed.computation); // not a project: nothing was opened
-    OpenProjectFile(std::string(QUARNEL_SOURCE_DIR) + "/examples/every-field.qn2", analysis);
+    OpenProjectFile(test::SourceFolder() + "/examples/every-field.qn2", analysis);
     EXPECT_EQ(analysis.computation, nullptr);
     EXPECT_TRUE(analysis.working.marks.empty());
     EXPECT_TRUE(analysis.working.recovery.RecoveryPoints->empty());

@@ -1,6 +1,7 @@
 // From a project to K: the order of the checks, what an error leaves behind, what is kept.
 
 #include "kcompute/Analysis.h"
+#include "tests/SourceFolder.h"
 
 #include "kcompute/ComputationDetails.h"
 #include "kcompute/ComputeK.h"
@@ -253,7 +254,7 @@ TEST(OpenProjectFile, ARecognisedFileDropsTheComputation) {
     EXPECT_EQ(missing.messages, std::vector<std::string>{"53 File not found"});
     EXPECT_NE(analysis.computation, nullptr);
     EXPECT_NE(analysis.computation, nullptr);
-    const std::string example = std::string(QUARNEL_SOURCE_DIR) + "/examples/every-field.qn2";
+    const std::string example = test::SourceFolder() + "/examples/every-field.qn2";
     EXPECT_TRUE(OpenProjectFile(example, analysis).messages.empty());
     EXPECT_EQ(analysis.computation, nullptr);
     EXPECT_EQ(KLine(analysis.state, analysis.computation.get()), "");

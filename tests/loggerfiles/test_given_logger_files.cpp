@@ -1,5 +1,6 @@
 // Logger files to the byte, with what must come out of them beside each.
 
+#include "tests/SourceFolder.h"
 #include "tests/loggerfiles/LoggerTestSupport.h"
 
 #ifdef QUARNEL_XLE
@@ -18,9 +19,7 @@ public:
         std::ifstream file(Folder() + name + ".json", std::ios::binary);
         json_ = {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     }
-    static std::string Folder() {
-        return std::string(QUARNEL_SOURCE_DIR) + "/tests/loggerfiles/cases/";
-    }
+    static std::string Folder() { return test::SourceFolder() + "/tests/loggerfiles/cases/"; }
     std::string Text(const std::string& key) const {
         const std::size_t start = json_.find('"', Behind(key)) + 1;
         return json_.substr(start, json_.find('"', start) - start);

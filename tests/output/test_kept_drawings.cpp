@@ -1,3 +1,4 @@
+#include "tests/SourceFolder.h"
 #include "tests/output/DrawingText.h"
 
 #include <fstream>
@@ -7,7 +8,7 @@
 namespace quarnel {
 
 TEST(KeptDrawings, AreThoseOfTheExamples) {
-    const std::string root = std::string(QUARNEL_SOURCE_DIR) + "/";
+    const std::string root = test::SourceFolder() + "/";
     for (const std::string name : {"pratt-county-1998", "every-field"}) {
         std::ifstream file(root + "tests/output/golden/" + name + ".drawing", std::ios::binary);
         const std::string kept{std::istreambuf_iterator<char>(file), {}};

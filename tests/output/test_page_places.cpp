@@ -4,6 +4,7 @@
 #include "output/PlotDrawing.h"
 #include "output/PrintedPlot.h"
 #include "output/ReportPages.h"
+#include "tests/SourceFolder.h"
 #include "tests/output/ArialMeasure.h"
 
 #include <algorithm>
@@ -26,7 +27,7 @@ Paper A4WithMargins(double margin) {
 
 Analysis Pratt() {
     Analysis analysis;
-    OpenProjectFile(std::string(QUARNEL_SOURCE_DIR) + "/examples/pratt-county-1998.qn2", analysis);
+    OpenProjectFile(test::SourceFolder() + "/examples/pratt-county-1998.qn2", analysis);
     PrepareComputation(analysis);
     EXPECT_FALSE(Compute(analysis).IsError());
     return analysis;

@@ -1,4 +1,5 @@
 #include "output/PrintedPlot.h"
+#include "tests/SourceFolder.h"
 
 #include "kcompute/Analysis.h"
 #include "output/ReportPages.h"
@@ -33,7 +34,7 @@ Drawing DrawOnPaper(const Analysis& analysis, double width, double height) {
 
 Analysis Pratt() {
     Analysis analysis;
-    OpenProjectFile(std::string(QUARNEL_SOURCE_DIR) + "/examples/pratt-county-1998.qn2", analysis);
+    OpenProjectFile(test::SourceFolder() + "/examples/pratt-county-1998.qn2", analysis);
     EXPECT_FALSE(PrepareComputation(analysis).result.IsError());
     EXPECT_FALSE(Compute(analysis).IsError());
     return analysis;

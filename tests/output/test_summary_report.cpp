@@ -1,4 +1,5 @@
 #include "output/SummaryReport.h"
+#include "tests/SourceFolder.h"
 
 #include "kcompute/Analysis.h"
 #include "project/Files.h"
@@ -13,7 +14,7 @@ namespace quarnel {
 namespace {
 
 std::string Example(const std::string& name) {
-    return std::string(QUARNEL_SOURCE_DIR) + "/" + name;
+    return test::SourceFolder() + "/" + name;
 }
 
 std::string FileText(const std::string& path) {
