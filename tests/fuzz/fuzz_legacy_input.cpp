@@ -2,6 +2,7 @@
 // from what was read, for a computation must take every project that opens.
 
 #include "kcompute/Analysis.h"
+#include "kcompute/KText.h"
 #include "tests/fuzz/FuzzProperties.h"
 
 #include <cmath>

@@ -44,7 +44,7 @@ void CheckDouble(double value) {
 }
 
 void CheckSingle(float value) {
-    for (const int mode : {quarnel::TwoDecimals, quarnel::ThreeFigures}) {
+    for (const quarnel::NumberMode mode : {quarnel::TwoDecimals, quarnel::ThreeFigures}) {
         const std::string text = quarnel::NumberToText(mode, value);
         Require(text.empty() == !std::isfinite(value));
         if (text.empty())
