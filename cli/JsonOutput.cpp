@@ -84,10 +84,11 @@ void WritePlot(const PlotBounds& bounds, JsonWriter& json) {
 
 void WriteFittedY(const AnalysisRun& run, std::size_t index, JsonWriter& json) {
     const Computation* computation = run.analysis.computation.get();
+    const double fittedY = computation != nullptr ? FittedY(*computation, index) : 0;
     json.Key("fit_y");
-    computation != nullptr ? json.Number(FittedY(*computation, index)) : json.Null();
+    computation != nullptr ? json.Number(fittedY) : json.Null();
     json.Key("fit_y_text");
-    computation != nullptr ? json.Text(FittedYText(*computation, index)) : json.Null();
+    computation != nullptr ? json.Text(ThreeFigureText(fittedY)) : json.Null();
 }
 
 void WritePoint(const AnalysisRun& run, std::size_t index, JsonWriter& json) {
@@ -101,7 +102,7 @@ void WritePoint(const AnalysisRun& run, std::size_t index, JsonWriter& json) {
     json.Member("y", point.y);
     json.Member("y_text", YText(point));
     json.Member("y_cm", point.yCm);
-    json.Member("log10_y", point.log10Y);
+    json.Member("log10_y", point.Log10Y());
     json.Member("ln_y_cm", point.lnYCm);
     json.Member("weight", mark == Mark::Use ? 1 : 0);
     json.Member("criterion", MarkText(mark));

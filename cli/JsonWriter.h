@@ -21,7 +21,8 @@ public:
     void BeginArray() { Begin('[', Layout::Lines); }
     void EndArray() { End(']'); }
 
-    /// The name of the member that the next value belongs to.
+    /// The name of the member that the next value belongs to: a word of this program's own, without
+    /// anything to escape.
     void Key(std::string_view key);
     void Text(std::string_view text);
     /// The shortest digits that read back as the same double; null for one that is not finite.

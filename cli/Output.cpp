@@ -14,8 +14,6 @@ namespace quarnel {
 
 namespace {
 
-constexpr std::size_t PieceSize = 1 << 16;
-
 /// Waits until a descriptor that another program made non-blocking takes bytes again.
 void WaitForRoom(int descriptor) {
     pollfd room{descriptor, POLLOUT, 0};
@@ -39,14 +37,6 @@ int WriteAll(int descriptor, std::string_view bytes) {
 }
 
 } // namespace
-
-void Output::Write(std::string_view bytes) {
-    if (HasFailed())
-        return;
-    pending_ += bytes;
-    if (pending_.size() >= PieceSize)
-        Flush();
-}
 
 bool Output::Flush() {
     if (!HasFailed())

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -10,9 +11,16 @@ namespace quarnel {
 class Output {
 public:
     explicit Output(int descriptor)
-        : descriptor_(descriptor) {}
+        : descriptor_(descriptor) {
+        pending_.reserve(PieceSize);
+    }
 
-    void Write(std::string_view bytes);
+    void Write(std::string_view bytes) {
+        if (pending_.size() + bytes.size() > pending_.capacity())
+            Flush();
+        if (!HasFailed())
+            pending_ += bytes;
+    }
     /// Hands everything to the system. False after any failure so far.
     bool Flush();
     bool HasFailed() const { return systemError_ != 0; }
@@ -20,6 +28,8 @@ public:
     std::string FailureText() const;
 
 private:
+    static constexpr std::size_t PieceSize = 1 << 16;
+
     int descriptor_;
     int systemError_ = 0;
     std::string pending_;

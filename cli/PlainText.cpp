@@ -4,7 +4,6 @@
 #include "project/TextEncoding.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
@@ -53,8 +52,15 @@ std::string PlainText(std::string_view bytes) {
 }
 
 std::string PaddedLeft(std::string_view text, std::size_t width) {
+    std::string padded;
+    AppendPaddedLeft(padded, text, width);
+    return padded;
+}
+
+void AppendPaddedLeft(std::string& line, std::string_view text, std::size_t width) {
     const std::size_t count = CharacterCount(text);
-    return std::string(count < width ? width - count : 0, ' ') + std::string(text);
+    line.append(count < width ? width - count : 0, ' ');
+    line += text;
 }
 
 std::string PaddedRight(std::string_view text, std::size_t width) {
@@ -63,14 +69,21 @@ std::string PaddedRight(std::string_view text, std::size_t width) {
 }
 
 std::string ExactNumber(double value) {
+    ExactDigits digits;
+    return std::string(ExactNumber(value, digits));
+}
+
+std::string_view ExactNumber(double value, ExactDigits& digits) {
     if (!std::isfinite(value))
         return {};
+    char* const start = digits.data();
+    char* const end = start + digits.size();
     // Counts and whole readings stay as people write them: 1000000, not 1e+06. Minus zero is "0".
-    if (std::fabs(value) < LargestPlainWhole && value == std::trunc(value))
-        return std::to_string(static_cast<long long>(value));
-    std::array<char, 32> digits{};
-    const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), value);
-    return std::string(digits.data(), result.ptr);
+    const bool isWhole = std::fabs(value) < LargestPlainWhole && value == std::trunc(value);
+    const std::to_chars_result result =
+        isWhole ? std::to_chars(start, end, static_cast<long long>(value))
+                : std::to_chars(start, end, value);
+    return {start, static_cast<std::size_t>(result.ptr - start)};
 }
 
 } // namespace quarnel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -15,10 +16,16 @@ std::string PlainText(std::string_view bytes);
 
 /// Well-formed UTF-8 filled up with blanks to `width` characters, before it or after it.
 std::string PaddedLeft(std::string_view text, std::size_t width);
+void AppendPaddedLeft(std::string& line, std::string_view text, std::size_t width);
 std::string PaddedRight(std::string_view text, std::size_t width);
+
+/// Room for the text of any double.
+using ExactDigits = std::array<char, 32>;
 
 /// The shortest text that reads back as exactly this double, with "." in every locale; "" for one
 /// that is not finite.
 std::string ExactNumber(double value);
+/// The same text, written into `digits`.
+std::string_view ExactNumber(double value, ExactDigits& digits);
 
 } // namespace quarnel

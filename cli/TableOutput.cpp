@@ -121,12 +121,12 @@ std::string PointLine(const PointColumns& columns, std::string_view number, std:
                       std::string_view level, std::string_view y, std::string_view fitY,
                       std::string_view criterion) {
     std::string line = "    ";
-    line += PaddedLeft(number, columns.numberWidth);
+    AppendPaddedLeft(line, number, columns.numberWidth);
     for (const auto& [text, width] :
          {std::pair(time, columns.timeWidth), std::pair(level, columns.levelWidth),
           std::pair(y, columns.yWidth), std::pair(fitY, ThreeFigureWidth)}) {
         line += ColumnGap;
-        line += PaddedLeft(text, width);
+        AppendPaddedLeft(line, text, width);
     }
     line += ColumnGap;
     line += criterion;

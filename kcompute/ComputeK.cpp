@@ -38,28 +38,12 @@ constexpr std::string_view Overflow = "Overflow. Hydraulic conductivity cannot b
 constexpr double SlopeTolerance = 1e-4;
 /// A line that falls or rises by less than this in ln(Y) over the used times counts as level.
 constexpr double LevelLine = 1e-9;
-/// First and last time (s) of the used points.
-struct TimeSpan {
-    double first = std::numeric_limits<double>::infinity();
-    double last = -std::numeric_limits<double>::infinity();
-};
-
-TimeSpan UsedTimes(const RecoveryPointList& points, const std::vector<Mark>& marks) {
-    TimeSpan span;
-    for (std::size_t k = 0; k < points.size(); ++k) {
-        if (marks[k] == Mark::Use) {
-            span.first = std::min(span.first, points[k].timeSec);
-            span.last = std::max(span.last, points[k].timeSec);
-        }
-    }
-    return span;
-}
 
 /// Whether the described sums lost the slope because the times lie far from zero for their spread.
 bool SlopeIsLost(const RecoveryPointList& points, const std::vector<Mark>& marks, double slope,
-                 const TimeSpan& span) {
-    const double guard = SlopeAboutMeanTime(points, marks);
-    if (!std::isfinite(guard) || !(std::fabs(guard) * (span.last - span.first) > LevelLine))
+                 const FitSums& sums) {
+    const double guard = SlopeAboutMeanTime(points, marks, sums);
+    if (!std::isfinite(guard) || !(std::fabs(guard) * (sums.lastTime - sums.firstTime) > LevelLine))
         return false;
     return !(std::fabs(slope - guard) <= SlopeTolerance * std::fabs(guard));
 }
@@ -88,11 +72,11 @@ Result ComputeK(ProjectState& state, WorkingValues& working, ComputationPtr& com
     if (result.IsError())
         return result;
     const RecoveryPointList& points = *working.recovery.RecoveryPoints;
-    const TimeSpan span = UsedTimes(points, working.marks);
-    if (span.first == span.last)
+    const FitSums sums = SumsOfUsed(points, working.marks);
+    if (sums.firstTime == sums.lastTime)
         return Result::Error(std::string(SameTime));
-    made->line = FitLnYAgainstTime(points, working.marks);
-    if (SlopeIsLost(points, working.marks, made->line.slope, span))
+    made->line = LineOf(sums);
+    if (SlopeIsLost(points, working.marks, made->line.slope, sums))
         return Result::Error(std::string(TimesTooLarge));
     made->KInCmPerSec = ComputeHydraulicConductivity(
         working.geometry, working.coefficients.lnReOverRw, made->line.slope);

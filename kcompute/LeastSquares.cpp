@@ -1,5 +1,6 @@
 #include "kcompute/LeastSquares.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 
@@ -12,46 +13,37 @@ constexpr double SmallestFittedLnY = -30;
 
 } // namespace
 
-FittedLine FitLnYAgainstTime(const RecoveryPointList& points, const std::vector<Mark>& marks) {
-    double m11 = 0;
-    double m12 = 0;
-    double m21 = 0;
-    double m22 = 0;
-    double r1 = 0;
-    double r2 = 0;
+FitSums SumsOfUsed(const RecoveryPointList& points, const std::vector<Mark>& marks) {
+    FitSums sums;
     for (std::size_t k = 0; k < points.size(); ++k) {
         // An ignored point contributes nothing, even where its time times itself would overflow.
         if (marks[k] != Mark::Use)
             continue;
         const double t = points[k].timeSec;
         const double lnY = points[k].lnYCm;
-        m11 += t * t;
-        m12 += t;
-        m21 += t;
-        m22 += 1;
-        r1 += t * lnY;
-        r2 += lnY;
+        sums.count += 1;
+        sums.time += t;
+        sums.timeSquared += t * t;
+        sums.lnY += lnY;
+        sums.timeTimesLnY += t * lnY;
+        sums.firstTime = std::min(sums.firstTime, t);
+        sums.lastTime = std::max(sums.lastTime, t);
     }
-    const double d = m22 - m21 * m12 / m11;
+    return sums;
+}
+
+FittedLine LineOf(const FitSums& sums) {
+    const double d = sums.count - sums.time * sums.time / sums.timeSquared;
     FittedLine line;
-    line.intercept = (r2 - r1 * m21 / m11) / d;
-    line.slope = (r1 - m12 * line.intercept) / m11;
+    line.intercept = (sums.lnY - sums.timeTimesLnY * sums.time / sums.timeSquared) / d;
+    line.slope = (sums.timeTimesLnY - sums.time * line.intercept) / sums.timeSquared;
     return line;
 }
 
-double SlopeAboutMeanTime(const RecoveryPointList& points, const std::vector<Mark>& marks) {
-    double count = 0;
-    double sumTime = 0;
-    double sumLnY = 0;
-    for (std::size_t k = 0; k < points.size(); ++k) {
-        if (marks[k] != Mark::Use)
-            continue;
-        count += 1;
-        sumTime += points[k].timeSec;
-        sumLnY += points[k].lnYCm;
-    }
-    const double meanTime = sumTime / count;
-    const double meanLnY = sumLnY / count;
+double SlopeAboutMeanTime(const RecoveryPointList& points, const std::vector<Mark>& marks,
+                          const FitSums& sums) {
+    const double meanTime = sums.time / sums.count;
+    const double meanLnY = sums.lnY / sums.count;
     double spread = 0;
     double product = 0;
     for (std::size_t k = 0; k < points.size(); ++k) {

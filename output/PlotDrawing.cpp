@@ -245,7 +245,7 @@ void PlotMaker::DrawPoints() {
         if (!(point.y > 0))
             continue;
         const double x = TimeX(point.time);
-        const double y = LogY(point.log10Y);
+        const double y = LogY(point.Log10Y());
         if (!IsOnSurface(x, y))
             continue;
         const bool used = contents_.IsUsed(k);

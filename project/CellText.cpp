@@ -15,13 +15,7 @@ std::string* HeapText(const char* bytes) noexcept {
 
 } // namespace
 
-void CellText::Assign(std::string_view text) {
-    if (text.size() <= InlineCapacity) {
-        if (!text.empty())
-            std::memcpy(bytes_, text.data(), text.size());
-        bytes_[15] = static_cast<char>(text.size());
-        return;
-    }
+void CellText::AssignOnHeap(std::string_view text) {
     std::string* heap = std::make_unique<std::string>(text).release();
     std::memcpy(bytes_, &heap, sizeof heap);
     bytes_[15] = static_cast<char>(HeapTag);

@@ -42,6 +42,13 @@ public:
         other.SetEmpty();
         return *this;
     }
+    /// Takes over `text`, which may be a part of this text, without a second cell between.
+    void Set(std::string_view text) {
+        if (IsOnHeap() || text.size() > InlineCapacity)
+            *this = CellText(text);
+        else
+            AssignInline(text);
+    }
     ~CellText() {
         if (IsOnHeap())
             Release();
@@ -68,7 +75,18 @@ private:
     void TakeBytes(const CellText& other) noexcept {
         std::memcpy(bytes_, other.bytes_, sizeof bytes_);
     }
-    void Assign(std::string_view text);
+    void Assign(std::string_view text) {
+        if (text.size() <= InlineCapacity)
+            AssignInline(text);
+        else
+            AssignOnHeap(text);
+    }
+    void AssignInline(std::string_view text) noexcept {
+        if (!text.empty())
+            std::memmove(bytes_, text.data(), text.size());
+        bytes_[15] = static_cast<char>(text.size());
+    }
+    void AssignOnHeap(std::string_view text);
     void Release() noexcept;
     std::string_view HeapView() const noexcept;
 

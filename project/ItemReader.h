@@ -21,6 +21,8 @@ public:
 
     /// Skips blanks and says whether nothing is left.
     bool AtEnd();
+    /// Steps over `start` if the text goes on with just that.
+    bool SkipExactly(std::string_view start);
     /// The next item, quoted or not, with the comma or line end behind it.
     FileItem NextItem();
     /// Whether there is a line left to read.

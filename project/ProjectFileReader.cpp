@@ -26,6 +26,9 @@ constexpr std::size_t PassedOverBytes = 80;
 /// reading.
 constexpr std::size_t ShortDataPoint = 31;
 
+/// How the record of a reading starts in every file that this program wrote.
+constexpr std::string_view DataPointStart = "\"RECDATA\",\"DATAPOINT\",";
+
 bool EqualsIgnoringCase(std::string_view text, std::string_view upperCaseWord) {
     return text == upperCaseWord ||
            (text.size() == upperCaseWord.size() && ContainsIgnoringCase(text, upperCaseWord));
@@ -74,6 +77,10 @@ private:
 
 void ProjectFileReader::ReadSections() {
     while (!reader_.AtEnd()) {
+        if (reader_.SkipExactly(DataPointStart)) { // nearly every line of a long file
+            report_.AddFailure(ReadDataPoint());
+            continue;
+        }
         const std::size_t position = reader_.Position();
         std::string_view item;
         const FileFailure cut = NextText(item);
@@ -217,11 +224,11 @@ FileFailure ProjectFileReader::ReadDataPoint() {
     const FileItem time = reader_.NextItem();
     if (time.atEnd)
         return FileFailure::InputPastEnd;
-    rows.push_back({CellText(TrimBlanks(time.text)), CellText()});
+    rows.emplace_back().time.Set(TrimBlanks(time.text));
     if (time.cut)
         return FileFailure::InputPastEnd;
     const FileItem level = reader_.NextItem();
-    rows.back().level = CellText(TrimBlanks(level.text));
+    rows.back().level.Set(TrimBlanks(level.text));
     return level.atEnd || level.cut ? FileFailure::InputPastEnd : FileFailure::None;
 }
 

@@ -102,10 +102,14 @@ bool IsValidUtf8(std::string_view bytes) {
 std::string Windows1252ToUtf8(std::string_view bytes) {
     std::string text;
     text.reserve(bytes.size() + bytes.size() / 8);
-    for (const char c : bytes) {
-        const auto byte = static_cast<unsigned char>(c);
-        const bool special = byte >= 0x80 && byte < 0xA0;
-        AppendUtf8(text, special ? Windows1252High[byte - 0x80U] : char32_t{byte});
+    for (std::size_t at = 0; at < bytes.size(); ++at) {
+        const std::size_t plain = AsciiRun(bytes, at);
+        text += bytes.substr(at, plain);
+        at += plain;
+        if (at == bytes.size())
+            break;
+        const auto byte = static_cast<unsigned char>(bytes[at]);
+        AppendUtf8(text, byte < 0xA0 ? Windows1252High[byte - 0x80U] : char32_t{byte});
     }
     return text;
 }
@@ -113,7 +117,13 @@ std::string Windows1252ToUtf8(std::string_view bytes) {
 std::string EncodeFileText(std::string_view text) {
     std::string bytes;
     bytes.reserve(text.size());
-    for (std::size_t at = 0; at < text.size();) {
+    std::size_t at = 0;
+    while (true) {
+        const std::size_t plain = AsciiRun(text, at);
+        bytes += text.substr(at, plain);
+        at += plain;
+        if (at == text.size())
+            break;
         char32_t code = 0;
         const std::size_t length = DecodeOne(text, at, code);
         const std::optional<char> byte = length == 0 ? std::nullopt : Windows1252Byte(code);

@@ -27,7 +27,7 @@ void TrimCell(CellText& cell) {
     const std::string_view text = cell.View();
     if (text.empty() || (text.front() != ' ' && text.back() != ' '))
         return;
-    cell = CellText(TrimBlanks(text));
+    cell.Set(TrimBlanks(text));
 }
 
 FaultPlace PreSlugPlace() {
@@ -115,15 +115,6 @@ Result CheckRows(ProjectState& state, RecoveryPointList& points) {
     return Result::Ok();
 }
 
-void ComputeY(RecoveryPoint& point, double preSlug, double sign) {
-    point.y = (point.level - preSlug) * sign;
-    point.yValid = 0;
-    if (point.y > 0) {
-        point.log10Y = std::log(point.y) / std::log(10.0);
-        point.yValid = 1;
-    }
-}
-
 void FindExtremes(const RecoveryPointList& points, PlotBounds& bounds) {
     bounds.PlotMaxTime = 0;
     bounds.PlotMinY = 1e9;
@@ -208,23 +199,23 @@ double YSign(int dataType, int slugTestType) {
 }
 
 Result ComputeRecoveryY(RecoveryData& data) {
-    Result result;
     const double sign = YSign(data.dataType, data.slugTestType);
     const double secPerUnit = UnitFactorToSec(data.timeUnit);
     const double cmPerUnit = UnitFactorToCm(data.levelUnit);
     data.ValidYCount = 0;
     for (RecoveryPoint& point : data.RecoveryPoints.Change()) {
-        ComputeY(point, data.preSlug, sign);
-        if (point.yValid == 0)
-            result = Result::Warning(std::string(YWarning));
-        data.ValidYCount += point.yValid;
+        point.y = (point.level - data.preSlug) * sign;
+        if (point.YIsValid())
+            ++data.ValidYCount;
         point.timeSec = point.time * secPerUnit;
         point.yCm = point.y * cmPerUnit;
         if (point.yCm > 0)
             point.lnYCm = std::log(point.yCm);
     }
     ComputeBounds(data);
-    return result;
+    return data.ValidYCount == static_cast<int>(data.RecoveryPoints->size())
+               ? Result::Ok()
+               : Result::Warning(std::string(YWarning));
 }
 
 std::string YText(const RecoveryPoint& point) {

@@ -2,6 +2,7 @@
 
 #include "project/CellText.h"
 
+#include <cmath>
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -17,10 +18,13 @@ struct RecoveryPoint {
     CellText levelText; ///< as typed, trimmed
     double level = 0;   ///< entered level unit
     double y = 0;       ///< change in head Y, entered level unit
-    double log10Y = 0;  ///< base-10 logarithm of y; 0 where y <= 0
     double yCm = 0;     ///< Y in cm
     double lnYCm = 0;   ///< natural logarithm of yCm; 0 where yCm <= 0
-    int yValid = 0;     ///< 1 where y > 0
+
+    /// Whether the point can take part in a fit.
+    bool YIsValid() const { return y > 0; }
+    /// Base-10 logarithm of y, for the plot; 0 where y <= 0.
+    double Log10Y() const { return YIsValid() ? std::log(y) / std::log(10.0) : 0; }
 };
 
 using RecoveryPointList = std::vector<RecoveryPoint>;

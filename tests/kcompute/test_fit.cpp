@@ -47,11 +47,23 @@ MarkedPoints Points(std::initializer_list<TimeAndLnY> values) {
     return marked;
 }
 
-FittedLine Fit(const MarkedPoints& marked) {
-    return FitLnYAgainstTime(marked.points, marked.marks);
+FittedLine Fitted(const Analysis& analysis) {
+    return LineOf(SumsOfUsed(*analysis.working.recovery.RecoveryPoints, analysis.working.marks));
 }
 
-TEST(FitLnYAgainstTime, IsExactToTheLastBit) {
+double GuardSlope(const RecoveryPointList& points, const std::vector<Mark>& marks) {
+    return SlopeAboutMeanTime(points, marks, SumsOfUsed(points, marks));
+}
+
+double GuardSlope(const Analysis& analysis) {
+    return GuardSlope(*analysis.working.recovery.RecoveryPoints, analysis.working.marks);
+}
+
+FittedLine Fit(const MarkedPoints& marked) {
+    return LineOf(SumsOfUsed(marked.points, marked.marks));
+}
+
+TEST(FittedLine, IsExactToTheLastBit) {
     // The six sums and the elimination in doubles, in the described order.
     struct Case {
         MarkedPoints points;
@@ -80,7 +92,7 @@ TEST(FitLnYAgainstTime, IsExactToTheLastBit) {
     }
 }
 
-TEST(FitLnYAgainstTime, TwoPointsGiveTheLineThroughThem) {
+TEST(FittedLine, TwoPointsGiveTheLineThroughThem) {
     const FittedLine line = Fit(Points({{0, 0, 1}, {100, -1, 1}}));
     EXPECT_EQ(line.slope, -0.01);
     EXPECT_EQ(line.intercept, 0);
@@ -89,7 +101,7 @@ TEST(FitLnYAgainstTime, TwoPointsGiveTheLineThroughThem) {
     EXPECT_DOUBLE_EQ(other.intercept, 9);
 }
 
-TEST(FitLnYAgainstTime, AnIgnoredPointContributesNothingEvenWhereItOverflows) {
+TEST(FittedLine, AnIgnoredPointContributesNothingEvenWhereItOverflows) {
     constexpr double Infinity = std::numeric_limits<double>::infinity();
     const FittedLine alone = Fit(Points({{2, 5, 1}, {4, 1, 1}}));
     const FittedLine line = Fit(Points({{2, 5, 1}, {Infinity, 700, 0}, {1e200, 3, 0}, {4, 1, 1}}));
@@ -254,8 +266,7 @@ TEST(ComputeK, TimesFarFromZeroForTheirSpreadAreAnError) {
     Analysis hour = Prepared({{"3600", "5"}, {"3610", "4"}, {"3620", "3.2"}, {"3630", "2.5"}});
     EXPECT_EQ(Compute(hour).message, "");
     // The slope shown is the described one; the one about the mean only guards it.
-    EXPECT_EQ(hour.computation->line.slope,
-              FitLnYAgainstTime(*hour.working.recovery.RecoveryPoints, hour.working.marks).slope);
+    EXPECT_EQ(hour.computation->line.slope, Fitted(hour).slope);
 }
 
 TEST(ComputeK, TheSlopeMayLoseATenThousandthPart) {
@@ -272,10 +283,7 @@ TEST(ComputeK, TheSlopeMayLoseATenThousandthPart) {
     EXPECT_EQ(Compute(near).message, "");
     Analysis far = Prepared(rowsFrom(50'000'000));
     EXPECT_EQ(Compute(far).message, TimesTooLarge);
-    const RecoveryPointList& points = *far.working.recovery.RecoveryPoints;
-    const double lost = FitLnYAgainstTime(points, far.working.marks).slope /
-                            SlopeAboutMeanTime(points, far.working.marks) -
-                        1;
+    const double lost = Fitted(far).slope / GuardSlope(far) - 1;
     EXPECT_GT(std::fabs(lost), 1e-4);
     EXPECT_LT(std::fabs(lost), 1e-2);
 }
@@ -287,8 +295,7 @@ TEST(ComputeK, NoiseOfALevelLineFarFromZeroIsNoFault) {
         rows.push_back({std::to_string(1712900000 + 10 * i + i * i % 7), "5"});
     Analysis analysis = Prepared(rows);
     EXPECT_EQ(Compute(analysis).message, "");
-    EXPECT_NE(SlopeAboutMeanTime(*analysis.working.recovery.RecoveryPoints, analysis.working.marks),
-              0);
+    EXPECT_NE(GuardSlope(analysis), 0);
     EXPECT_NE(analysis.computation, nullptr);
 }
 
@@ -323,7 +330,7 @@ TEST(ComputeK, AnErrorTakesTheLastKAway) {
 TEST(SlopeAboutMeanTime, AgreesWithTheDescribedSumsNearZero) {
     const MarkedPoints marked =
         Points({{0.1, 4.25, 1}, {7.7, 3.5, 1}, {9, 99, 0}, {61.7, -0.9, 1}});
-    EXPECT_NEAR(SlopeAboutMeanTime(marked.points, marked.marks), Fit(marked).slope, 1e-15);
+    EXPECT_NEAR(GuardSlope(marked.points, marked.marks), Fit(marked).slope, 1e-15);
 }
 
 TEST(DisplayedK, HasAFactorForEveryUnit) {

@@ -196,9 +196,9 @@ TEST(CheckDataShowYs, NothingOfThePointsBeforeStaysInMemoryUsedAgain) {
     CheckDataShowYs(analysis);
     ASSERT_EQ(analysis.working.recovery.RecoveryPoints->size(), 2U);
     for (const RecoveryPoint& point : *analysis.working.recovery.RecoveryPoints) {
-        EXPECT_EQ(point.log10Y, 0);
+        EXPECT_EQ(point.Log10Y(), 0);
         EXPECT_EQ(point.lnYCm, 0);
-        EXPECT_EQ(point.yValid, 0);
+        EXPECT_FALSE(point.YIsValid());
     }
     EXPECT_EQ(analysis.working.marks.size(), 2U);
 }

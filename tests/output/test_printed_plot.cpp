@@ -101,7 +101,7 @@ TEST(PrintedPlot, PointsAndLineAreMappedAndColoured) {
     const double axisY = LetterHeight - 3960;
     const auto& point = (*analysis.working.recovery.RecoveryPoints)[47];
     const double x = 2160 + 79.5 / 354.9 * 8640;
-    const double y = axisY - (point.log10Y + 3) / 3 * 8640;
+    const double y = axisY - (point.Log10Y() + 3) / 3 * 8640;
     const auto circle =
         std::find_if(page.circles.begin(), page.circles.end(), [&](const DrawingCircle& c) {
             return std::fabs(c.x - x) < 1e-6 && std::fabs(c.y - y) < 1e-6;

@@ -66,9 +66,9 @@ TEST(ComputeRecoveryY, ADepthThatRises) {
     EXPECT_EQ(data.result.message, "");
     EXPECT_EQ(point.y, 2.5);
     EXPECT_EQ(point.yCm, 76.2);
-    EXPECT_DOUBLE_EQ(point.lnYCm, 4.333361462692600627);  // ln 76.2
-    EXPECT_DOUBLE_EQ(point.log10Y, 0.397940008672037609); // log10 2.5
-    EXPECT_EQ(point.yValid, 1);
+    EXPECT_DOUBLE_EQ(point.lnYCm, 4.333361462692600627);    // ln 76.2
+    EXPECT_DOUBLE_EQ(point.Log10Y(), 0.397940008672037609); // log10 2.5
+    EXPECT_TRUE(point.YIsValid());
     EXPECT_EQ(data.values.ValidYCount, 1);
 }
 
@@ -105,14 +105,14 @@ TEST(ComputeRecoveryY, AllPointsAreComputedWhenSomeAreNotAboveZero) {
     EXPECT_EQ(data.values.ValidYCount, 2);
     for (const std::size_t number : {1U, 2U, 4U}) {
         const RecoveryPoint& point = data.Point(number);
-        EXPECT_EQ(point.yValid, 0);
-        EXPECT_EQ(point.log10Y, 0);
+        EXPECT_FALSE(point.YIsValid());
+        EXPECT_EQ(point.Log10Y(), 0);
         EXPECT_EQ(point.lnYCm, 0);
     }
     EXPECT_EQ(data.Point(1).yCm, -2 * 30.48);
     EXPECT_EQ(data.Point(5).y, 7);
     EXPECT_EQ(data.Point(5).timeSec, 18000);
-    EXPECT_EQ(data.Point(5).yValid, 1);
+    EXPECT_TRUE(data.Point(5).YIsValid());
 }
 
 TEST(ComputeRecoveryY, EveryUnitHasItsFactor) {
