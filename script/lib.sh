@@ -13,6 +13,11 @@ ShowHelp() {
     sed -n '2,/^$/s/^# \{0,1\}//p' "$0"
 }
 
+# The names of all shell scripts, each ended by a zero byte.
+Scripts() {
+    git -C "$root" ls-files -z script .ci packaging/make-changelog 'packaging/completions/*.bash'
+}
+
 # BuildPreset PRESET: configures and builds one of CMakePresets.json into build/PRESET.
 BuildPreset() {
     cd "$root" || return
