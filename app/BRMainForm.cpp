@@ -103,6 +103,12 @@ void BRMainForm::BuildTabStrip(QVBoxLayout* rows) {
             [step] { step(-1); });
     rows->addWidget(TabStrip2);
 }
+    for (int tab = 1; tab <= TabStrip2->count(); ++tab) {
+        const QKeySequence keys(Qt::ALT | static_cast<Qt::Key>(Qt::Key_0 + tab));
+        TabStrip2->setTabToolTip(tab - 1, keys.toString(QKeySequence::NativeText));
+        connect(new QShortcut(keys, this), &QShortcut::activated, this,
+                [this, tab] { TabStrip2->setCurrentIndex(tab - 1); });
+    }
 
 void BRMainForm::BuildPanels(QVBoxLayout* rows) {
     wellGeometry_ = new WellGeometryPanel(analysis_.state);

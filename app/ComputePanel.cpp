@@ -18,6 +18,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSplitter>
 #include <array>
 #include <cstddef>
@@ -61,6 +62,10 @@ ComputePanel::ComputePanel(Analysis& analysis, QWidget* parent)
     layout->addWidget(StaleText);
     layout->addLayout(BuildCommands());
     setFocusProxy(RecDatWeightGrid);
+    // Keys of the window work while this page is seen, wherever the keyboard is.
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter})
+        connect(new QShortcut(Qt::CTRL | key, this), &QShortcut::activated, this,
+                &ComputePanel::Compute);
     SetTabOrder();
     MakeGrey();
     ShowState();
@@ -114,7 +119,7 @@ QPushButton* ComputePanel::AddCommand(const QString& name, const QString& text,
 }
 
 QBoxLayout* ComputePanel::BuildKDisplay() {
-    auto* caption = new QLabel(QStringLiteral("K ="), this);
+    auto* caption = new QLabel(QStringLiteral("&K ="), this);
     caption->setToolTip(QStringLiteral("Hydraulic conductivity"));
     ComputedKLabel = new QLabel(this);
     ComputedKLabel->setObjectName(QStringLiteral("ComputedKLabel"));
@@ -137,25 +142,29 @@ QBoxLayout* ComputePanel::BuildKDisplay() {
     connect(CmboKLengthUnits, &QComboBox::activated, this, &ComputePanel::ChooseKLength);
     connect(CmboKTimeUnits, &QComboBox::activated, this, &ComputePanel::ChooseKTime);
 
+    caption->setBuddy(CmboKLengthUnits);
+    auto* per = new QLabel(QStringLiteral("&/"), this);
+    per->setBuddy(CmboKTimeUnits);
     auto* row = new QHBoxLayout;
     row->addWidget(caption);
     row->addWidget(ComputedKLabel);
     row->addWidget(CmboKLengthUnits);
-    row->addWidget(new QLabel(QStringLiteral("/"), this));
+    row->addWidget(per);
     row->addWidget(CmboKTimeUnits);
     return row;
 }
 
 QBoxLayout* ComputePanel::BuildCommands() {
     CmdComputeK = AddCommand(
-        QStringLiteral("CmdComputeK"), QStringLiteral("Compute K/ Plot"),
-        QStringLiteral("Fit a line to the points marked Use, compute K and draw the plot"));
+        QStringLiteral("CmdComputeK"), QStringLiteral("&Compute K/ Plot"),
+        QStringLiteral("Fit a line to the points marked Use, compute K and draw the plot "
+                       "(Ctrl+Return)"));
     CmdDetails = AddCommand(
-        QStringLiteral("CmdDetails"), QStringLiteral("Details"),
+        QStringLiteral("CmdDetails"), QStringLiteral("&Details"),
         QStringLiteral("Show every quantity of the computation and the fitted Y values"));
-    CmdPrintPlot = AddCommand(QStringLiteral("CmdPrintPlot"), QStringLiteral("Print"),
+    CmdPrintPlot = AddCommand(QStringLiteral("CmdPrintPlot"), QStringLiteral("&Print"),
                               QStringLiteral("Print the plot on one page"));
-    CmdPrtSummary = AddCommand(QStringLiteral("CmdPrtSummary"), QStringLiteral("Summary"),
+    CmdPrtSummary = AddCommand(QStringLiteral("CmdPrtSummary"), QStringLiteral("&Summary"),
                                QStringLiteral("Save or print the summary report"));
     connect(CmdComputeK, &QPushButton::clicked, this, &ComputePanel::Compute);
     connect(CmdDetails, &QPushButton::clicked, this, &ComputePanel::DetailsRequested);

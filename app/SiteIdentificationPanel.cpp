@@ -17,8 +17,8 @@ namespace quarnel {
 
 namespace {
 
-/// In the order of SiteIDFields. Alt with F and B opens the menu bar, so no field has them; two
-/// fields are left without a letter.
+/// In the order of SiteIDFields. Alt with F, T and B opens the menu bar, so no field has them;
+/// three fields are left without a letter.
 constexpr std::array<FieldHelp, 20> Help = {{
     {'L', "Number of the leaking underground storage tank incident"},
     {'U', "Registration number of the underground storage tank at the site"},
@@ -30,7 +30,7 @@ constexpr std::array<FieldHelp, 20> Help = {{
     {'m', "Client: the party responsible for the site"},
     {'r', "Street address of the client"},
     {'y', "City of the client"},
-    {'t', "State of the client"},
+    {0, "State of the client"},
     {'P', "Postal code of the client"},
     {'J', "The client's job or account number for this work"},
     {'o', "Consulting firm that analyses the test; kept for the next new project"},

@@ -18,7 +18,7 @@ constexpr std::array<FieldHelp, 6> Help = {{
     {'L', "Label of the monitoring well in which the slug test was made"},
     {'D', "Date of the slug test, as month/day/year; any text is kept as typed"},
     {'A', "Who analyses the test"},
-    {'T', "Who made the test in the field: first name"},
+    {'P', "Who made the test in the field: first name"},
     {0, "Who made the test in the field: second name"},
     {0, "Who made the test in the field: third name"},
 }};

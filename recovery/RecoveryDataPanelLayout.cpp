@@ -96,7 +96,7 @@ QWidget* RecoveryDataPanel::BuildSettings() {
     auto* columns = new QHBoxLayout(settings);
     columns->setContentsMargins(0, 0, 0, 0);
     columns->addLayout(Captioned(QStringLiteral("&Water Level Measurement"), RecDatDataTypeDDL));
-    columns->addLayout(Captioned(QStringLiteral("Slug &Test Type"), RecDatSlugTestTypeDDL));
+    columns->addLayout(Captioned(QStringLiteral("&Slug Test Type"), RecDatSlugTestTypeDDL));
     columns->addLayout(Captioned(QStringLiteral("Time &Units"), RecDatTimeUnitsDDL));
     columns->addLayout(Captioned(QStringLiteral("Water &Level Units"), RecDatWaterLevelUnitsDDL));
     columns->addWidget(BuildPreSlugBox());

@@ -6,8 +6,10 @@
 #include "wellgeometry/WellGeometry.h"
 #include "wellgeometry/WellSectionPicture.h"
 #include "widgets/ChoiceList.h"
+#include "widgets/LabelledBoxes.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
+#include "widgets/RibbonButton.h"
 #include "widgets/TextBox.h"
 
 #include <QButtonGroup>
@@ -22,8 +24,6 @@
 namespace quarnel {
 
 namespace {
-
-constexpr int RibbonPadding = 24;
 
 /// What each box means and in which unit it is entered.
 constexpr std::array<const char*, 6> FieldToolTips = {
@@ -43,6 +43,8 @@ constexpr std::array<const char*, 6> FieldNames = {"H, water table to impervious
                                                    "dw, well borehole diameter",
                                                    "dc, well casing diameter",
                                                    "dpor, drained filter pack porosity in percent"};
+/// The letter that Alt reaches each box by.
+constexpr std::array<char, 6> FieldMnemonics = {'H', 'L', 'e', 'd', 'c', 'p'};
 constexpr std::size_t PorosityUnitLabelIndex = 6;
 /// A box wide enough for any length one would type.
 constexpr int BoxCharacters = 10;
@@ -60,7 +62,7 @@ WellGeometryPanel::WellGeometryPanel(ProjectState& state, QWidget* parent)
     entries->addWidget(BuildVerticalGroup());
     entries->addWidget(BuildRadialGroup());
     entries->addWidget(BuildPorosityRow());
-    auto* check = new QPushButton(QStringLiteral("Check Data"), this);
+    auto* check = new QPushButton(QStringLiteral("Chec&k Data"), this);
     check->setObjectName(QStringLiteral("SSCmdWellGeoCheckData"));
     check->setToolTip(QStringLiteral("Check that the dimensions are complete and fit together"));
     connect(check, &QPushButton::clicked, this, &WellGeometryPanel::CheckData);
@@ -80,8 +82,7 @@ void WellGeometryPanel::AddBox(int index, QGridLayout& grid, int row) {
     box->setAccessibleName(QString::fromUtf8(FieldNames[i]));
     box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QLatin1Char('0')) * BoxCharacters);
     connect(box, &TextBox::TextTaken, this, &WellGeometryPanel::Edited);
-    auto* label = new QLabel(ToQString(WellGeoFields[i].label), this);
-    label->setObjectName(Name("WellGeoLbl", i));
+    QLabel* label = MakeLabel(WellGeoFields[i].label, FieldMnemonics[i], Name("WellGeoLbl", i));
     label->setToolTip(box->toolTip());
     label->setBuddy(box);
     grid.addWidget(label, row, 0);
@@ -90,14 +91,15 @@ void WellGeometryPanel::AddBox(int index, QGridLayout& grid, int row) {
     WellGeoLbl[i] = label;
 }
 
-QComboBox* WellGeometryPanel::AddUnitList(const QString& name, const QString& accessibleName,
-                                          int ProjectState::*unit, QGridLayout& grid) {
+QComboBox* WellGeometryPanel::AddUnitList(const QString& name, const QString& caption,
+                                          const QString& accessibleName, int ProjectState::*unit,
+                                          QGridLayout& grid) {
     QComboBox* list = MakeChoiceList(name, LengthUnitNames, accessibleName, accessibleName);
     connect(list, &QComboBox::activated, this, [this, unit](int index) {
         state_.*unit = index;
         Q_EMIT Edited();
     });
-    auto* label = new QLabel(QStringLiteral("Units"), this);
+    auto* label = new QLabel(caption, this);
     label->setBuddy(list);
     grid.addWidget(label, grid.rowCount(), 0);
     grid.addWidget(list, grid.rowCount() - 1, 1);
@@ -109,9 +111,9 @@ QWidget* WellGeometryPanel::BuildVerticalGroup() {
     auto* grid = new QGridLayout(group);
     for (const int index : {GeoH, GeoLw, GeoLe})
         AddBox(index, *grid, index);
-    WellGeoVertUnitsDDL =
-        AddUnitList(QStringLiteral("WellGeoVertUnitsDDL"), QStringLiteral("Unit of H, Lw and Le"),
-                    &ProjectState::WellGeoVertUnitsDDL, *grid);
+    WellGeoVertUnitsDDL = AddUnitList(
+        QStringLiteral("WellGeoVertUnitsDDL"), QStringLiteral("&Units"),
+        QStringLiteral("Unit of H, Lw and Le"), &ProjectState::WellGeoVertUnitsDDL, *grid);
     return group;
 }
 
@@ -121,8 +123,8 @@ QWidget* WellGeometryPanel::BuildRadialGroup() {
     for (const int index : {GeoDw, GeoDc})
         AddBox(index, *grid, index - GeoDw);
     WellGeoRadUnitsDDL =
-        AddUnitList(QStringLiteral("WellGeoRadUnitsDDL"), QStringLiteral("Unit of dw and dc"),
-                    &ProjectState::WellGeoRadUnitsDDL, *grid);
+        AddUnitList(QStringLiteral("WellGeoRadUnitsDDL"), QStringLiteral("U&nits"),
+                    QStringLiteral("Unit of dw and dc"), &ProjectState::WellGeoRadUnitsDDL, *grid);
     return group;
 }
 
@@ -138,35 +140,25 @@ QWidget* WellGeometryPanel::BuildPorosityRow() {
     return group;
 }
 
-QPushButton* WellGeometryPanel::BuildRibbon(const QString& name, const QString& text,
-                                            const QString& toolTip) {
-    auto* ribbon = new QPushButton(text, this);
+QAbstractButton* WellGeometryPanel::BuildRibbon(const QString& name, const QString& text,
+                                                const QString& toolTip) {
+    auto* ribbon = new RibbonButton(text, this);
     ribbon->setObjectName(name);
-    ribbon->setCheckable(true);
     ribbon->setToolTip(toolTip);
-    // Some styles hardly show which of two buttons is pressed; bold letters do in all of them.
-    QFont bold = ribbon->font();
-    bold.setBold(true);
-    ribbon->setMinimumWidth(QFontMetrics(bold).horizontalAdvance(text) + RibbonPadding);
-    connect(ribbon, &QPushButton::toggled, ribbon, [ribbon](bool pressed) {
-        QFont font = ribbon->font();
-        font.setBold(pressed);
-        ribbon->setFont(font);
-    });
     return ribbon;
 }
 
 QWidget* WellGeometryPanel::BuildIllustration() {
     SSRibbon1 = BuildRibbon(
-        QStringLiteral("SSRibbon1"), QStringLiteral("Water Table above the Screen/Filter Pack."),
+        QStringLiteral("SSRibbon1"), QStringLiteral("Water Table &above the Screen/Filter Pack."),
         QStringLiteral("Show a well whose screen lies wholly below the water table"));
     SSRibbon2 = BuildRibbon(QStringLiteral("SSRibbon2"),
-                            QStringLiteral("Water Table in the Screen/Filter Pack."),
+                            QStringLiteral("Water Table &in the Screen/Filter Pack."),
                             QStringLiteral("Show a well whose screen the water table crosses"));
     auto* pair = new QButtonGroup(this);
     pair->addButton(SSRibbon1);
     pair->addButton(SSRibbon2);
-    connect(SSRibbon1, &QPushButton::toggled, this, &WellGeometryPanel::ChoosePicture);
+    connect(SSRibbon1, &QAbstractButton::toggled, this, &WellGeometryPanel::ChoosePicture);
 
     auto* group = new QGroupBox(QStringLiteral("Well Section"), this);
     auto* grid = new QGridLayout(group);

@@ -6,10 +6,10 @@
 
 #include <array>
 
+class QAbstractButton;
 class QComboBox;
 class QGridLayout;
 class QLabel;
-class QPushButton;
 
 namespace quarnel {
 
@@ -34,9 +34,10 @@ private:
     QWidget* BuildPorosityRow();
     QWidget* BuildIllustration();
     void AddBox(int index, QGridLayout& grid, int row);
-    QComboBox* AddUnitList(const QString& name, const QString& accessibleName,
-                           int ProjectState::*unit, QGridLayout& grid);
-    QPushButton* BuildRibbon(const QString& name, const QString& text, const QString& toolTip);
+    QComboBox* AddUnitList(const QString& name, const QString& caption,
+                           const QString& accessibleName, int ProjectState::*unit,
+                           QGridLayout& grid);
+    QAbstractButton* BuildRibbon(const QString& name, const QString& text, const QString& toolTip);
     void ChoosePicture(bool firstIsPressed);
     void CheckData();
 
@@ -45,8 +46,8 @@ private:
     std::array<QLabel*, 7> WellGeoLbl = {};
     QComboBox* WellGeoVertUnitsDDL = nullptr;
     QComboBox* WellGeoRadUnitsDDL = nullptr;
-    QPushButton* SSRibbon1 = nullptr;
-    QPushButton* SSRibbon2 = nullptr;
+    QAbstractButton* SSRibbon1 = nullptr;
+    QAbstractButton* SSRibbon2 = nullptr;
     std::array<WellSectionPicture*, 2> Image1 = {};
 };
 

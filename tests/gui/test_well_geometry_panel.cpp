@@ -79,8 +79,8 @@ private Q_SLOTS:
     void ANewProjectShowsTheWaterTableAboveTheScreen() {
         Program program;
         program.ClickTab(3);
-        QVERIFY(program.Find<QPushButton>(u"SSRibbon1"_s).isChecked());
-        QVERIFY(!program.Find<QPushButton>(u"SSRibbon2"_s).isChecked());
+        QVERIFY(program.Find<QAbstractButton>(u"SSRibbon1"_s).isChecked());
+        QVERIFY(!program.Find<QAbstractButton>(u"SSRibbon2"_s).isChecked());
         QVERIFY(program.Find(u"Image1"_s, 0).isVisible());
         QVERIFY(!program.Find(u"Image1"_s, 1).isVisible());
     }
@@ -90,7 +90,7 @@ private Q_SLOTS:
         TypeWell(program, {u"10"_s, u"8"_s});
         const auto texts = program.State().WellGeoText;
         QTest::mouseClick(&program.Find(u"SSRibbon2"_s), Qt::LeftButton);
-        QVERIFY(!program.Find<QPushButton>(u"SSRibbon1"_s).isChecked());
+        QVERIFY(!program.Find<QAbstractButton>(u"SSRibbon1"_s).isChecked());
         QVERIFY(!program.Find(u"Image1"_s, 0).isVisible());
         QVERIFY(program.Find(u"Image1"_s, 1).isVisible());
         QVERIFY(!program.State().SSRibbon1Pressed);
