@@ -101,6 +101,7 @@ GridEdit ClearGridSelection(const GridRows& grid, const GridSelection& selection
 struct GridPaste {
     GridEdit edit;
     std::string message;
+    std::size_t rows = 0; ///< that are written, blank ones included
 };
 /// Writes a block of cells (GridClipText; rows may also end with LF or CR LF) from the first
 /// selected cell on. A selection that is a multiple of the block is tiled with it; rows are added

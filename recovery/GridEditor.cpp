@@ -119,8 +119,10 @@ void GridEditor::Clear() {
     Do(ClearGridSelection(rows_, selection_));
 }
 
-std::string GridEditor::Paste(std::string_view clipboardText) {
+std::string GridEditor::Paste(std::string_view clipboardText, std::size_t* rows) {
     GridPaste paste = PasteIntoGrid(rows_, selection_, clipboardText);
+    if (rows != nullptr)
+        *rows = paste.rows;
     if (!paste.edit.exchanges.empty())
         Do(std::move(paste.edit));
     return std::move(paste.message);

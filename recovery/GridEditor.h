@@ -59,8 +59,9 @@ public:
 
     // ---- Commands on the selected block
     void Clear();
-    /// Returns the message that says why nothing was pasted, or "".
-    std::string Paste(std::string_view clipboardText);
+    /// Returns the message that says why nothing was pasted, or "", and in `rows` how many rows
+    /// were.
+    std::string Paste(std::string_view clipboardText, std::size_t* rows = nullptr);
     void InsertRows(int count, InsertPlace place);
     bool SelectionHoldsData() const { return SelectedRowsHoldData(rows_, selection_); }
     void DeleteRows();

@@ -128,6 +128,7 @@ GridPaste PasteIntoGrid(const GridRows& grid, const GridSelection& selection,
         paste.message = TooManyColumns;
         return paste;
     }
+    paste.rows = rowTiles * block.rows;
     paste.edit.after = GridSelection(selected.FirstCell());
     paste.edit.exchanges.push_back(
         PasteTiles(grid, block, selected.FirstCell(), rowTiles, columnTiles));
