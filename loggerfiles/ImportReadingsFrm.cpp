@@ -294,7 +294,7 @@ void ImportReadingsFrm::ChooseTimeUnit(int index) {
 
 /// The file's times mean something else now. Cancelled, all stays as it was.
 void ImportReadingsFrm::ReadAgain(const ReadOptions& options) {
-    auto file = ReadLoggerFileShown(this, path_, options);
+    auto file = ReadLoggerFileShown(this, source_, options);
     if (file && file->reading.record.channels.empty()) {
         // The file has gone, or has become another one.
         ShowMessage(this, ToQString(file->reading.fault), ImportTitle());

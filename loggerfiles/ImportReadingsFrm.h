@@ -2,6 +2,7 @@
 
 #include "loggerfiles/ImportPlan.h"
 #include "loggerfiles/ImportPreviewWidget.h"
+#include "loggerfiles/LoggerFileDialogs.h"
 
 #include <QDialog>
 #include <array>
@@ -26,9 +27,9 @@ class ImportTableModel;
 class ImportReadingsFrm : public QDialog {
     Q_OBJECT
 public:
-    /// `file` was read from `path` and has a channel. `state` is the project that the readings are
-    /// for.
-    ImportReadingsFrm(std::string path, std::shared_ptr<const LoggerFile> file,
+    /// `file` was read from `source` and has a channel. `state` is the project that the readings
+    /// are for.
+    ImportReadingsFrm(LoggerSource source, std::shared_ptr<const LoggerFile> file,
                       const ProjectState& state, QWidget* parent);
     ~ImportReadingsFrm() override;
 
@@ -100,7 +101,7 @@ private:
     void TakeStaticLevel(const std::string& text);
     std::optional<std::int64_t> TimeOf(const std::string& text) const;
 
-    std::string path_;
+    LoggerSource source_;
     const ProjectState& state_;
     ReadOptions options_;
     std::shared_ptr<const LoggerFile> file_;

@@ -17,10 +17,10 @@
 
 namespace quarnel {
 
-ImportReadingsFrm::ImportReadingsFrm(std::string path, std::shared_ptr<const LoggerFile> file,
+ImportReadingsFrm::ImportReadingsFrm(LoggerSource source, std::shared_ptr<const LoggerFile> file,
                                      const ProjectState& state, QWidget* parent)
     : QDialog(parent)
-    , path_(std::move(path))
+    , source_(std::move(source))
     , state_(state)
     , file_(std::move(file)) {
     setObjectName(QStringLiteral("ImportReadingsFrm"));

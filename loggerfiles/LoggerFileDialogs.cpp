@@ -12,21 +12,28 @@ namespace quarnel {
 
 namespace {
 
-std::shared_ptr<const LoggerFile> Read(const std::string& path, const ReadOptions& options) {
+std::shared_ptr<const LoggerFile> Read(const LoggerSource& source, const ReadOptions& options) {
     auto file = std::make_shared<LoggerFile>();
-    file->name = FileNameOf(path);
-    file->reading = ReadLoggerFile(path, options);
+    file->name = FileNameOf(source.path);
+    file->reading = source.IsText() ? ReadLoggerBytes(*source.text, file->name, options)
+                                    : ReadLoggerFile(source.path, options);
     return file->reading.isCancelled ? nullptr : file;
 }
 
-bool IsLarge(const std::string& path) {
+bool IsLarge(const LoggerSource& source) {
     constexpr std::uintmax_t LargestWithoutProgress = 20'000'000;
+    if (source.IsText())
+        return source.text->size() > LargestWithoutProgress;
     std::error_code unknown;
-    const std::uintmax_t size = std::filesystem::file_size(path, unknown);
+    const std::uintmax_t size = std::filesystem::file_size(source.path, unknown);
     return !unknown && size > LargestWithoutProgress;
 }
 
 } // namespace
+
+LoggerSource::LoggerSource(const QString& name, const QString& pasted)
+    : path(ToUtf8(name))
+    , text(std::make_shared<const std::string>(ToUtf8(pasted))) {}
 
 QString ImportTitle() {
     return QStringLiteral("Import Readings");
@@ -40,16 +47,16 @@ QString ChooseLoggerFile(QWidget* parent) {
          QStringLiteral("All Files (*.*)(*)")});
 }
 
-std::shared_ptr<const LoggerFile> ReadLoggerFileShown(QWidget* parent, const std::string& path,
+std::shared_ptr<const LoggerFile> ReadLoggerFileShown(QWidget* parent, const LoggerSource& source,
                                                       const ReadOptions& options) {
     ReadOptions own = options;
     own.xleReader = ReadXle;
-    if (!IsLarge(path)) {
+    if (!IsLarge(source)) {
         const BusyPointer busy;
-        return Read(path, own);
+        return Read(source, own);
     }
     constexpr int Steps = 1000;
-    QProgressDialog dialog(QStringLiteral("Reading ") + ToQString(FileNameOf(path)),
+    QProgressDialog dialog(QStringLiteral("Reading ") + ToQString(FileNameOf(source.path)),
                            QStringLiteral("Cancel"), 0, Steps, parent);
     dialog.setObjectName(QStringLiteral("ImportProgress"));
     dialog.setWindowTitle(ImportTitle());
@@ -60,7 +67,7 @@ std::shared_ptr<const LoggerFile> ReadLoggerFileShown(QWidget* parent, const std
         dialog.setValue(static_cast<int>(done * (Steps - 1) / std::max<std::size_t>(all, 1)));
         return !dialog.wasCanceled();
     };
-    return Read(path, own);
+    return Read(source, own);
 }
 
 } // namespace quarnel
