@@ -170,9 +170,9 @@ void BRMainForm::BuildDialogs() {
         Open(prtPlotFrm_);
     });
     connect(compute_, &ComputePanel::SummaryRequested, this, [this] { Open(prtResults_); });
-    connect(prtResults_, &PrtResults::FileFailed, this, &BRMainForm::ShowStatus);
-    connect(prtPlotFrm_, &PrtPlotFrm::FileFailed, this, &BRMainForm::ShowStatus);
-    connect(compute_, &ComputePanel::FileFailed, this, &BRMainForm::ShowStatus);
+    connect(prtResults_, &PrtResults::Told, this, &BRMainForm::ShowStatus);
+    connect(prtPlotFrm_, &PrtPlotFrm::Told, this, &BRMainForm::ShowStatus);
+    connect(compute_, &ComputePanel::Told, this, &BRMainForm::ShowStatus);
     connect(compute_, &ComputePanel::ComputationChanged, this, &BRMainForm::ShowComputation);
 }
 
@@ -379,7 +379,7 @@ void BRMainForm::ShowDiagnostics() {
         diagnostics_ = new DiagnosticsFrm(analysis_, this);
         MoveToCentre(diagnostics_);
         connect(diagnostics_, &DiagnosticsFrm::UseOnlyRequested, this, &BRMainForm::UseOnly);
-        connect(diagnostics_, &DiagnosticsFrm::FileFailed, this, &BRMainForm::ShowStatus);
+        connect(diagnostics_, &DiagnosticsFrm::Told, this, &BRMainForm::ShowStatus);
     }
     Open(diagnostics_);
 }

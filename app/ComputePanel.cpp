@@ -85,7 +85,7 @@ QWidget* ComputePanel::BuildPlotSide() {
     auto* layout = new QVBoxLayout(side);
     layout->setContentsMargins(0, 0, 0, 0);
     Plot1 = new PlotWidget(analysis_.file, side);
-    connect(Plot1, &PlotWidget::FileFailed, this, &ComputePanel::FileFailed);
+    connect(Plot1, &PlotWidget::Told, this, &ComputePanel::Told);
     layout->addWidget(Plot1, 1);
     layout->addWidget(BuildLegend(side), 0, Qt::AlignHCenter);
     return side;

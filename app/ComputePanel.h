@@ -42,8 +42,8 @@ Q_SIGNALS:
     void DetailsRequested();   ///< CmdDetails
     void PrintPlotRequested(); ///< CmdPrintPlot
     void SummaryRequested();   ///< CmdPrtSummary
-    /// A picture of the plot could not be written; `said` names its file.
-    void FileFailed(const QString& said);
+    /// A picture of the plot went into a file or could not be written; `said` names the file.
+    void Told(const QString& said);
     /// "Compute K/ Plot" has made or dropped the computation, or K is shown in other units.
     void ComputationChanged();
 

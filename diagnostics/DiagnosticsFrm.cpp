@@ -30,6 +30,10 @@ constexpr QSize FirstSize(760, 560);
 constexpr int FirstCharacters = 84;
 constexpr int FirstLines = 26;
 
+DocumentNames SheetNames() {
+    return {Title, QStringLiteral("diagnostics sheet"), QStringLiteral("-diagnostics.pdf")};
+}
+
 /// The pages of the sheet, which are complete before the first is painted.
 PagesFor SheetPages(Diagnostics& diagnostics, const ProjectState& state, double percent) {
     return [&diagnostics, &state, percent](const Paper& paper) {
@@ -85,7 +89,7 @@ QTabWidget* DiagnosticsFrm::BuildTabs() {
     windows_ = new HeadWindowsPageWidget;
     sensitivity_ = new SensitivityPageWidget;
     residuals_ = new ResidualsPageWidget(analysis_.file);
-    connect(residuals_, &ResidualsPageWidget::FileFailed, this, &DiagnosticsFrm::FileFailed);
+    connect(residuals_, &ResidualsPageWidget::Told, this, &DiagnosticsFrm::Told);
     pages_ = {new StatisticsPageWidget, windows_, new ChecksPageWidget, sensitivity_, residuals_};
     tabs_ = new QTabWidget;
     tabs_->setObjectName(QStringLiteral("DiagnosticsTabs"));
@@ -275,15 +279,15 @@ void DiagnosticsFrm::Copy() {
 }
 
 OutputOwner DiagnosticsFrm::Owner() {
-    return {this, analysis_.file, [this](const QString& said) { Q_EMIT FileFailed(said); }};
+    return {this, analysis_.file, [this](const QString& said) { Q_EMIT Told(said); }};
 }
 
 void DiagnosticsFrm::Print() {
-    PrintDocument(Owner(), Title, SheetPages(*diagnostics_, analysis_.state, Percent()));
+    PrintDocument(Owner(), SheetNames(), SheetPages(*diagnostics_, analysis_.state, Percent()));
 }
 
 void DiagnosticsFrm::SaveAsPdf() {
-    SaveDocumentAsPdf(Owner(), Title, SheetPages(*diagnostics_, analysis_.state, Percent()));
+    SaveDocumentAsPdf(Owner(), SheetNames(), SheetPages(*diagnostics_, analysis_.state, Percent()));
 }
 
 } // namespace quarnel

@@ -40,8 +40,8 @@ public:
 Q_SIGNALS:
     /// The user wants "Use" for these points of the computation and "Ignore" for all others.
     void UseOnlyRequested(const std::vector<std::size_t>& points);
-    /// The sheet or a picture could not be written; `said` names its file.
-    void FileFailed(const QString& said);
+    /// The sheet or a picture went into a file or could not be written; `said` names the file.
+    void Told(const QString& said);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

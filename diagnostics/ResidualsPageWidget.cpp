@@ -31,13 +31,15 @@ ResidualsPageWidget::ResidualsPageWidget(const FileOnDisk& project)
         QStringLiteral("What is left of ln Y beside the fitted line. Dashed: twice the standard "
                        "deviation. Grey curves: half a reading step. Right click to copy the "
                        "picture or to save it."));
+    segments_->SetNameEnding(QStringLiteral("-segments.pdf"));
+    residuals_->SetNameEnding(QStringLiteral("-residuals.pdf"));
 }
 
 DrawingWidget* ResidualsPageWidget::AddPicture(const FileOnDisk& project, const QString& name,
                                                const QString& accessibleName,
                                                const QString& toolTip) {
     auto* picture = new DrawingWidget(project);
-    connect(picture, &DrawingWidget::FileFailed, this, &ResidualsPageWidget::FileFailed);
+    connect(picture, &DrawingWidget::Told, this, &ResidualsPageWidget::Told);
     picture->setObjectName(name);
     picture->setAccessibleName(accessibleName);
     picture->setToolTip(toolTip);

@@ -17,8 +17,8 @@ public:
     void Release();
 
 Q_SIGNALS:
-    /// A picture could not be written; `said` names its file.
-    void FileFailed(const QString& said);
+    /// A picture went into a file or could not be written; `said` names the file.
+    void Told(const QString& said);
 
 protected:
     void Fill(Diagnostics& diagnostics, const DiagnosticsLines& lines, double percent) override;

@@ -3,6 +3,7 @@
 #include "output/DrawingPainter.h"
 #include "output/OutputFile.h"
 #include "output/PlotExport.h"
+#include "project/ProjectFileDialogs.h"
 #include "widgets/MessageBoxes.h"
 
 #include <QAction>
@@ -168,7 +169,7 @@ void DrawingWidget::Copy() {
 }
 
 void DrawingWidget::SaveAsPicture() {
-    PictureDialog dialog(this, QStringLiteral("Save Plot as Picture"));
+    PictureDialog dialog(this, QStringLiteral("Save Plot as Picture"), FolderToStartIn());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     QStringList filters;
     for (const PictureKind& kind : PictureKinds)
@@ -182,9 +183,10 @@ void DrawingWidget::SaveAsPicture() {
                 dialog.setDefaultSuffix(QLatin1String(PictureKinds[kind].ending));
             });
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+    SuggestName(dialog, SuggestedFileName(project_, nameEnding_));
         return;
     const QString path = dialog.selectedFiles().constFirst();
-    SaveOutput({this, project_, [this](const QString& said) { Q_EMIT FileFailed(said); }},
+    SaveOutput({this, project_, [this](const QString& said) { Q_EMIT Told(said); }},
                QStringLiteral("plot"), path,
                [this](const std::string& name) { return ExportPlot(drawing_, name); });
 }

@@ -24,12 +24,15 @@ public:
     /// Shows what `draw` makes, or without one only `sentence`.
     void Show(DrawFor draw, const QString& sentence);
 
+    /// What the name suggested for a picture has behind the project's, such as "-residuals.pdf".
+    void SetNameEnding(const QString& ending) { nameEnding_ = ending; }
+
     /// What is shown, in twips; empty where there is nothing to draw.
     const Drawing& Shown() const { return drawing_; }
 
 Q_SIGNALS:
-    /// A picture could not be written; `said` names its file.
-    void FileFailed(const QString& said);
+    /// A picture went into a file or could not be written; `said` names the file.
+    void Told(const QString& said);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -50,6 +53,7 @@ private:
     void SaveAsPicture();
 
     const FileOnDisk& project_;
+    QString nameEnding_ = QStringLiteral(".pdf");
     DrawFor draw_;
     QString sentence_;
     Drawing drawing_;

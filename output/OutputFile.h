@@ -15,8 +15,14 @@ namespace quarnel {
 struct OutputOwner {
     QWidget* window = nullptr; ///< its messages stand above this one
     const FileOnDisk& project; ///< the open project, whose file nothing made of it may replace
-    std::function<void(const QString&)> fileFailed; ///< told "Not saved: PATH" after a failure
+    /// Told "Saved plot as PATH", or "Not saved: PATH" after a failure.
+    std::function<void(const QString&)> tell;
 };
+
+/// The name suggested for what is made of a project: the project's own without ".qn2" or ".in",
+/// then `ending`, such as "-report.pdf"; "slug-test" and `ending` for a project that has no file
+/// yet.
+QString SuggestedFileName(const FileOnDisk& project, const QString& ending);
 
 /// Writes `what` ("report", "plot") to the chosen `path` by `save`, under the busy pointer. A file
 /// that cannot be written, or is the project's own, gives a message. Returns whether it was saved.

@@ -27,8 +27,9 @@ const QString PrinterStopped =
                    "when it is started again.");
 const QString NoPages = QStringLiteral("its pages could not be made");
 
-bool SaveAsPdfInstead(const OutputOwner& owner, const QString& title, const PagesFor& pagesFor) {
-    return AskYesNo(owner.window, NoPrinterQuestion) && SaveDocumentAsPdf(owner, title, pagesFor);
+bool SaveAsPdfInstead(const OutputOwner& owner, const DocumentNames& names,
+                      const PagesFor& pagesFor) {
+    return AskYesNo(owner.window, NoPrinterQuestion) && SaveDocumentAsPdf(owner, names, pagesFor);
 }
 
 /// The printer's own sheet and all of it that the printer can reach.
@@ -55,31 +56,33 @@ std::optional<QString> FailureOfPrinting(const Printer& printer, const QString& 
 
 } // namespace
 
-bool SaveDocumentAsPdf(const OutputOwner& owner, const QString& title, const PagesFor& pagesFor) {
+bool SaveDocumentAsPdf(const OutputOwner& owner, const DocumentNames& names,
+                       const PagesFor& pagesFor) {
     const QString path = ChooseNameToSave(
         owner.window, QStringLiteral("Save As PDF"),
-        {QStringLiteral("PDF (*.pdf)(*.pdf)"), QStringLiteral("All Files (*.*)(*)")});
+        {QStringLiteral("PDF (*.pdf)(*.pdf)"), QStringLiteral("All Files (*.*)(*)")},
+        SuggestedFileName(owner.project, names.ending));
     if (path.isEmpty())
         return false;
-    return SaveOutput(owner, QStringLiteral("PDF"), path, [&](const std::string& name) {
-        const QByteArray bytes = PdfOfPages(PdfPageLayout(), title, pagesFor);
+    return SaveOutput(owner, names.what, path, [&](const std::string& name) {
+        const QByteArray bytes = PdfOfPages(PdfPageLayout(), names.title, pagesFor);
         if (bytes.isEmpty())
             return FileFailure::OutOfMemory;
         return SaveFileBytes(name, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
     });
 }
 
-bool PrintDocument(const OutputOwner& owner, const QString& title, const PagesFor& pagesFor) {
+bool PrintDocument(const OutputOwner& owner, const DocumentNames& names, const PagesFor& pagesFor) {
     const std::optional<Printer> printer = DefaultPrinter();
     if (!printer)
-        return SaveAsPdfInstead(owner, title, pagesFor);
+        return SaveAsPdfInstead(owner, names, pagesFor);
     const QString name = ToQString(printer->name);
-    if (const auto failure = FailureOfPrinting(*printer, title, pagesFor)) {
-        ShowMessage(owner.window, PrintingFailed.arg(name, title, *failure));
+    if (const auto failure = FailureOfPrinting(*printer, names.title, pagesFor)) {
+        ShowMessage(owner.window, PrintingFailed.arg(name, names.title, *failure));
         return false;
     }
     if (IsStopped(*printer))
-        ShowMessage(owner.window, PrinterStopped.arg(name, title));
+        ShowMessage(owner.window, PrinterStopped.arg(name, names.title));
     return true;
 }
 

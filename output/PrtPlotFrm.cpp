@@ -17,8 +17,14 @@
 namespace quarnel {
 
 namespace {
+
 constexpr int TitleCharacters = 60;
+
+DocumentNames PlotNames() {
+    return {QStringLiteral("Slug test plot"), QStringLiteral("plot"), QStringLiteral(".pdf")};
 }
+
+} // namespace
 
 PrtPlotFrm::PrtPlotFrm(Analysis& analysis, QWidget* parent)
     : QDialog(parent)
@@ -42,9 +48,12 @@ PrtPlotFrm::PrtPlotFrm(Analysis& analysis, QWidget* parent)
     auto* print = buttons->addButton(QStringLiteral("&Print"), QDialogButtonBox::ActionRole);
     print->setObjectName(QStringLiteral("CmdPrtPlot"));
     print->setDefault(true);
+    auto* pdf = buttons->addButton(QStringLiteral("Save as P&DF..."), QDialogButtonBox::ActionRole);
+    pdf->setObjectName(QStringLiteral("CmdPlotPdf"));
     auto* cancel = buttons->addButton(QStringLiteral("Cancel"), QDialogButtonBox::RejectRole);
     cancel->setObjectName(QStringLiteral("CmdCancel"));
     connect(print, &QPushButton::clicked, this, &PrtPlotFrm::Print);
+    connect(pdf, &QPushButton::clicked, this, &PrtPlotFrm::SaveAsPdf);
     connect(cancel, &QPushButton::clicked, this, &QDialog::hide);
     rows->addSpacing(fontMetrics().height() / 2);
     stale_ = new StaleLabel(QStringLiteral("PrtPlotStaleText"), ToQString(NotCurrentMessage), this);
@@ -62,11 +71,21 @@ void PrtPlotFrm::ShowState() {
         box->ShowNewText();
 }
 
+OutputOwner PrtPlotFrm::Owner() {
+    return {this, analysis_.file, [this](const QString& said) { Q_EMIT Told(said); }};
+}
+
 void PrtPlotFrm::Print() {
-    const bool done = PrintDocument(
-        {this, analysis_.file, [this](const QString& said) { Q_EMIT FileFailed(said); }},
-        QStringLiteral("Slug test plot"),
-        [this](const Paper& paper) { return PlotPages(analysis_, paper); });
+    HideAfter(PrintDocument(Owner(), PlotNames(),
+                            [this](const Paper& paper) { return PlotPages(analysis_, paper); }));
+}
+
+void PrtPlotFrm::SaveAsPdf() {
+    HideAfter(SaveDocumentAsPdf(
+        Owner(), PlotNames(), [this](const Paper& paper) { return PlotPages(analysis_, paper); }));
+}
+
+void PrtPlotFrm::HideAfter(bool done) {
     if (done)
         hide();
 }

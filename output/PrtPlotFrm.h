@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kcompute/Analysis.h"
+#include "output/OutputFile.h"
 
 #include <QDialog>
 #include <array>
@@ -21,11 +22,14 @@ public:
     void ShowStale(bool stale);
 
 Q_SIGNALS:
-    /// The page could not be written; `said` names its file.
-    void FileFailed(const QString& said);
+    /// The page went into a file or could not be written; `said` names the file.
+    void Told(const QString& said);
 
 private:
+    OutputOwner Owner();
     void Print();
+    void SaveAsPdf();
+    void HideAfter(bool done);
 
     Analysis& analysis_;
     StaleLabel* stale_ = nullptr;

@@ -21,6 +21,15 @@
 
 namespace quarnel {
 
+namespace {
+
+DocumentNames ReportNames() {
+    return {QStringLiteral("Slug test summary"), QStringLiteral("report"),
+            QStringLiteral("-report.pdf")};
+}
+
+} // namespace
+
 PrtResults::PrtResults(Analysis& analysis, QWidget* parent)
     : QDialog(parent)
     , analysis_(analysis) {
@@ -40,9 +49,12 @@ PrtResults::PrtResults(Analysis& analysis, QWidget* parent)
     CmdPrtResults = buttons->addButton(QString(), QDialogButtonBox::ActionRole);
     CmdPrtResults->setObjectName(QStringLiteral("CmdPrtResults"));
     CmdPrtResults->setDefault(true);
+    auto* pdf = buttons->addButton(QStringLiteral("Save as P&DF..."), QDialogButtonBox::ActionRole);
+    pdf->setObjectName(QStringLiteral("CmdReportPdf"));
     auto* close = buttons->addButton(QStringLiteral("Close"), QDialogButtonBox::RejectRole);
     close->setObjectName(QStringLiteral("CmdClose"));
     connect(CmdPrtResults, &QPushButton::clicked, this, &PrtResults::Carry);
+    connect(pdf, &QPushButton::clicked, this, &PrtResults::SaveAsPdf);
     connect(close, &QPushButton::clicked, this, &QDialog::hide);
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(group);
@@ -76,7 +88,7 @@ void PrtResults::Carry() {
 }
 
 OutputOwner PrtResults::Owner() {
-    return {this, analysis_.file, [this](const QString& said) { Q_EMIT FileFailed(said); }};
+    return {this, analysis_.file, [this](const QString& said) { Q_EMIT Told(said); }};
 }
 
 void PrtResults::SaveToFile() {
@@ -92,8 +104,13 @@ void PrtResults::SaveToFile() {
 }
 
 void PrtResults::SendToPrinter() {
-    PrintDocument(Owner(), QStringLiteral("Slug test summary"),
+    PrintDocument(Owner(), ReportNames(),
                   [this](const Paper& paper) { return SummaryReportPages(analysis_, paper); });
+}
+
+void PrtResults::SaveAsPdf() {
+    SaveDocumentAsPdf(Owner(), ReportNames(),
+                      [this](const Paper& paper) { return SummaryReportPages(analysis_, paper); });
 }
 
 } // namespace quarnel

@@ -23,8 +23,8 @@ public:
     void ShowStale(bool stale);
 
 Q_SIGNALS:
-    /// The report could not be written; `said` names its file.
-    void FileFailed(const QString& said);
+    /// The report went into a file or could not be written; `said` names the file.
+    void Told(const QString& said);
 
 private:
     void ShowChoice();
@@ -32,6 +32,7 @@ private:
     OutputOwner Owner();
     void SaveToFile();
     void SendToPrinter();
+    void SaveAsPdf();
 
     Analysis& analysis_;
     StaleLabel* stale_ = nullptr;

@@ -26,17 +26,6 @@ QString TrimmedName(const QString& name) {
     return name.mid(first, last - first);
 }
 
-QString RecentFolder() {
-    const QString folder = QSettings().value(RecentFolderKey).toString();
-    if (!folder.isEmpty() && QFileInfo(folder).isDir())
-        return folder;
-    // A folder that is not there would come up in the dialog as the name of a file.
-    for (const auto& place : {QStandardPaths::DocumentsLocation, QStandardPaths::HomeLocation})
-        if (const QString usual = QStandardPaths::writableLocation(place); QFileInfo(usual).isDir())
-            return usual;
-    return QDir::currentPath();
-}
-
 /// Each filter holds its caption, which names the pattern, and after it the pattern itself: a
 /// desktop's dialog shows the caption alone. "All Files" is every file, also one without a dot in
 /// its name.
@@ -49,7 +38,7 @@ QStringList ProjectFilters() {
 class ProjectFileDialog : public QFileDialog {
 public:
     ProjectFileDialog(QWidget* parent, const QString& caption, const QStringList& filters)
-        : QFileDialog(parent, caption, RecentFolder()) {
+        : QFileDialog(parent, caption, FolderToStartIn()) {
         setOption(QFileDialog::HideNameFilterDetails);
         setNameFilters(filters);
     }
@@ -137,12 +126,34 @@ QString ChooseNameToSave(QWidget* parent) {
     return ChooseNameToSave(parent, QStringLiteral("Save As"), ProjectFilters());
 }
 
-QString ChooseNameToSave(QWidget* parent, const QString& caption, const QStringList& filters) {
+QString ChooseNameToSave(QWidget* parent, const QString& caption, const QStringList& filters,
+                         const QString& suggestedName) {
     ProjectFileDialog dialog(parent, caption, filters);
     dialog.setObjectName(QStringLiteral("SaveProjectDialog"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
+    SuggestName(dialog, suggestedName);
     return dialog.Choose();
+}
+
+void SuggestName(QFileDialog& dialog, const QString& name) {
+    if (name.isEmpty())
+        return;
+    dialog.selectFile(name);
+    // Who types another name keeps the ending.
+    if (auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit")))
+        edit->setSelection(0, static_cast<int>(name.lastIndexOf(QLatin1Char('.'))));
+}
+
+QString FolderToStartIn() {
+    const QString folder = QSettings().value(RecentFolderKey).toString();
+    if (!folder.isEmpty() && QFileInfo(folder).isDir())
+        return folder;
+    // A folder that is not there would come up in the dialog as the name of a file.
+    for (const auto& place : {QStandardPaths::DocumentsLocation, QStandardPaths::HomeLocation})
+        if (const QString usual = QStandardPaths::writableLocation(place); QFileInfo(usual).isDir())
+            return usual;
+    return QDir::currentPath();
 }
 
 void RememberFolderOf(const QString& path) {

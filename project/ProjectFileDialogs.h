@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 
+class QFileDialog;
 class QWidget;
 
 namespace quarnel {
@@ -20,8 +21,16 @@ QString ChooseFileToOpen(QWidget* parent, const QString& caption, const QStringL
 QString ChooseNameToSave(QWidget* parent);
 
 /// The same for another kind of file. A filter is what the dialog shows, followed by its patterns
-/// in parentheses: "Quarnel 2 (*.res)(*.res)".
-QString ChooseNameToSave(QWidget* parent, const QString& caption, const QStringList& filters);
+/// in parentheses: "Quarnel 2 (*.res)(*.res)". The dialog opens with `suggestedName`,
+/// in which all but the ending is selected.
+QString ChooseNameToSave(QWidget* parent, const QString& caption, const QStringList& filters,
+                         const QString& suggestedName = {});
+
+/// Puts a suggested name into a dialog for saving; "" is none.
+void SuggestName(QFileDialog& dialog, const QString& name);
+
+/// The folder that a dialog starts in.
+QString FolderToStartIn();
 
 /// The next dialog starts in the folder of `path`, in this run of the program or a later one.
 void RememberFolderOf(const QString& path);

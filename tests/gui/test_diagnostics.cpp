@@ -704,7 +704,7 @@ private Q_SLOTS:
         Answers answers;
         answers.FileName(path)
             .BoxAbout(u"own.pdf"_s, QMessageBox::Yes)
-            .Box(u"Quarnel"_s, u"The PDF needs a file of its own."_s);
+            .Box(u"Quarnel"_s, u"The diagnostics sheet needs a file of its own."_s);
         program.Click("DiagnosticsSavePdf");
         QVERIFY2(answers.AllGiven(), answers.Complaints());
         QFile file(path);

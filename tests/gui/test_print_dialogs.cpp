@@ -250,7 +250,7 @@ private Q_SLOTS:
         answers.Box(u"Quarnel"_s, NoPrinter, QMessageBox::Yes);
         answers.FileName(path)
             .BoxAbout(u"own.pdf"_s, QMessageBox::Yes)
-            .Box(u"Quarnel"_s, u"The PDF needs a file of its own."_s);
+            .Box(u"Quarnel"_s, u"The plot needs a file of its own."_s);
         PressIn(program.Plot(), "CmdPrtPlot");
         QVERIFY2(answers.AllGiven(), answers.Complaints());
         QVERIFY(program.Plot().isVisible());
