@@ -9,9 +9,11 @@
 #include "app/RecoveryCopy.h"
 #include "app/RecoveryOffer.h"
 #include "app/SiteIdentificationPanel.h"
+#include "app/StatusLine.h"
 #include "app/WellTestIdentificationPanel.h"
 #include "diagnostics/DiagnosticsFrm.h"
 #include "kcompute/ComputedYFrm.h"
+#include "kcompute/Plausibility.h"
 #include "kcompute/UseIgnore.h"
 #include "kcompute/WorkingValues.h"
 #include "loggerfiles/ImportMessages.h"
@@ -23,6 +25,7 @@
 #include "project/Files.h"
 #include "project/ProjectFileDialogs.h"
 #include "project/Result.h"
+#include "recovery/PasteText.h"
 #include "recovery/RecoveryDataPanel.h"
 #include "wellgeometry/WellGeometryPanel.h"
 #include "widgets/MessageBoxes.h"
@@ -77,10 +80,8 @@ BRMainForm::BRMainForm(QWidget* parent)
     BuildDialogs();
     BuildMenus();
     BuildRecoveryCopy();
-    status_ = new QLabel;
-    status_->setObjectName(QStringLiteral("StatusText"));
-    status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    status_->setTextFormat(Qt::PlainText);
+    status_ = new StatusLine;
+    connect(status_, &StatusLine::ImportWanted, this, &BRMainForm::ImportNotPasted);
     statusBar()->addWidget(status_, 1);
     setAcceptDrops(true);
     qApp->installEventFilter(this);
@@ -89,6 +90,7 @@ BRMainForm::BRMainForm(QWidget* parent)
 void BRMainForm::BuildTabStrip(QVBoxLayout* rows) {
     TabStrip2 = new QTabBar;
     TabStrip2->setObjectName(QStringLiteral("TabStrip2"));
+    TabStrip2->setAccessibleName(QStringLiteral("Pages"));
     TabStrip2->setExpanding(false);
     for (const std::string_view caption : TabCaptions)
         TabStrip2->addTab(ToQString(caption));
@@ -101,14 +103,14 @@ void BRMainForm::BuildTabStrip(QVBoxLayout* rows) {
             [step] { step(1); });
     connect(new QShortcut(Qt::CTRL | Qt::Key_PageUp, this), &QShortcut::activated, this,
             [step] { step(-1); });
-    rows->addWidget(TabStrip2);
-}
     for (int tab = 1; tab <= TabStrip2->count(); ++tab) {
         const QKeySequence keys(Qt::ALT | static_cast<Qt::Key>(Qt::Key_0 + tab));
         TabStrip2->setTabToolTip(tab - 1, keys.toString(QKeySequence::NativeText));
         connect(new QShortcut(keys, this), &QShortcut::activated, this,
                 [this, tab] { TabStrip2->setCurrentIndex(tab - 1); });
     }
+    rows->addWidget(TabStrip2);
+}
 
 void BRMainForm::BuildPanels(QVBoxLayout* rows) {
     wellGeometry_ = new WellGeometryPanel(analysis_.state);
@@ -129,7 +131,11 @@ void BRMainForm::BuildPanels(QVBoxLayout* rows) {
         working.marks =
             RestoredMarks(analysis_.state.IgnoreKeyList, *working.recovery.RecoveryPoints);
         compute_->ShowPreparedData();
+        ShowChecked(*working.recovery.RecoveryPoints);
     });
+    connect(recoveryData_, &RecoveryDataPanel::Pasted, this, &BRMainForm::ShowPasted);
+    connect(wellGeometry_, &WellGeometryPanel::Accepted, this,
+            [this] { ShowChecked(RecoveryPointList()); });
     for (const Panel* content : contents_)
         if (content != compute_)
             connect(content, &Panel::Edited, this, &BRMainForm::ScheduleCurrencyCheck);
@@ -281,6 +287,8 @@ void BRMainForm::ClickTab() {
         GoTo(preparation.result.place);
     else if (!onStrip)
         FocusPage();
+    status_->WithdrawOffer();
+    notPasted_.clear();
     ShowWhetherCurrent();
 }
 
@@ -292,6 +300,8 @@ Preparation BRMainForm::PrepareAndShow() {
     if (preparation.result.IsError())
         SelectTab(preparation.faultyTab == FaultyTab::RecoveryData ? RecoveryDataTab
                                                                    : WellGeometryTab);
+    else
+        ShowChecked(*analysis_.working.recovery.RecoveryPoints);
     return preparation;
 }
 
@@ -344,8 +354,22 @@ void BRMainForm::ShowTitle() {
 }
 
 void BRMainForm::ShowStatus(const QString& text) {
-    status_->setText(text);
-    status_->setToolTip(text);
+    status_->Say(text);
+}
+
+void BRMainForm::ShowChecked(const RecoveryPointList& points) {
+    const std::string text = CheckedText(WellAsTyped(analysis_.state), points);
+    if (!text.empty())
+        ShowStatus(ToQString(text));
+}
+
+void BRMainForm::ShowPasted(const QString& text, std::size_t rows) {
+    const PasteText told = TextOfPaste(ToUtf8(text), rows, analysis_.state.DecimalSeparator);
+    notPasted_ = told.offersImport ? text : QString();
+    if (told.offersImport)
+        status_->SayAndOfferImport(ToQString(told.said));
+    else
+        status_->Say(ToQString(told.said));
 }
 
 // ---- Commands

@@ -13,7 +13,6 @@
 #include <vector>
 
 class QDialog;
-class QLabel;
 class QTimer;
 class QVBoxLayout;
 
@@ -30,9 +29,11 @@ class PrtPlotFrm;
 class PrtResults;
 class RecoveryCopy;
 class RecoveryDataPanel;
+class StatusLine;
 class WellGeometryPanel;
 struct ImportPlan;
 struct LoggerFile;
+struct LoggerSource;
 
 /// The main window: tab strip, six panels, menus. It holds the one analysis of the program.
 class BRMainForm : public QMainWindow {
@@ -93,21 +94,28 @@ private:
     Preparation PrepareAndShow();
     void ShowTitle();
     void ShowStatus(const QString& text);
+    /// Says what a check of the well, and of these readings, has read.
+    void ShowChecked(const RecoveryPointList& points);
+    /// Says what became of a paste, and offers the import where some of it was passed over.
+    void ShowPasted(const QString& text, std::size_t rows);
 
     void NewProject();
     void OpenProject();
     void SaveProject();
     void SaveProjectAs();
-    void Write(const std::string& path);
+    /// `note` is said besides what the save says.
+    void Write(const std::string& path, const QString& note = {});
     /// Opens the project at `path` and says in the status bar whether it is one; nothing of the
     /// analysis changes where it is none.
     ReadReport ReadProject(const std::string& path);
     void TakeDropped(const std::string& path);
     void ImportReadings();
+    /// Takes the offer that came with a paste.
+    void ImportNotPasted();
     /// Offers the import of a file that is no project but holds readings.
     void OfferImport(const std::string& path);
     /// Shows "Import Readings" for a file, and carries out what an OK there says.
-    void Import(const std::string& path, std::shared_ptr<const LoggerFile> file);
+    void Import(const LoggerSource& source, std::shared_ptr<const LoggerFile> file);
     void CarryOut(const ImportPlan& plan);
     void Exit();
     void ShowGuide();
@@ -134,7 +142,8 @@ private:
     RecoveryDataPanel* recoveryData_ = nullptr;
     ComputePanel* compute_ = nullptr;
     WellGeometryPanel* wellGeometry_ = nullptr;
-    QLabel* status_ = nullptr;
+    StatusLine* status_ = nullptr;
+    QString notPasted_; ///< what the status line offers to import
 
     PrtResults* prtResults_ = nullptr;
     PrtPlotFrm* prtPlotFrm_ = nullptr;

@@ -98,6 +98,17 @@ void BRMainForm::ImportReadings() {
         Import(ToUtf8(path), ReadLoggerFileShown(this, ToUtf8(path)));
 }
 
+void BRMainForm::ImportNotPasted() {
+    const LoggerSource pasted(QStringLiteral("pasted text"), std::exchange(notPasted_, QString()));
+    const std::shared_ptr<const LoggerFile> file = ReadLoggerFileShown(this, pasted);
+    ShowStatus(QString());
+    // What is no table may have come from one.
+    if (file != nullptr && HoldsReadings(*file))
+        Import(pasted, file);
+    else
+        ImportReadings();
+}
+
 void BRMainForm::OfferImport(const std::string& path) {
     const std::shared_ptr<const LoggerFile> file = ReadLoggerFileShown(this, path);
     if (file == nullptr || !HoldsReadings(*file))
@@ -112,7 +123,7 @@ void BRMainForm::OfferImport(const std::string& path) {
         Import(path, file);
 }
 
-void BRMainForm::Import(const std::string& path, std::shared_ptr<const LoggerFile> file) {
+void BRMainForm::Import(const LoggerSource& source, std::shared_ptr<const LoggerFile> file) {
     if (file == nullptr)
         return;
     if (!HoldsReadings(*file)) {
@@ -120,8 +131,9 @@ void BRMainForm::Import(const std::string& path, std::shared_ptr<const LoggerFil
         return;
     }
     CommitEdits();
-    RememberFolderOf(ToQString(path));
-    ImportReadingsFrm form(path, std::move(file), analysis_.state, this);
+    if (!source.IsText())
+        RememberFolderOf(ToQString(source.path));
+    ImportReadingsFrm form(source, std::move(file), analysis_.state, this);
     if (form.exec() == QDialog::Accepted)
         CarryOut(*form.Plan());
 }
@@ -148,13 +160,25 @@ void BRMainForm::SaveProject() {
         Write(std::string(analysis_.file.CurrentProjectFile));
 }
 
+namespace {
+
+/// A name without the ending is what the user typed; only the list of Open is another one then.
+QString NoteOfEnding(const QString& path) {
+    return path.endsWith(QStringLiteral(".qn2"), Qt::CaseInsensitive)
+               ? QString()
+               : QStringLiteral(". Open lists it under \"All Files\", not under \"Quarnel 2\": "
+                                "its name does not end in .qn2");
+}
+
+} // namespace
+
 void BRMainForm::SaveProjectAs() {
     CommitEdits();
     const QString path = ChooseNameToSave(this);
     if (path.isEmpty())
         return;
     RememberFolderOf(path);
-    Write(ToUtf8(path));
+    Write(ToUtf8(path), NoteOfEnding(path));
 }
 
 namespace {
@@ -189,7 +213,7 @@ QString SavedText(const QString& path, const SaveReport& report,
 
 } // namespace
 
-void BRMainForm::Write(const std::string& path) {
+void BRMainForm::Write(const std::string& path, const QString& note) {
     CommitEdits();
     SaveReport report;
     {
@@ -203,7 +227,7 @@ void BRMainForm::Write(const std::string& path) {
     }
     const QString name = ToQString(path);
     ShowStatus(report.messages.empty()
-                   ? SavedText(name, report, FieldsNotReadBackIntact(analysis_.state))
+                   ? SavedText(name, report, FieldsNotReadBackIntact(analysis_.state)) + note
                    : QStringLiteral("Not saved whole: ") + name + KeptText(report));
     for (const std::string& message : report.messages)
         ShowMessage(this, ToQString(message));

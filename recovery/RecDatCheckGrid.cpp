@@ -33,6 +33,7 @@ RecDatCheckGrid::RecDatCheckGrid(const ProjectState& state, QWidget* parent)
     : GridView(parent)
     , model_(CheckColumns(state, points_)) {
     setObjectName(QStringLiteral("RecDatCheckGrid"));
+    setAccessibleName(QStringLiteral("Change in head Y of each reading"));
     setModel(&model_);
     ClearCheckGrid();
 }

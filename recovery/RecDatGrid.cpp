@@ -31,6 +31,7 @@ RecDatGrid::RecDatGrid(RecoveryGridModel& model, QWidget* parent)
     : GridView(parent)
     , model_(model) {
     setObjectName(QStringLiteral("RecDatGrid"));
+    setAccessibleName(QStringLiteral("Readings: time and water level"));
     // The cells are drawn alike in all columns, the numbers among them.
     setItemDelegateForColumn(NumberColumn, nullptr);
     setItemDelegate(new GridCellDelegate(model.Editor(), this));
@@ -105,9 +106,13 @@ void RecDatGrid::Cut() {
 }
 
 void RecDatGrid::Paste() {
-    const std::string message = Editor().Paste(ToUtf8(QGuiApplication::clipboard()->text()));
+    const QString text = QGuiApplication::clipboard()->text();
+    std::size_t rows = 0;
+    const std::string message = Editor().Paste(ToUtf8(text), &rows);
     ShowSelection();
-    if (!message.empty())
+    if (message.empty())
+        Q_EMIT Pasted(text, rows);
+    else
         ShowMessage(this, ToQString(message));
 }
 

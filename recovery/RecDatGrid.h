@@ -5,6 +5,7 @@
 #include "recovery/RecoveryGridModel.h"
 #include "widgets/GridView.h"
 
+#include <cstddef>
 #include <string>
 
 namespace quarnel {
@@ -32,6 +33,8 @@ public:
     void Copy() override;
 
 Q_SIGNALS:
+    /// The clipboard's `text` was pasted, as far as it could be, of which `rows` rows.
+    void Pasted(const QString& text, std::size_t rows);
     /// The grid got or lost the keyboard.
     void FocusChanged(bool hasFocus);
 

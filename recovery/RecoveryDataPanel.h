@@ -10,6 +10,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
+#include <cstddef>
 #include <utility>
 #include <vector>
 
@@ -42,6 +43,8 @@ public:
 Q_SIGNALS:
     /// A unit or type list changed, so headings elsewhere follow.
     void HeadingsChanged();
+    /// The clipboard's `text` was pasted, as far as it could be, of which `rows` rows.
+    void Pasted(const QString& text, std::size_t rows);
     /// "Check Data/Show Y's" has made the points anew.
     void Checked();
 

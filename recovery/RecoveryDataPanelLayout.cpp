@@ -70,6 +70,7 @@ RecoveryDataPanel::RecoveryDataPanel(ProjectState& state, RecoveryData& checked,
                 grid_->ShowSelection();
             });
     connect(insertRows_, &InsertRowsPanel::Closed, grid_, [this] { grid_->setFocus(); });
+    connect(grid_, &RecDatGrid::Pasted, this, &RecoveryDataPanel::Pasted);
     connect(grid_, &RecDatGrid::FocusChanged, this, &RecoveryDataPanel::TakeTabStops);
     grid_->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(grid_, &QWidget::customContextMenuRequested, this, &RecoveryDataPanel::ShowContextMenu);

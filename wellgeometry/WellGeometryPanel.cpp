@@ -211,6 +211,7 @@ void WellGeometryPanel::CheckData() {
         ShowMessage(this, ToQString(result.message), QStringLiteral("Data Error"));
         GoTo(result.place);
     } else {
+        Q_EMIT Accepted();
         ShowMessage(this, QStringLiteral("Well Geometry data is complete and consistent."));
     }
 }

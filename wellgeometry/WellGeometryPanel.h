@@ -28,6 +28,10 @@ public:
     /// Goes to the box that a message names.
     void GoTo(const FaultPlace& place);
 
+Q_SIGNALS:
+    /// "Check Data" has found no fault.
+    void Accepted();
+
 private:
     QWidget* BuildVerticalGroup();
     QWidget* BuildRadialGroup();
