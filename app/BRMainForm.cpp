@@ -249,7 +249,7 @@ void BRMainForm::HidePanels() {
 }
 
 void BRMainForm::FocusPage() {
-    contents_[static_cast<std::size_t>(TabStrip2->currentIndex())]->setFocus();
+    contents_[static_cast<std::size_t>(TabStrip2->currentIndex())]->FocusFirstControl();
 }
 
 void BRMainForm::GoTo(const FaultPlace& place) {

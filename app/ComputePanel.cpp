@@ -61,7 +61,7 @@ ComputePanel::ComputePanel(Analysis& analysis, QWidget* parent)
     StaleText = new StaleLabel(QStringLiteral("StaleText"), ToQString(NotCurrentMessage), this);
     layout->addWidget(StaleText);
     layout->addLayout(BuildCommands());
-    setFocusProxy(RecDatWeightGrid);
+    SetFirstControl(RecDatWeightGrid);
     // Keys of the window work while this page is seen, wherever the keyboard is.
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter})
         connect(new QShortcut(Qt::CTRL | key, this), &QShortcut::activated, this,

@@ -76,7 +76,7 @@ SiteIdentificationPanel::SiteIdentificationPanel(ProjectState& state, QWidget* p
     rows->addLayout(sides);
     rows->addWidget(MakeFrame(QStringLiteral("Consultant"), consultant));
     rows->addStretch();
-    setFocusProxy(SiteIDText[LustNo]);
+    SetFirstControl(SiteIDText[LustNo]);
 }
 
 void SiteIdentificationPanel::AddGroup(std::string_view group, QFormLayout* form) {

@@ -36,7 +36,7 @@ WellTestIdentificationPanel::WellTestIdentificationPanel(ProjectState& state, QW
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(frame);
     rows->addStretch();
-    setFocusProxy(WellTestIDTxt[WellLabel]);
+    SetFirstControl(WellTestIDTxt[WellLabel]);
 }
 
 void WellTestIdentificationPanel::AddFields(QFormLayout* form) {

@@ -56,7 +56,7 @@ RecoveryDataPanel::RecoveryDataPanel(ProjectState& state, RecoveryData& checked,
     rows->addWidget(settings);
     rows->addLayout(columns, 1);
 
-    setFocusProxy(grid_);
+    SetFirstControl(grid_);
     ConnectLists();
     connect(this, &RecoveryDataPanel::HeadingsChanged, this, &RecoveryDataPanel::Edited);
     connect(model_, &RecoveryGridModel::SettingsChanged, this, &RecoveryDataPanel::ShowSettings);

@@ -71,7 +71,7 @@ WellGeometryPanel::WellGeometryPanel(ProjectState& state, QWidget* parent)
     auto* layout = new QHBoxLayout(this);
     layout->addLayout(entries);
     layout->addWidget(BuildIllustration(), 1);
-    setFocusProxy(WellGeoText[GeoH]);
+    SetFirstControl(WellGeoText[GeoH]);
     ShowState();
 }
 

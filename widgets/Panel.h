@@ -11,10 +11,19 @@ class Panel : public QWidget {
 public:
     using QWidget::QWidget;
     virtual void ShowState() = 0;
+    /// Gives the keyboard to the control where the work on this panel begins.
+    void FocusFirstControl() { first_->setFocus(); }
+
+protected:
+    /// No focus proxy: the Tab key would go from the tabs to it, past all that stands before it.
+    void SetFirstControl(QWidget* control) { first_ = control; }
 
 Q_SIGNALS:
     /// Something was changed that a computation or its diagnostics are made from.
     void Edited();
+
+private:
+    QWidget* first_ = nullptr;
 };
 
 } // namespace quarnel

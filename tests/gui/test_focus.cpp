@@ -118,6 +118,19 @@ private Q_SLOTS:
         QVERIFY(!program.Find<QLabel>(u"ComputedKLabel"_s).text().isEmpty());
     }
 
+    void TabFromTheStripGoesToTheTopOfEveryPage() {
+        ActiveProgram program;
+        program.Window().OpenPath(Example);
+        const QStringList top = {u"SiteIDText_0"_s, u"WellTestIDTxt_0"_s, u"WellGeoText_0"_s,
+                                 u"RecDatDataTypeDDL"_s, u"Plot1"_s};
+        for (int tab = 1; tab <= 5; ++tab) {
+            program.ClickTab(tab);
+            program.Find(u"TabStrip2"_s).setFocus();
+            program.Key(Qt::Key_Tab);
+            QCOMPARE(program.FocusName(), top[tab - 1]);
+        }
+    }
+
     void TabGoesThroughThePageOfKAsItIsRead() {
         ActiveProgram program;
         program.Window().OpenPath(Example);
