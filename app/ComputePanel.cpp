@@ -143,8 +143,10 @@ QBoxLayout* ComputePanel::BuildKDisplay() {
     connect(CmboKTimeUnits, &QComboBox::activated, this, &ComputePanel::ChooseKTime);
 
     caption->setBuddy(CmboKLengthUnits);
+    caption->setAccessibleName(CmboKLengthUnits->accessibleName());
     auto* per = new QLabel(QStringLiteral("&/"), this);
     per->setBuddy(CmboKTimeUnits);
+    per->setAccessibleName(CmboKTimeUnits->accessibleName());
     auto* row = new QHBoxLayout;
     row->addWidget(caption);
     row->addWidget(ComputedKLabel);

@@ -2,6 +2,7 @@
 
 #include "project/Files.h"
 #include "widgets/MessageBoxes.h"
+#include "widgets/PartNames.h"
 #include "widgets/QtTexts.h"
 #include "widgets/WheelGuard.h"
 
@@ -31,6 +32,7 @@ QuarnelApplication::QuarnelApplication(int& argc, char** argv)
     // Pixels: a window's icon is needed at the start, and reading a drawing would slow that down.
     RegisterIcon();
     installEventFilter(new WheelGuard(this));
+    installEventFilter(new PartNames(this));
     setWindowIcon(QIcon(QStringLiteral(":/app/quarnel.png")));
 }
 

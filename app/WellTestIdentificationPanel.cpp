@@ -29,6 +29,7 @@ WellTestIdentificationPanel::WellTestIdentificationPanel(ProjectState& state, QW
     : Panel(parent)
     , state_(state) {
     auto* frame = new QGroupBox;
+    frame->setAccessibleName(QStringLiteral("Well and test"));
     auto* form = new QFormLayout(frame);
     SetUpForm(form);
     AddFields(form);

@@ -1,5 +1,8 @@
 #include "loggerfiles/ImportHandleWidget.h"
 
+#include "loggerfiles/ImportHandleAccessible.h"
+
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -20,6 +23,7 @@ ImportHandleWidget::ImportHandleWidget(const QString& name, const QString& capti
     , half_(half)
     , side_(side) {
     setObjectName(name);
+    MakeImportHandlesAccessible();
     setAccessibleName(caption);
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::SizeHorCursor);
@@ -38,8 +42,16 @@ void ImportHandleWidget::PlaceAt(int x, const QRect& plot) {
     setGeometry(x - before, top, grip + 4, height);
 }
 
-void ImportHandleWidget::ShowTime(const QString& time) {
+void ImportHandleWidget::ShowRow(int row, int last, const QString& time) {
+    const bool moves = row_ != row || time_ != time;
+    row_ = row;
+    lastRow_ = last;
+    time_ = time;
     setAccessibleDescription(time);
+    if (moves) {
+        QAccessibleValueChangeEvent event(this, row);
+        QAccessible::updateAccessibility(&event);
+    }
     setToolTip(caption_ + QStringLiteral(": ") + time);
 }
 

@@ -22,8 +22,12 @@ public:
     int Grip() const;
     /// Puts its line at `x` of a plot that fills `plot`.
     void PlaceAt(int x, const QRect& plot);
-    /// The time that a screen reader and the tool tip tell.
-    void ShowTime(const QString& time);
+    /// The row it stands at, of rows 0 to `last`, and its time, which a screen reader and the tool
+    /// tip tell.
+    void ShowRow(int row, int last, const QString& time);
+    int Row() const { return row_; }
+    int LastRow() const { return lastRow_; }
+    const QString& Time() const { return time_; }
 
 Q_SIGNALS:
     /// The mouse has dragged the line to `x` of the parent.
@@ -44,6 +48,9 @@ protected:
 
 private:
     QString caption_;
+    QString time_;
+    int row_ = 0;
+    int lastRow_ = 0;
     Half half_;
     Side side_;
     int lineX_ = 0;   ///< of the line, within this widget

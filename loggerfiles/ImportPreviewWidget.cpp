@@ -3,6 +3,7 @@
 #include "loggerfiles/ImportHandleWidget.h"
 #include "loggerfiles/ImportTexts.h"
 #include "loggerfiles/PreviewCurve.h"
+#include "widgets/AccessibleRole.h"
 #include "widgets/QtTexts.h"
 
 #include <QEvent>
@@ -44,6 +45,7 @@ std::size_t IndexOf(ImportHandle handle) {
 ImportPreviewWidget::ImportPreviewWidget(QWidget* parent)
     : QWidget(parent) {
     setObjectName(QStringLiteral("ImportPreview"));
+    SetAccessibleRole(this, QAccessible::Chart);
     setAccessibleName(QStringLiteral("The whole record, reading against time"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     for (std::size_t i = 0; i < ImportHandleCount; ++i)
@@ -134,7 +136,9 @@ void ImportPreviewWidget::PlaceHandles() {
             const int x = std::clamp(ColumnOfRow(*marks_[i]), plot.left(), plot.right());
             handles_[i]->PlaceAt(x, plot);
             const std::int64_t time = plan_->readings->Times()[*marks_[i]];
-            handles_[i]->ShowTime(ToQString(RecordTimeText(plan_->file->reading.record, time)));
+            handles_[i]->ShowRow(static_cast<int>(*marks_[i]),
+                                 static_cast<int>(plan_->RowCount()) - 1,
+                                 ToQString(RecordTimeText(plan_->file->reading.record, time)));
         }
         handles_[i]->setVisible(shown);
     }

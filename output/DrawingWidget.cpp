@@ -4,6 +4,7 @@
 #include "output/OutputFile.h"
 #include "output/PlotExport.h"
 #include "project/ProjectFileDialogs.h"
+#include "widgets/AccessibleRole.h"
 #include "widgets/MessageBoxes.h"
 
 #include <QAction>
@@ -84,6 +85,7 @@ DrawingWidget::DrawingWidget(const FileOnDisk& project, QWidget* parent)
     setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
+    SetAccessibleRole(this, QAccessible::Chart);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 
@@ -182,8 +184,8 @@ void DrawingWidget::SaveAsPicture() {
                     static_cast<std::size_t>(std::max<qsizetype>(0, filters.indexOf(filter)));
                 dialog.setDefaultSuffix(QLatin1String(PictureKinds[kind].ending));
             });
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
     SuggestName(dialog, SuggestedFileName(project_, nameEnding_));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return;
     const QString path = dialog.selectedFiles().constFirst();
     SaveOutput({this, project_, [this](const QString& said) { Q_EMIT Told(said); }},

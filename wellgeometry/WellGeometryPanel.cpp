@@ -100,6 +100,7 @@ QComboBox* WellGeometryPanel::AddUnitList(const QString& name, const QString& ca
         Q_EMIT Edited();
     });
     auto* label = new QLabel(caption, this);
+    label->setAccessibleName(accessibleName);
     label->setBuddy(list);
     grid.addWidget(label, grid.rowCount(), 0);
     grid.addWidget(list, grid.rowCount() - 1, 1);

@@ -1,5 +1,7 @@
 #include "wellgeometry/WellSectionPicture.h"
 
+#include "widgets/AccessibleRole.h"
+
 #include <QEvent>
 #include <QFile>
 #include <QPainter>
@@ -92,6 +94,7 @@ WellSectionPicture::WellSectionPicture(const QString& resourcePath, QWidget* par
     : QWidget(parent) {
     RegisterPictures();
     drawing = ReadDrawing(resourcePath);
+    SetAccessibleRole(this, QAccessible::Graphic);
     setAccessibleName(ElementText(drawing, QLatin1StringView("title")));
     setAccessibleDescription(ElementText(drawing, QLatin1StringView("desc")));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
