@@ -2,12 +2,14 @@
 
 #include "kcompute/Computation.h"
 #include "kcompute/ComputeK.h"
+#include "kcompute/KLabel.h"
 #include "kcompute/KText.h"
 #include "kcompute/UseIgnoreGrid.h"
 #include "output/PlotWidget.h"
 #include "project/FixedLists.h"
 #include "project/Result.h"
 #include "widgets/ChoiceList.h"
+#include "widgets/Colours.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
 #include "widgets/StaleLabel.h"
@@ -30,13 +32,10 @@ namespace quarnel {
 
 namespace {
 
-/// How much of the text's colour the grey of an old K keeps.
-constexpr double GreyPart = 0.6;
-
-/// What the circles of the plot mean, in words and in their colours.
+/// What the circles of the plot mean, in words, filled or empty, and in their colours.
 QLabel* BuildLegend(QWidget* parent) {
     auto* legend = new QLabel(
-        QStringLiteral("<span style='color:#ff0000'>\u25cb</span> used in the fit &nbsp; "
+        QStringLiteral("<span style='color:#ff0000'>\u25cf</span> used in the fit &nbsp; "
                        "<span style='color:#0000ff'>\u25cb</span> not used"),
         parent);
     legend->setTextFormat(Qt::RichText);
@@ -61,6 +60,7 @@ ComputePanel::ComputePanel(Analysis& analysis, QWidget* parent)
     StaleText = new StaleLabel(QStringLiteral("StaleText"), ToQString(NotCurrentMessage), this);
     layout->addWidget(StaleText);
     layout->addLayout(BuildCommands());
+    Plot1->FollowGrid(*RecDatWeightGrid);
     SetFirstControl(RecDatWeightGrid);
     // Keys of the window work while this page is seen, wherever the keyboard is.
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter})
@@ -73,9 +73,9 @@ ComputePanel::ComputePanel(Analysis& analysis, QWidget* parent)
 
 /// As the page is read: the plot, the marks, then the commands with the units of K among them.
 void ComputePanel::SetTabOrder() {
-    const std::array<QWidget*, 8> read = {
-        Plot1,          RecDatWeightGrid, CmdComputeK,  CmboKLengthUnits,
-        CmboKTimeUnits, CmdDetails,       CmdPrintPlot, CmdPrtSummary};
+    const std::array<QWidget*, 9> read = {Plot1,          RecDatWeightGrid, CmdComputeK,
+                                          ComputedKLabel, CmboKLengthUnits, CmboKTimeUnits,
+                                          CmdDetails,     CmdPrintPlot,     CmdPrtSummary};
     for (std::size_t i = 1; i < read.size(); ++i)
         setTabOrder(read[i - 1], read[i]);
 }
@@ -97,9 +97,9 @@ QWidget* ComputePanel::BuildMarkSide() {
     layout->setContentsMargins(0, 0, 0, 0);
     RecDatWeightGrid = new UseIgnoreGrid(analysis_.state, analysis_.working, marks_, side);
     connect(RecDatWeightGrid, &UseIgnoreGrid::MarksChanged, this, &ComputePanel::Edited);
-    const QString keys =
-        QStringLiteral("Select cells of the Criteria column, then press U (capital) for Use, "
-                       "I (capital) for Ignore, or the space bar to turn them over.");
+    const QString keys = QStringLiteral(
+        "Select cells of the Criteria column, or points on the plot, then press U (capital) for "
+        "Use, I (capital) for Ignore, or the space bar to turn them over.");
     RecDatWeightGrid->setToolTip(keys);
     layout->addWidget(RecDatWeightGrid, 1);
     auto* hint =
@@ -121,12 +121,10 @@ QPushButton* ComputePanel::AddCommand(const QString& name, const QString& text,
 QBoxLayout* ComputePanel::BuildKDisplay() {
     auto* caption = new QLabel(QStringLiteral("&K ="), this);
     caption->setToolTip(QStringLiteral("Hydraulic conductivity"));
-    ComputedKLabel = new QLabel(this);
-    ComputedKLabel->setObjectName(QStringLiteral("ComputedKLabel"));
-    ComputedKLabel->setAccessibleName(QStringLiteral("Hydraulic conductivity"));
-    ComputedKLabel->setToolTip(QStringLiteral("Hydraulic conductivity K in the chosen units"));
+    ComputedKLabel = new KLabel(this);
+    ComputedKLabel->setToolTip(QStringLiteral("Hydraulic conductivity K in the chosen units. "
+                                              "Right click to copy it with its unit."));
     ComputedKLabel->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    ComputedKLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
     ComputedKLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     QFont bold = ComputedKLabel->font();
     bold.setBold(true);
@@ -210,8 +208,8 @@ void ComputePanel::ShowHeadings() {
 
 void ComputePanel::ShowStale(bool stale) {
     StaleText->ShowStale(stale);
-    // Greyed as text that does not hold now, yet readable and to be copied.
-    ComputedKLabel->setForegroundRole(stale ? QPalette::PlaceholderText : QPalette::WindowText);
+    ComputedKLabel->ShowStale(stale);
+    Plot1->ShowStale(stale);
 }
 
 void ComputePanel::UseOnly(const std::vector<std::size_t>& points) {
@@ -222,13 +220,9 @@ void ComputePanel::UseOnly(const std::vector<std::size_t>& points) {
 
 /// The grey of the desktop's placeholders is too pale for a number that someone may have to read.
 void ComputePanel::MakeGrey() {
-    const QColor text = palette().color(QPalette::WindowText);
-    const QColor ground = palette().color(QPalette::Window);
-    const auto mix = [](int of, int with) { return qRound(of * GreyPart + with * (1 - GreyPart)); };
     QPalette greyed;
-    greyed.setColor(QPalette::PlaceholderText,
-                    QColor(mix(text.red(), ground.red()), mix(text.green(), ground.green()),
-                           mix(text.blue(), ground.blue())));
+    greyed.setColor(QPalette::PlaceholderText, Dimmed(palette().color(QPalette::WindowText),
+                                                      palette().color(QPalette::Window)));
     ComputedKLabel->setPalette(greyed);
 }
 
@@ -277,7 +271,10 @@ void ComputePanel::ChooseKTime(int index) {
 }
 
 void ComputePanel::ShowK() {
-    ComputedKLabel->setText(ToQString(ShowComputedK(analysis_.state, analysis_.computation.get())));
+    const QString k = ToQString(ShowComputedK(analysis_.state, analysis_.computation.get()));
+    const QString unit = ToQString(KUnitText(analysis_.state));
+    ComputedKLabel->ShowK(k, unit);
+    Plot1->ShowK(k.isEmpty() ? QString() : k + QLatin1Char(' ') + unit);
 }
 
 } // namespace quarnel

@@ -10,11 +10,11 @@
 class QAction;
 class QBoxLayout;
 class QComboBox;
-class QLabel;
 class QPushButton;
 
 namespace quarnel {
 
+class KLabel;
 class PlotWidget;
 class StaleLabel;
 class UseIgnoreGrid;
@@ -70,7 +70,7 @@ private:
     PlotWidget* Plot1 = nullptr;
     UseIgnoreGrid* RecDatWeightGrid = nullptr;
     QPushButton* CmdComputeK = nullptr;
-    QLabel* ComputedKLabel = nullptr;
+    KLabel* ComputedKLabel = nullptr;
     StaleLabel* StaleText = nullptr;
     QComboBox* CmboKLengthUnits = nullptr;
     QComboBox* CmboKTimeUnits = nullptr;

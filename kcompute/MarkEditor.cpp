@@ -7,31 +7,25 @@
 
 namespace quarnel {
 
-namespace {
-
-bool AreSameReadings(const RecoveryPointList& a, const RecoveryPointList& b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](const RecoveryPoint& x, const RecoveryPoint& y) {
-                          return x.timeText.View() == y.timeText.View() &&
-                                 x.levelText.View() == y.levelText.View();
-                      });
-}
-
-} // namespace
-
 MarkEditor::MarkEditor(ProjectState& state, WorkingValues& working)
     : state_(state)
     , working_(working) {}
 
 void MarkEditor::Press(MarkKey key, std::size_t first, std::size_t last) {
+    Press(key, PointRuns{PointRun{first, last}});
+}
+
+void MarkEditor::Press(MarkKey key, const PointRuns& runs) {
     const std::vector<Mark>& marks = working_.marks;
-    if (first >= marks.size())
+    if (runs.empty() || runs.front().first >= marks.size())
         return;
-    const std::size_t end = std::min(last + 1, marks.size());
+    const std::size_t first = runs.front().first;
+    const std::size_t end = std::min(runs.back().last + 1, marks.size());
     std::vector<Mark> pressed(marks.begin() + static_cast<std::ptrdiff_t>(first),
                               marks.begin() + static_cast<std::ptrdiff_t>(end));
-    for (Mark& mark : pressed)
-        mark = MarkAfter(key, mark);
+    for (const PointRun& run : runs)
+        for (std::size_t k = run.first; k <= run.last && k < end; ++k)
+            pressed[k - first] = MarkAfter(key, pressed[k - first]);
     Take(first, pressed);
 }
 
@@ -49,7 +43,7 @@ void MarkEditor::Take(std::size_t first, const std::vector<Mark>& marks) {
         const std::size_t k = first + i;
         if (marks[i] == working_.marks[k])
             continue;
-        Runs& runs = marks[i] == Mark::Use ? step.toUse : step.toIgnore;
+        PointRuns& runs = marks[i] == Mark::Use ? step.toUse : step.toIgnore;
         if (!runs.empty() && runs.back().last + 1 == k)
             runs.back().last = k;
         else
@@ -63,11 +57,11 @@ void MarkEditor::Take(std::size_t first, const std::vector<Mark>& marks) {
     redo_.clear();
 }
 
-void MarkEditor::Set(const Runs& toUse, const Runs& toIgnore) {
+void MarkEditor::Set(const PointRuns& toUse, const PointRuns& toIgnore) {
     std::vector<Mark> marks = working_.marks;
     for (const auto& [runs, mark] :
          {std::pair(&toUse, Mark::Use), std::pair(&toIgnore, Mark::Ignore)})
-        for (const Run& run : *runs)
+        for (const PointRun& run : *runs)
             std::fill(marks.begin() + static_cast<std::ptrdiff_t>(run.first),
                       marks.begin() + static_cast<std::ptrdiff_t>(run.last) + 1, mark);
     SetMarks(state_.IgnoreKeyList, *working_.recovery.RecoveryPoints, working_.marks, 0, marks);

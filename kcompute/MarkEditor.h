@@ -10,6 +10,15 @@
 
 namespace quarnel {
 
+/// The points first..last, both included, counted from 0.
+struct PointRun {
+    std::size_t first = 0;
+    std::size_t last = 0;
+    friend bool operator==(const PointRun&, const PointRun&) = default;
+};
+/// Points as runs that rise and do not touch.
+using PointRuns = std::vector<PointRun>;
+
 /// Changes the marks of the prepared points, each command as one step that can be undone, and
 /// carries every change into the ignore keys of the project at once. The steps hold as long as the
 /// points are the same readings: a look at another tab keeps them, an edited reading ends them.
@@ -19,6 +28,8 @@ public:
 
     /// Applies a key to the points first..last (counted from 0, cut to the points there are).
     void Press(MarkKey key, std::size_t first, std::size_t last);
+    /// The same for several runs, as one step.
+    void Press(MarkKey key, const PointRuns& runs);
     /// "Use" for these points (rising, counted from 0), "Ignore" for all others.
     void UseOnly(const std::vector<std::size_t>& points);
 
@@ -31,22 +42,16 @@ public:
     void PointsWereMade();
 
 private:
-    /// Points first..last, both included.
-    struct Run {
-        std::size_t first = 0;
-        std::size_t last = 0;
-    };
-    using Runs = std::vector<Run>;
     /// What one command changed.
     struct Step {
-        Runs toUse;
-        Runs toIgnore;
+        PointRuns toUse;
+        PointRuns toIgnore;
     };
 
     /// Takes over marks of points `first` on; one step of the history unless nothing changes.
     void Take(std::size_t first, const std::vector<Mark>& marks);
     /// Gives the points of a step other marks, all at once.
-    void Set(const Runs& toUse, const Runs& toIgnore);
+    void Set(const PointRuns& toUse, const PointRuns& toIgnore);
 
     ProjectState& state_;
     WorkingValues& working_;

@@ -49,6 +49,14 @@ std::string IgnoreKey(const RecoveryPoint& point) {
     return std::string(TrimBlanks(key));
 }
 
+bool AreSameReadings(const RecoveryPointList& a, const RecoveryPointList& b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](const RecoveryPoint& x, const RecoveryPoint& y) {
+                          return x.timeText.View() == y.timeText.View() &&
+                                 x.levelText.View() == y.levelText.View();
+                      });
+}
+
 std::vector<Mark> RestoredMarks(const std::vector<std::string>& ignoreKeys,
                                 const RecoveryPointList& points) {
     std::vector<Mark> marks(points.size(), Mark::Use);

@@ -21,6 +21,9 @@ std::string_view MarkText(Mark mark);
 /// text, trimmed. Different points can share a key ("1" with "59.41", "15" with "9.41").
 std::string IgnoreKey(const RecoveryPoint& point);
 
+/// Whether both lists hold the same readings, as typed and in the same order.
+bool AreSameReadings(const RecoveryPointList& a, const RecoveryPointList& b);
+
 /// The mark of each point: "Ignore" for the first point of each key of the list, "Use" for all
 /// others. A key that matches no point stays in the list until the next gathering.
 std::vector<Mark> RestoredMarks(const std::vector<std::string>& ignoreKeys,

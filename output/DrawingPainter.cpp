@@ -127,6 +127,16 @@ QPointF CentreOf(const DrawingCircle& circle) {
     return {std::round(circle.x), std::round(circle.y)};
 }
 
+/// Below all outlines: no ring of an ignored point vanishes under the points beside it.
+void PaintFills(QPainter& painter, const Drawing& drawing, const QColor& fill) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(fill);
+    for (const DrawingCircle& circle : drawing.circles)
+        if (circle.colour == DrawingColour::Red)
+            painter.drawEllipse(CentreOf(circle), circle.radius, circle.radius);
+    painter.setBrush(Qt::NoBrush);
+}
+
 void PaintCircles(QPainter& painter, const Drawing& drawing, const Inks& inks) {
     painter.setBrush(Qt::NoBrush);
     if (inks.halo.isValid()) {
@@ -134,6 +144,8 @@ void PaintCircles(QPainter& painter, const Drawing& drawing, const Inks& inks) {
         for (const DrawingCircle& circle : drawing.circles)
             painter.drawEllipse(CentreOf(circle), circle.radius, circle.radius);
     }
+    if (inks.usedFill.isValid())
+        PaintFills(painter, drawing, inks.usedFill);
     std::optional<DrawingColour> current;
     for (const DrawingCircle& circle : drawing.circles) {
         // A vector file repeats the pen at every change: thousands of points would double in size.

@@ -14,7 +14,8 @@ struct Inks {
     QColor grid = QColor(208, 208, 208);
     QColor grey = QColor(128, 128, 128);
     QColor band = QColor(253, 243, 208);
-    QColor halo;        ///< around circles, where their colours are hard to see; invalid for none
+    QColor halo;     ///< around circles, where their colours are hard to see; invalid for none
+    QColor usedFill; ///< inside of red circles, which tells them without colour; invalid for none
     QString fontFamily; ///< empty for the painter's own
 };
 

@@ -5,6 +5,7 @@
 #include "output/PlotExport.h"
 #include "project/ProjectFileDialogs.h"
 #include "widgets/AccessibleRole.h"
+#include "widgets/Colours.h"
 #include "widgets/MessageBoxes.h"
 
 #include <QAction>
@@ -59,11 +60,6 @@ private:
     }
 };
 
-QColor Between(const QColor& a, const QColor& b, double part) {
-    const auto mix = [part](int from, int to) { return qRound(from + (to - from) * part); };
-    return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
-}
-
 Inks InksOf(const QPalette& palette) {
     const QColor base = palette.color(QPalette::Base);
     Inks inks;
@@ -74,6 +70,7 @@ Inks InksOf(const QPalette& palette) {
     // Pure blue drowns in a dark surface.
     if (base.lightness() < inks.ink.lightness())
         inks.halo = Between(base, inks.ink, 0.55);
+    inks.usedFill = Qt::red;
     return inks;
 }
 
@@ -120,12 +117,44 @@ void DrawingWidget::DrawAgain() {
     drawing_ = draw_ ? draw_(size.width(), size.height()) : Drawing();
     copy_->setEnabled(!drawing_.IsEmpty());
     save_->setEnabled(!drawing_.IsEmpty());
+    picture_ = QPixmap();
     update();
 }
+
+QPointF DrawingWidget::ToTwips(QPointF position) const {
+    return (position - contentsRect().topLeft()) * TwipsPerPixel();
+}
+
+QPointF DrawingWidget::ToPixels(double x, double y) const {
+    return contentsRect().topLeft() + QPointF(x, y) / TwipsPerPixel();
+}
+
+const QPixmap& DrawingWidget::Picture() {
+    const double ratio = devicePixelRatioF();
+    const QSize size = (QSizeF(this->size()) * ratio).toSize();
+    if (picture_.size() == size && picture_.devicePixelRatio() == ratio)
+        return picture_;
+    ++timesPainted_;
+    picture_ = QPixmap(size);
+    picture_.setDevicePixelRatio(ratio);
+    // On the ground, not on nothing: letters are smoothed for what lies below them.
+    picture_.fill(palette().color(backgroundRole()));
+    QPainter painter(&picture_);
+    painter.setFont(font());
+    painter.translate(contentsRect().topLeft());
+    painter.scale(1 / TwipsPerPixel(), 1 / TwipsPerPixel());
+    PaintDrawing(painter, drawing_, InksOf(palette()));
+    return picture_;
+}
+
+void DrawingWidget::PaintOver(QPainter&) {}
 
 void DrawingWidget::paintEvent(QPaintEvent* event) {
     QFrame::paintEvent(event);
     QPainter painter(this);
+    painter.setClipRect(contentsRect());
+    if (!drawing_.IsEmpty())
+        painter.drawPixmap(0, 0, Picture());
     if (hasFocus()) {
         QStyleOptionFocusRect option;
         option.initFrom(this);
@@ -135,15 +164,19 @@ void DrawingWidget::paintEvent(QPaintEvent* event) {
     }
     if (!draw_)
         painter.drawText(contentsRect(), Qt::AlignCenter | Qt::TextWordWrap, sentence_);
-    painter.setClipRect(contentsRect());
-    painter.translate(contentsRect().topLeft());
-    painter.scale(1 / TwipsPerPixel(), 1 / TwipsPerPixel());
-    PaintDrawing(painter, drawing_, InksOf(palette()));
+    PaintOver(painter);
 }
 
 void DrawingWidget::resizeEvent(QResizeEvent* event) {
     QFrame::resizeEvent(event);
     DrawAgain();
+}
+
+void DrawingWidget::changeEvent(QEvent* event) {
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange ||
+        event->type() == QEvent::StyleChange)
+        picture_ = QPixmap();
 }
 
 void DrawingWidget::contextMenuEvent(QContextMenuEvent* event) {

@@ -4,14 +4,15 @@
 #include "project/FileOnDisk.h"
 
 #include <QFrame>
+#include <QPixmap>
 #include <functional>
 
 class QAction;
 
 namespace quarnel {
 
-/// An area that shows a drawing, made anew for every size of the area. Its context menu copies the
-/// drawing or saves it as a picture.
+/// An area that shows a drawing, made anew for every size of the area and painted once: what moves
+/// over it is painted on its picture. Its context menu copies the drawing or saves it as a picture.
 class DrawingWidget : public QFrame {
     Q_OBJECT
 public:
@@ -29,6 +30,8 @@ public:
 
     /// What is shown, in twips; empty where there is nothing to draw.
     const Drawing& Shown() const { return drawing_; }
+    /// How often the drawing was painted. What moves over it must not make this grow.
+    int TimesPainted() const { return timesPainted_; }
 
 Q_SIGNALS:
     /// A picture went into a file or could not be written; `said` names the file.
@@ -37,18 +40,25 @@ Q_SIGNALS:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
     QSize PixelsOf(int widthTwips, int heightTwips) const;
     void DrawAgain();
+    double TwipsPerPixel() const;
+    /// A position in this widget on the surface of the drawing (twips), and back.
+    QPointF ToTwips(QPointF position) const;
+    QPointF ToPixels(double x, double y) const;
+    /// Paints what stands over the drawing on screen alone, in pixels of this widget.
+    virtual void PaintOver(QPainter& painter);
 
     QAction* copy_ = nullptr;
     QAction* save_ = nullptr;
 
 private:
-    double TwipsPerPixel() const;
+    const QPixmap& Picture();
     void Copy();
     void SaveAsPicture();
 
@@ -57,6 +67,8 @@ private:
     DrawFor draw_;
     QString sentence_;
     Drawing drawing_;
+    QPixmap picture_; ///< of the drawing as it looks here; null when it is to be painted anew
+    int timesPainted_ = 0;
 };
 
 } // namespace quarnel

@@ -46,8 +46,9 @@ public:
         : contents_(contents)
         , recovery_(contents.recovery)
         , layout_(layout)
-        , low_(std::log10(recovery_.bounds.PlotYAxisMin))
-        , range_(std::log10(recovery_.bounds.PlotYAxisMax) - low_) {
+        , axes_(recovery_.bounds, layout)
+        , low_(axes_.Low())
+        , range_(axes_.Range()) {
         drawing_.width = layout.surfaceWidth;
         drawing_.height = layout.surfaceHeight;
     }
@@ -67,15 +68,10 @@ public:
     }
 
 private:
-    double Right() const { return layout_.left + layout_.plotWidth; }
-    double AxisY() const { return layout_.top + layout_.plotHeight; }
-    double TimeX(double time) const {
-        const double whole = recovery_.bounds.PlotMaxTime;
-        return layout_.left + (whole > 0 ? time / whole * layout_.plotWidth : 0);
-    }
-    double LogY(double log10Y) const {
-        return AxisY() - (log10Y - low_) / range_ * layout_.plotHeight;
-    }
+    double Right() const { return axes_.Right(); }
+    double AxisY() const { return axes_.Bottom(); }
+    double TimeX(double time) const { return axes_.TimeX(time); }
+    double LogY(double log10Y) const { return axes_.LogY(log10Y); }
 
     void Line(double x1, double y1, double x2, double y2, DrawingColour colour, double width) {
         drawing_.lines.push_back({x1, y1, x2, y2, colour, width});
@@ -106,6 +102,7 @@ private:
     const PlotContents& contents_;
     const RecoveryData& recovery_;
     const PlotLayout& layout_;
+    PlotAxes axes_;
     double low_;
     double range_;
     Drawing drawing_;
@@ -271,6 +268,23 @@ PlotLayout ScreenPlotLayout(double areaWidth, double areaHeight) {
     layout.plotWidth = std::max(0.0, areaWidth - RightMargin - LeftMargin);
     layout.plotHeight = std::max(0.0, areaHeight - BottomMargin - TopMargin);
     return layout;
+}
+
+PlotAxes::PlotAxes(const PlotBounds& bounds, const PlotLayout& layout)
+    : maxTime_(bounds.PlotMaxTime)
+    , low_(std::log10(bounds.PlotYAxisMin))
+    , range_(std::log10(bounds.PlotYAxisMax) - low_)
+    , left_(layout.left)
+    , top_(layout.top)
+    , plotWidth_(layout.plotWidth)
+    , plotHeight_(layout.plotHeight) {}
+
+double PlotAxes::TimeX(double time) const {
+    return left_ + (maxTime_ > 0 ? time / maxTime_ * plotWidth_ : 0);
+}
+
+double PlotAxes::LogY(double log10Y) const {
+    return Bottom() - (log10Y - low_) / range_ * plotHeight_;
 }
 
 PlotContents::PlotContents(const Computation& computation)

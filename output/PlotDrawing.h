@@ -34,6 +34,31 @@ enum LabelGroup { TimeLabels = 1, DecadeLabels = 2 };
 /// The layout of the plot area on screen, for an area of the given size.
 PlotLayout ScreenPlotLayout(double areaWidth, double areaHeight);
 
+/// Where times and Y stand on the surface of a plot (twips).
+class PlotAxes {
+public:
+    /// Y runs from log10 of the lower bound to that of the upper one, time from 0 on.
+    PlotAxes(const PlotBounds& bounds, const PlotLayout& layout);
+
+    /// x of a time (entered unit); where the time axis has no length, all stand at its beginning.
+    double TimeX(double time) const;
+    /// y of log10 of a Y (entered unit).
+    double LogY(double log10Y) const;
+
+    double Low() const { return low_; }     ///< log10 of Y at the lower end of its axis
+    double Range() const { return range_; } ///< decades of the Y axis; 0 before any check
+    double Left() const { return left_; }
+    double Top() const { return top_; }
+    double Right() const { return left_ + plotWidth_; }
+    double Bottom() const { return top_ + plotHeight_; }
+
+private:
+    double maxTime_;
+    double low_;
+    double range_;
+    double left_, top_, plotWidth_, plotHeight_;
+};
+
 /// What a plot shows. It refers to its source, which must outlive it.
 struct PlotContents {
     /// A computation: its line, and the points it used told from the others.

@@ -38,6 +38,20 @@ struct Desk {
 const std::vector<RecoveryRow> FiveRows = {
     {"1", "5"}, {"2", "6"}, {"3", "7"}, {"4", "8"}, {"5", "9"}};
 
+TEST(MarkEditor, MarksSeveralRunsAsOneStep) {
+    Desk desk(FiveRows);
+    desk.editor.Press(MarkKey::Ignore, PointRuns{{0, 0}, {2, 3}});
+    EXPECT_EQ(desk.Marks(), "IUIIU");
+    desk.editor.Press(MarkKey::TurnOver, PointRuns{{1, 1}, {3, 99}});
+    EXPECT_EQ(desk.Marks(), "IIIUI");
+    desk.editor.Undo();
+    desk.editor.Undo();
+    EXPECT_EQ(desk.Marks(), "UUUUU");
+    desk.editor.Press(MarkKey::Ignore, PointRuns());
+    desk.editor.Press(MarkKey::Ignore, PointRuns{{5, 7}});
+    EXPECT_FALSE(desk.editor.CanUndo());
+}
+
 TEST(MarkEditor, UndoesAndRedoesEachCommandAsOneStep) {
     Desk desk(FiveRows);
     desk.editor.Press(MarkKey::Ignore, 1, 2);
