@@ -67,10 +67,6 @@ UseIgnoreGrid::UseIgnoreGrid(const ProjectState& state, const WorkingValues& wor
                     QStringLiteral("Ignore")});
 }
 
-QSize UseIgnoreGrid::sizeHint() const {
-    return {minimumWidth(), GridView::sizeHint().height()};
-}
-
 void UseIgnoreGrid::Refill() {
     model_.ShowRows(std::max<std::size_t>(1, working_.recovery.RecoveryPoints->size()));
     // In the column of the marks, so that its keys work as soon as the grid has the focus.

@@ -28,7 +28,6 @@ public:
     void Redo();
     /// The unit lists changed.
     void ShowHeadings() { model_.ShowHeadings(); }
-    QSize sizeHint() const override;
 
 Q_SIGNALS:
     /// The user marked points.

@@ -6,9 +6,10 @@ namespace quarnel {
 
 namespace {
 
-/// From this size on no label runs into another.
+/// In this width no label runs into another, and this height leaves the axes a finger's breadth:
+/// on a small screen with large letters the plot must leave room for K below it.
 constexpr int LeastWidth = 4700;
-constexpr int LeastHeight = 3800;
+constexpr int LeastHeight = 2700;
 constexpr int UsualWidth = 9500;
 constexpr int UsualHeight = 6500;
 

@@ -34,13 +34,17 @@ RecDatCheckGrid::RecDatCheckGrid(const ProjectState& state, QWidget* parent)
     , model_(CheckColumns(state, points_)) {
     setObjectName(QStringLiteral("RecDatCheckGrid"));
     setModel(&model_);
+    SetWidestTexts({QString(), QStringLiteral("100000.00"), QStringLiteral("-1.234567E-05")});
     ClearCheckGrid();
 }
 
 void RecDatCheckGrid::ShowYInCheckGrid(SharedPoints points) {
+    const bool isEmpty = points->empty();
     const std::size_t rows = std::max<std::size_t>(points->size(), 1);
     model_.ShowRows(rows, [this, &points] { points_ = std::move(points); });
-    setCurrentIndex(model_.index(0, TimeColumn));
+    // A selected cell of nothing would be a blue spot without a meaning.
+    if (!isEmpty)
+        setCurrentIndex(model_.index(0, TimeColumn));
 }
 
 void RecDatCheckGrid::ClearCheckGrid() {

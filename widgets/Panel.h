@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLayout>
 #include <QWidget>
 
 namespace quarnel {
@@ -11,6 +12,12 @@ class Panel : public QWidget {
 public:
     using QWidget::QWidget;
     virtual void ShowState() = 0;
+    /// What it cannot do without at this width: the page around scrolls only where that is lacking,
+    /// not where something could merely be larger.
+    int heightForWidth(int width) const override {
+        return layout() != nullptr ? layout()->totalMinimumHeightForWidth(width)
+                                   : QWidget::heightForWidth(width);
+    }
 
 Q_SIGNALS:
     /// Something was changed that a computation or its diagnostics are made from.
