@@ -170,6 +170,40 @@ private Q_SLOTS:
         // What stands on the page beneath must not shine through.
         QVERIFY(panel.autoFillBackground());
     }
+
+    void TheDetailsOpenLargeEnoughForTheirLines() {
+        ScreenProgram program;
+        QTest::mouseClick(&program.Find(u"CmdDetails"_s), Qt::LeftButton);
+        auto& text = program.Find<QPlainTextEdit>(u"SummaryText"_s);
+        QVERIFY(text.toPlainText().contains(u"Hydraulic Conductivity"_s));
+        int shown = 0;
+        for (QTextBlock block = text.document()->begin(); block.isValid(); block = block.next()) {
+            QVERIFY2(block.layout()->lineCount() <= 1, qPrintable(block.text()));
+            ++shown;
+        }
+        const QSize screen = text.screen()->availableSize();
+        const QRect window = text.window()->geometry();
+        QVERIFY(QRect(QPoint(), screen).contains(window));
+        // All of the account down to the table of points, however long that is.
+        const int rows = text.viewport()->height() / text.fontMetrics().lineSpacing();
+        QVERIFY(rows >=
+                std::min(shown, screen.height() * 3 / 4 / text.fontMetrics().lineSpacing()));
+    }
+
+    void ALongNameMakesTheDetailsWider() {
+        ScreenProgram program;
+        QTest::mouseClick(&program.Find(u"CmdDetails"_s), Qt::LeftButton);
+        QWidget& details = program.Find(u"ComputedYFrm"_s);
+        const int usual = details.width();
+        details.close();
+        const QString name = QString(100, QLatin1Char('W'));
+        program.State().WellTestIDTxt[WellLabel] = ToUtf8(name);
+        QTest::mouseClick(&program.Find(u"CmdDetails"_s), Qt::LeftButton);
+        QVERIFY(details.width() > usual);
+        auto& text = program.Find<QPlainTextEdit>(u"SummaryText"_s);
+        for (QTextBlock block = text.document()->begin(); block.isValid(); block = block.next())
+            QVERIFY2(block.layout()->lineCount() <= 1, qPrintable(block.text()));
+    }
 };
 
 } // namespace quarnel::windowtest
