@@ -1,5 +1,6 @@
 #pragma once
 
+#include "output/DrawingPainter.h"
 #include "output/PlotDrawing.h"
 #include "project/FileOnDisk.h"
 
@@ -9,6 +10,10 @@
 class QAction;
 
 namespace quarnel {
+
+/// What a drawing is painted with on a screen of this palette: whatever stands for something has a
+/// contrast of 3 to 1 with the ground, by a halo where its own colour, which is fixed, has not.
+Inks ScreenInks(const QPalette& palette);
 
 /// An area that shows a drawing, made anew for every size of the area. Its context menu copies the
 /// drawing or saves it as a picture.
@@ -21,11 +26,14 @@ public:
     /// `project` is the open project, whose file no picture may replace.
     explicit DrawingWidget(const FileOnDisk& project, QWidget* parent = nullptr);
 
-    /// Shows what `draw` makes, or without one only `sentence`.
-    void Show(DrawFor draw, const QString& sentence);
+    /// Shows what `draw` makes, or without one only `sentence`. What `drawLegend` makes is shown
+    /// with it on screen; into pictures it goes where that was asked for.
+    void Show(DrawFor draw, const QString& sentence, DrawFor drawLegend = {});
 
-    /// What is shown, in twips; empty where there is nothing to draw.
+    /// What is shown, in twips and without the legend; empty where there is nothing to draw.
     const Drawing& Shown() const { return drawing_; }
+    /// The legend on screen.
+    const Drawing& ShownLegend() const { return legend_; }
 
 Q_SIGNALS:
     /// A picture could not be written; `said` names its file.
@@ -43,16 +51,21 @@ protected:
 
     QAction* copy_ = nullptr;
     QAction* save_ = nullptr;
+    /// Checked: pictures carry the legend. For the menu of who has a legend.
+    QAction* legendOnPictures_ = nullptr;
 
 private:
     double TwipsPerPixel() const;
+    Drawing ForPictures() const;
     void Copy();
     void SaveAsPicture();
 
     const FileOnDisk& project_;
     DrawFor draw_;
+    DrawFor drawLegend_;
     QString sentence_;
     Drawing drawing_;
+    Drawing legend_;
 };
 
 } // namespace quarnel

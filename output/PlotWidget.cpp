@@ -1,5 +1,7 @@
 #include "output/PlotWidget.h"
 
+#include "output/PlotLegend.h"
+
 #include <QAction>
 
 namespace quarnel {
@@ -33,7 +35,7 @@ PlotWidget::PlotWidget(const FileOnDisk& project, QWidget* parent)
     headRange_->setObjectName(QStringLiteral("ShowHeadRange"));
     headRange_->setCheckable(true);
     connect(headRange_, &QAction::toggled, this, &PlotWidget::DrawAgain);
-    addActions({separator, headRange_});
+    addActions({separator, headRange_, legendOnPictures_});
     ShowComputation(nullptr);
 }
 
@@ -57,7 +59,11 @@ void PlotWidget::ShowComputation(ComputationPtr computation) {
             layout.showHeadRange = headRange_->isChecked();
             return DrawPlot(PlotContents(*computation), layout);
         },
-        QString());
+        QString(),
+        [](double areaWidth, double areaHeight) {
+            const PlotLayout layout = ScreenPlotLayout(areaWidth, areaHeight);
+            return DrawLegend(layout, layout.top / 2);
+        });
 }
 
 } // namespace quarnel

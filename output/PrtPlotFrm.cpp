@@ -8,6 +8,7 @@
 #include "widgets/StaleLabel.h"
 #include "widgets/TextBox.h"
 
+#include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QPushButton>
@@ -38,6 +39,11 @@ PrtPlotFrm::PrtPlotFrm(Analysis& analysis, QWidget* parent)
         rows->addWidget(box);
     }
     label->setBuddy(PlotText[0]);
+    legendOnPage_ = new QCheckBox(QStringLiteral("&Legend on the Page"));
+    legendOnPage_->setObjectName(QStringLiteral("LegendOnPage"));
+    legendOnPage_->setToolTip(
+        QStringLiteral("Print below K which circles stand for the points used in the fit"));
+    rows->addWidget(legendOnPage_);
     auto* buttons = new QDialogButtonBox;
     auto* print = buttons->addButton(QStringLiteral("&Print"), QDialogButtonBox::ActionRole);
     print->setObjectName(QStringLiteral("CmdPrtPlot"));
@@ -65,8 +71,9 @@ void PrtPlotFrm::ShowState() {
 void PrtPlotFrm::Print() {
     const bool done = PrintDocument(
         {this, analysis_.file, [this](const QString& said) { Q_EMIT FileFailed(said); }},
-        QStringLiteral("Slug test plot"),
-        [this](const Paper& paper) { return PlotPages(analysis_, paper); });
+        QStringLiteral("Slug test plot"), [this](const Paper& paper) {
+            return PlotPages(analysis_, paper, legendOnPage_->isChecked());
+        });
     if (done)
         hide();
 }

@@ -5,6 +5,8 @@
 #include <QDialog>
 #include <array>
 
+class QCheckBox;
+
 namespace quarnel {
 
 class StaleLabel;
@@ -30,6 +32,7 @@ private:
     Analysis& analysis_;
     StaleLabel* stale_ = nullptr;
     std::array<TextBox*, 3> PlotText = {};
+    QCheckBox* legendOnPage_ = nullptr;
 };
 
 } // namespace quarnel

@@ -95,8 +95,9 @@ private Q_SLOTS:
                     enabled << action->text();
             }
         });
-        QCOMPARE(captions, QStringList({u"&Copy"_s, u"&Save as Picture..."_s,
-                                        u"Show &Head Range 0.20-0.30"_s, u"&Diagnostics"_s}));
+        QCOMPARE(captions,
+                 QStringList({u"&Copy"_s, u"&Save as Picture..."_s, u"Show &Head Range 0.20-0.30"_s,
+                              u"&Legend on Pictures"_s, u"&Diagnostics"_s}));
         QCOMPARE(enabled, QStringList({u"&Diagnostics"_s}));
         QTest::keyClick(&program.Plot(), Qt::Key_C, Qt::ControlModifier);
         QVERIFY(!CopiedAnImage());
