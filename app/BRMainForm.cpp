@@ -71,6 +71,10 @@ BRMainForm::BRMainForm(QWidget* parent)
     setObjectName(QStringLiteral("BRMainForm"));
     auto* centre = new QWidget;
     auto* rows = new QVBoxLayout(centre);
+    // The status bar is margin enough.
+    QMargins margins = rows->contentsMargins();
+    margins.setBottom(0);
+    rows->setContentsMargins(margins);
     BuildTabStrip(rows);
     BuildPanels(rows);
     setCentralWidget(centre);

@@ -12,6 +12,7 @@
 #include "widgets/Colours.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
+#include "widgets/ReflowLayout.h"
 #include "widgets/StaleLabel.h"
 
 #include <QComboBox>
@@ -21,10 +22,9 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
-#include <QSplitter>
+#include <QStyle>
 #include <array>
 #include <cstddef>
-#include <initializer_list>
 #include <string_view>
 #include <vector>
 
@@ -32,15 +32,8 @@ namespace quarnel {
 
 namespace {
 
-/// What the circles of the plot mean, in words, filled or empty, and in their colours.
-QLabel* BuildLegend(QWidget* parent) {
-    auto* legend = new QLabel(
-        QStringLiteral("<span style='color:#ff0000'>\u25cf</span> used in the fit &nbsp; "
-                       "<span style='color:#0000ff'>\u25cb</span> not used"),
-        parent);
-    legend->setTextFormat(Qt::RichText);
-    return legend;
-}
+/// Of spare width the plot takes so many parts, the grid beside it one.
+constexpr int PlotStretch = 3;
 
 } // namespace
 
@@ -48,18 +41,19 @@ ComputePanel::ComputePanel(Analysis& analysis, QWidget* parent)
     : Panel(parent)
     , analysis_(analysis)
     , marks_(analysis.state, analysis.working) {
-    auto* splitter = new QSplitter(Qt::Horizontal, this);
-    splitter->setChildrenCollapsible(false);
-    splitter->addWidget(BuildPlotSide());
-    splitter->addWidget(BuildMarkSide());
-    splitter->setStretchFactor(0, 1);
-    splitter->setStretchFactor(1, 0);
-
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(splitter, 1);
     StaleText = new StaleLabel(QStringLiteral("StaleText"), ToQString(NotCurrentMessage), this);
-    layout->addWidget(StaleText);
-    layout->addLayout(BuildCommands());
+    auto* layout = new ReflowLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    Plot1 = new PlotWidget(analysis_.file, this);
+    connect(Plot1, &PlotWidget::Told, this, &ComputePanel::Told);
+    enum Part : std::size_t { PlotPart, MarksPart, StalePart, CommandsPart };
+    layout->Add(Plot1, PlotStretch);
+    layout->Add(BuildMarkSide(), 1);
+    layout->Add(StaleText, 1);
+    layout->Add(BuildCommands(), 1);
+    // On a narrow page K stands right below the plot, so that both are seen at once.
+    layout->Arrange({{{PlotPart, MarksPart}, {StalePart}, {CommandsPart}},
+                     {{PlotPart}, {CommandsPart}, {StalePart}, {MarksPart}}});
     Plot1->FollowGrid(*RecDatWeightGrid);
     SetFirstControl(RecDatWeightGrid);
     // Keys of the window work while this page is seen, wherever the keyboard is.
@@ -80,22 +74,9 @@ void ComputePanel::SetTabOrder() {
         setTabOrder(read[i - 1], read[i]);
 }
 
-QWidget* ComputePanel::BuildPlotSide() {
-    auto* side = new QWidget(this);
-    auto* layout = new QVBoxLayout(side);
-    layout->setContentsMargins(0, 0, 0, 0);
-    Plot1 = new PlotWidget(analysis_.file, side);
-    connect(Plot1, &PlotWidget::Told, this, &ComputePanel::Told);
-    layout->addWidget(Plot1, 1);
-    layout->addWidget(BuildLegend(side), 0, Qt::AlignHCenter);
-    return side;
-}
-
-QWidget* ComputePanel::BuildMarkSide() {
-    auto* side = new QWidget(this);
-    auto* layout = new QVBoxLayout(side);
-    layout->setContentsMargins(0, 0, 0, 0);
-    RecDatWeightGrid = new UseIgnoreGrid(analysis_.state, analysis_.working, marks_, side);
+QBoxLayout* ComputePanel::BuildMarkSide() {
+    auto* layout = new QVBoxLayout;
+    RecDatWeightGrid = new UseIgnoreGrid(analysis_.state, analysis_.working, marks_, this);
     connect(RecDatWeightGrid, &UseIgnoreGrid::MarksChanged, this, &ComputePanel::Edited);
     const QString keys = QStringLiteral(
         "Select cells of the Criteria column, or points on the plot, then press U (capital) for "
@@ -103,11 +84,11 @@ QWidget* ComputePanel::BuildMarkSide() {
     RecDatWeightGrid->setToolTip(keys);
     layout->addWidget(RecDatWeightGrid, 1);
     auto* hint =
-        new QLabel(QStringLiteral("Shift+U: Use   Shift+I: Ignore   Space: the other"), side);
+        new QLabel(QStringLiteral("Shift+U: Use   Shift+I: Ignore   Space: the other"), this);
     hint->setToolTip(keys);
     hint->setWordWrap(true);
     layout->addWidget(hint);
-    return side;
+    return layout;
 }
 
 QPushButton* ComputePanel::AddCommand(const QString& name, const QString& text,
@@ -131,7 +112,7 @@ QBoxLayout* ComputePanel::BuildKDisplay() {
     ComputedKLabel->setFont(bold);
     ComputedKLabel->setMargin(3);
     ComputedKLabel->setMinimumWidth(
-        QFontMetrics(bold).horizontalAdvance(QLatin1String("-1.23e-100")));
+        QFontMetrics(bold).horizontalAdvance(QLatin1String("-1.23e-10")));
     const QString tip = QStringLiteral("Unit in which K is shown; K is not computed again");
     CmboKLengthUnits = MakeChoiceList(QStringLiteral("CmboKLengthUnits"), LengthUnitNames, tip,
                                       QStringLiteral("Length unit of K"));
@@ -154,7 +135,7 @@ QBoxLayout* ComputePanel::BuildKDisplay() {
     return row;
 }
 
-QBoxLayout* ComputePanel::BuildCommands() {
+QLayout* ComputePanel::BuildCommands() {
     CmdComputeK = AddCommand(
         QStringLiteral("CmdComputeK"), QStringLiteral("&Compute K/ Plot"),
         QStringLiteral("Fit a line to the points marked Use, compute K and draw the plot "
@@ -171,22 +152,22 @@ QBoxLayout* ComputePanel::BuildCommands() {
     connect(CmdPrintPlot, &QPushButton::clicked, this, &ComputePanel::PrintPlotRequested);
     connect(CmdPrtSummary, &QPushButton::clicked, this, &ComputePanel::SummaryRequested);
 
-    auto* row = new QHBoxLayout;
-    const auto addGroup = [this, row](const QString& title, std::initializer_list<QWidget*> widgets,
-                                      QBoxLayout* display) {
+    auto* groups = new ReflowLayout;
+    const auto addGroup = [this, groups](const QString& title) {
         auto* group = new QGroupBox(title, this);
-        auto* inner = new QHBoxLayout(group);
-        for (QWidget* widget : widgets)
-            inner->addWidget(widget);
-        if (display != nullptr)
-            inner->insertLayout(1, display);
-        row->addWidget(group);
+        groups->Add(group);
+        auto* inner = new ReflowLayout(group);
+        const int margin = style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing);
+        inner->setContentsMargins(margin, margin / 2, margin, margin);
+        return inner;
     };
-    addGroup(QStringLiteral("Hydraulic Conductivity"), {CmdComputeK, CmdDetails}, BuildKDisplay());
-    row->addStretch(1);
-    addGroup(QStringLiteral("Graph"), {CmdPrintPlot}, nullptr);
-    addGroup(QStringLiteral("Print"), {CmdPrtSummary}, nullptr);
-    return row;
+    ReflowLayout* conductivity = addGroup(QStringLiteral("Hydraulic Conductivity"));
+    conductivity->Add(CmdComputeK);
+    conductivity->Add(BuildKDisplay());
+    conductivity->Add(CmdDetails);
+    addGroup(QStringLiteral("Graph"))->Add(CmdPrintPlot);
+    addGroup(QStringLiteral("Print"))->Add(CmdPrtSummary);
+    return groups;
 }
 
 void ComputePanel::ShowState() {

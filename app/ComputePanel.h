@@ -53,9 +53,8 @@ protected:
 private:
     void SetTabOrder();
     void MakeGrey();
-    QWidget* BuildPlotSide();
-    QWidget* BuildMarkSide();
-    QBoxLayout* BuildCommands();
+    QBoxLayout* BuildMarkSide();
+    QLayout* BuildCommands();
     QBoxLayout* BuildKDisplay();
     QPushButton* AddCommand(const QString& name, const QString& text, const QString& toolTip);
 

@@ -3,6 +3,7 @@
 #include "project/FieldTables.h"
 #include "widgets/LabelledBoxes.h"
 #include "widgets/QtTexts.h"
+#include "widgets/ReflowLayout.h"
 #include "widgets/TextBox.h"
 
 #include <QFormLayout>
@@ -42,10 +43,32 @@ constexpr std::array<FieldHelp, 20> Help = {{
     {0, "The professional's certification number; kept for the next new project"},
 }};
 
-QGroupBox* MakeFrame(const QString& caption, QFormLayout* form) {
-    auto* frame = new QGroupBox(caption);
-    frame->setLayout(form);
-    return frame;
+/// How many characters a field usually holds, and down to how many its box may shrink.
+struct FieldRoom {
+    int usual;
+    int least;
+};
+constexpr FieldRoom NameRoom = {40, 14};
+constexpr FieldRoom CityRoom = {20, 12};
+constexpr FieldRoom StateRoom = {10, 7};
+constexpr FieldRoom ZipRoom = {10, 7};
+constexpr FieldRoom NumberRoom = {20, 8};
+
+FieldRoom RoomOf(std::string_view label) {
+    if (label == "City")
+        return CityRoom;
+    if (label == "State")
+        return StateRoom;
+    if (label == "ZIP")
+        return ZipRoom;
+    const bool isNumber = label.ends_with("No.") || label == "Job/Account";
+    return isNumber ? NumberRoom : NameRoom;
+}
+
+/// Whether a field stands behind the one before it instead of below, where there is room: city,
+/// state and ZIP are one line, as on an envelope.
+bool FollowsOnItsLine(std::string_view label) {
+    return label == "State" || label == "ZIP" || label == "Certification No.";
 }
 
 QFormLayout* MakeForm() {
@@ -59,42 +82,71 @@ QFormLayout* MakeForm() {
 SiteIdentificationPanel::SiteIdentificationPanel(ProjectState& state, QWidget* parent)
     : Panel(parent)
     , state_(state) {
-    auto* numbers = MakeForm();
-    auto* site = MakeForm();
-    auto* client = MakeForm();
-    auto* consultant = MakeForm();
-    AddGroup("", numbers);
-    AddGroup("Site Information", site);
-    AddGroup("Client", client);
-    AddGroup("Consultant", consultant);
-
-    auto* sides = new QHBoxLayout;
-    sides->addWidget(MakeFrame(QStringLiteral("Site Information"), site), 1);
-    sides->addWidget(MakeFrame(QStringLiteral("Client"), client), 1);
+    auto* numbers = new ReflowLayout;
+    for (std::size_t i = 0; i < SiteIDFields.size() && SiteIDFields[i].group.empty(); ++i) {
+        QFormLayout* form = MakeForm();
+        AddLine(i, form);
+        numbers->Add(form);
+    }
+    auto* sides = new ReflowLayout;
+    sides->Add(MakeFrame("Site Information"), 1);
+    sides->Add(MakeFrame("Client"), 1);
     auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
     rows->addLayout(numbers);
     rows->addLayout(sides);
-    rows->addWidget(MakeFrame(QStringLiteral("Consultant"), consultant));
+    rows->addWidget(MakeFrame("Consultant"));
     rows->addStretch();
     SetFirstControl(SiteIDText[LustNo]);
 }
 
-void SiteIdentificationPanel::AddGroup(std::string_view group, QFormLayout* form) {
+QGroupBox* SiteIdentificationPanel::MakeFrame(std::string_view group) {
+    QFormLayout* form = MakeForm();
+    ReflowLayout* line = nullptr;
     for (std::size_t i = 0; i < SiteIDFields.size(); ++i) {
         const IdentificationField& field = SiteIDFields[i];
         if (field.group != group)
             continue;
-        const auto index = static_cast<std::size_t>(field.index);
-        const QString number = QString::number(field.index);
-        SiteIDText[index] =
-            new TextBox(state_.SiteIDText[index], QStringLiteral("SiteIDText_") + number);
-        SiteIDLbl[index] =
-            MakeLabel(field.label, Help[i].mnemonic, QStringLiteral("SiteIDLbl_") + number);
-        AddRow(form, SiteIDLbl[index], SiteIDText[index], QString::fromUtf8(Help[i].meaning));
-        SiteIDText[index]->setAccessibleName(ToQString(
-            field.group.empty() ? std::string(field.label)
-                                : std::string(field.group) + ": " + std::string(field.label)));
+        if (!FollowsOnItsLine(field.label)) {
+            line = AddLine(i, form);
+            continue;
+        }
+        MakeField(i);
+        auto* pair = new QHBoxLayout;
+        QLabel* label = SiteIDLbl[static_cast<std::size_t>(field.index)];
+        label->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+        pair->addWidget(label);
+        pair->addWidget(SiteIDText[static_cast<std::size_t>(field.index)]);
+        line->Add(pair, 1);
     }
+    auto* frame = new QGroupBox(ToQString(group));
+    frame->setLayout(form);
+    return frame;
+}
+
+ReflowLayout* SiteIdentificationPanel::AddLine(std::size_t i, QFormLayout* form) {
+    MakeField(i);
+    const auto index = static_cast<std::size_t>(SiteIDFields[i].index);
+    auto* line = new ReflowLayout;
+    line->Add(SiteIDText[index], 1);
+    form->addRow(SiteIDLbl[index], line);
+    return line;
+}
+
+void SiteIdentificationPanel::MakeField(std::size_t i) {
+    const IdentificationField& field = SiteIDFields[i];
+    const auto index = static_cast<std::size_t>(field.index);
+    const QString number = QString::number(field.index);
+    auto* box = new TextBox(state_.SiteIDText[index], QStringLiteral("SiteIDText_") + number);
+    const FieldRoom room = RoomOf(field.label);
+    box->HoldCharacters(room.usual, room.least);
+    box->setAccessibleName(ToQString(field.group.empty() ? std::string(field.label)
+                                                         : std::string(field.group) + ": " +
+                                                               std::string(field.label)));
+    SiteIDText[index] = box;
+    SiteIDLbl[index] =
+        MakeLabel(field.label, Help[i].mnemonic, QStringLiteral("SiteIDLbl_") + number);
+    Join(SiteIDLbl[index], box, QString::fromUtf8(Help[i].meaning));
 }
 
 void SiteIdentificationPanel::ShowState() {

@@ -7,10 +7,12 @@
 #include <string_view>
 
 class QFormLayout;
+class QGroupBox;
 class QLabel;
 
 namespace quarnel {
 
+class ReflowLayout;
 class TextBox;
 
 /// The panel "Site Identification": the site, the client and the consultant as free texts. No text
@@ -22,8 +24,11 @@ public:
     void ShowState() override;
 
 private:
-    /// Adds the fields of one frame, "" for those that stand in none.
-    void AddGroup(std::string_view group, QFormLayout* form);
+    QGroupBox* MakeFrame(std::string_view group);
+    /// Adds a row with one field to `form`; others can follow on its line.
+    ReflowLayout* AddLine(std::size_t i, QFormLayout* form);
+    /// Makes label and box of a field, by its place in SiteIDFields.
+    void MakeField(std::size_t i);
 
     ProjectState& state_;
     /// Both by SiteIDIndex.

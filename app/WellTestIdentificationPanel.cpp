@@ -23,6 +23,10 @@ constexpr std::array<FieldHelp, 6> Help = {{
     {0, "Who made the test in the field: third name"},
 }};
 
+constexpr int NameCharacters = 40;
+constexpr int NumberCharacters = 12; ///< of a date or a volume
+constexpr int LeastCharacters = 10;
+
 } // namespace
 
 WellTestIdentificationPanel::WellTestIdentificationPanel(ProjectState& state, QWidget* parent)
@@ -35,6 +39,7 @@ WellTestIdentificationPanel::WellTestIdentificationPanel(ProjectState& state, QW
     AddFields(form);
     AddSlugVolume(form);
     auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
     rows->addWidget(frame);
     rows->addStretch();
     SetFirstControl(WellTestIDTxt[WellLabel]);
@@ -49,6 +54,8 @@ void WellTestIdentificationPanel::AddFields(QFormLayout* form) {
             new TextBox(state_.WellTestIDTxt[index], QStringLiteral("WellTestIDTxt_") + number);
         WellTestID[index] =
             MakeLabel(field.label, Help[i].mnemonic, QStringLiteral("WellTestID_") + number);
+        const int characters = field.index == TestDate ? NumberCharacters : NameCharacters;
+        WellTestIDTxt[index]->HoldCharacters(characters, LeastCharacters);
         const QString meaning = QString::fromUtf8(Help[i].meaning);
         AddRow(form, WellTestID[index], WellTestIDTxt[index], meaning);
         if (field.label.empty())
@@ -58,6 +65,7 @@ void WellTestIdentificationPanel::AddFields(QFormLayout* form) {
 
 void WellTestIdentificationPanel::AddSlugVolume(QFormLayout* form) {
     VolumeOfSlugText = new TextBox(state_.VolumeOfSlugText, QStringLiteral("VolumeOfSlugText"));
+    VolumeOfSlugText->HoldCharacters(NumberCharacters, LeastCharacters);
     QLabel* label = MakeLabel(SlugVolumeLabel, 'V', QStringLiteral("VolumeOfSlugLbl"));
     AddRow(form, label, VolumeOfSlugText,
            QStringLiteral("Volume of the slug put into or taken out of the well, in litres"));

@@ -11,6 +11,7 @@
 #include "recovery/RecoveryData.h"
 #include "wellgeometry/WellDimensions.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <initializer_list>
@@ -39,15 +40,17 @@ void AddLines(std::string& text, std::initializer_list<std::string_view> lines) 
     }
 }
 
-void AddPoints(std::string& text, const ProjectState& state, const Computation& computation) {
+void AddPoints(std::string& text, const ProjectState& state, const Computation& computation,
+               std::size_t most) {
     const RecoveryPointList& points = *computation.recovery.RecoveryPoints;
-    text.reserve(text.size() + (points.size() + 1) * TableRowSize);
+    const std::size_t count = std::min(points.size(), most);
+    text.reserve(text.size() + (count + 1) * TableRowSize);
     const PointHeadings headings(state, &computation);
     AppendInColumns(
         text, TableColumns,
         {"Sample", headings.time, headings.reading, headings.y, headings.fitY, headings.criteria});
     text += LineEnd;
-    for (std::size_t k = 0; k < points.size(); ++k) {
+    for (std::size_t k = 0; k < count; ++k) {
         const std::string number = std::to_string(k + 1);
         const std::string y = YText(points[k]);
         const std::string fitY = FittedYText(computation, k);
@@ -105,7 +108,8 @@ PointHeadings::PointHeadings(const ProjectState& state, const Computation* compu
     fitY = "Fit Y" + levelUnit;
 }
 
-std::string SummaryText(const ProjectState& state, const Computation* computation) {
+std::string SummaryText(const ProjectState& state, const Computation* computation,
+                        std::size_t mostPoints) {
     std::string text;
     if (computation == nullptr)
         return text;
@@ -126,7 +130,7 @@ std::string SummaryText(const ProjectState& state, const Computation* computatio
                     lines.intercept, SectionGap});
     AddLines(text,
              {"RECOVERY DATA", lines.slugTestType, lines.dataType, lines.staticLevel, SectionGap});
-    AddPoints(text, state, *computation);
+    AddPoints(text, state, *computation, mostPoints);
     return text;
 }
 

@@ -3,6 +3,8 @@
 #include "kcompute/Computation.h"
 #include "project/ProjectState.h"
 
+#include <cstddef>
+#include <limits>
 #include <string>
 
 namespace quarnel {
@@ -34,7 +36,8 @@ struct PointHeadings {
 /// The account of a computation that the details window shows: K in the units chosen in `state`,
 /// well and test as they stand there, the lines of the computation section by section, then the
 /// points with their criteria in columns aligned by characters; each line ended by CR LF. Empty
-/// without a computation.
-std::string SummaryText(const ProjectState& state, const Computation* computation);
+/// without a computation. `mostPoints` cuts the table of points.
+std::string SummaryText(const ProjectState& state, const Computation* computation,
+                        std::size_t mostPoints = std::numeric_limits<std::size_t>::max());
 
 } // namespace quarnel

@@ -13,6 +13,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollBar>
 #include <QSplitter>
 #include <algorithm>
 #include <cstddef>
@@ -24,8 +25,11 @@ namespace quarnel {
 
 namespace {
 
-constexpr int TextColumns = 76;
+/// The text is never opened smaller than this.
+constexpr int TextColumns = 60;
 constexpr int TextLines = 34;
+/// So many points tell how wide and tall the table of points is; no screen holds more lines.
+constexpr std::size_t MeasuredPoints = 200;
 /// What the grid leaves of the text on a small screen.
 constexpr int LeastColumns = 24;
 
@@ -90,33 +94,56 @@ ComputedYFrm::ComputedYFrm(const ProjectState& state, const ComputationPtr& comp
     close->setObjectName(QStringLiteral("CmdClose"));
     connect(close, &QPushButton::clicked, this, &QDialog::hide);
 
-    auto* splitter = new QSplitter(Qt::Horizontal, this);
-    splitter->setChildrenCollapsible(false);
-    splitter->addWidget(SummaryText);
-    splitter->addWidget(ComputeYGrid);
-    splitter->setStretchFactor(0, 1);
+    SummaryText->setMinimumWidth(QFontMetrics(fixed).horizontalAdvance(QLatin1Char('0')) *
+                                 LeastColumns);
+    splitter_ = new QSplitter(Qt::Horizontal, this);
+    splitter_->setChildrenCollapsible(false);
+    splitter_->addWidget(SummaryText);
+    splitter_->addWidget(ComputeYGrid);
+    splitter_->setStretchFactor(0, 1);
+    splitter_->setStretchFactor(1, 0);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
     buttons->addWidget(close);
     stale_ = new StaleLabel(QStringLiteral("DetailsStaleText"), ToQString(NotCurrentMessage), this);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(stale_);
-    layout->addWidget(splitter, 1);
+    layout->addWidget(splitter_, 1);
     layout->addLayout(buttons);
-    FitToTexts();
 }
 
-/// Columns and window as wide as their texts in the font at hand, within the screen.
-void ComputedYFrm::FitToTexts() {
+/// What the text needs so that none of its lines wraps and as many are seen as a screen holds.
+QSize ComputedYFrm::TextSize() const {
+    const QFontMetrics metrics(SummaryText->font());
+    const QString text =
+        ToQString(quarnel::SummaryText(state_, computation_.get(), MeasuredPoints));
+    const QStringList lines = text.split(QStringLiteral("\r\n"));
+    int width = metrics.horizontalAdvance(QLatin1Char('0')) * TextColumns;
+    for (const QString& line : lines)
+        width = std::max(width, metrics.horizontalAdvance(line));
+    const int height = std::max(TextLines, static_cast<int>(lines.size())) * metrics.lineSpacing();
+    const int around =
+        2 * (SummaryText->frameWidth() + qCeil(SummaryText->document()->documentMargin()));
+    return {width + around + SummaryText->verticalScrollBar()->sizeHint().width(), height + around};
+}
+
+QSize ComputedYFrm::sizeHint() const {
+    const QSize least = SummaryText->minimumSizeHint().expandedTo(SummaryText->minimumSize());
+    return (layout()->totalMinimumSize() - least + TextSize())
+        .boundedTo(screen()->availableSize() * 9 / 10);
+}
+
+/// Where it stands, larger if the lines there are now need it.
+void ComputedYFrm::Grow() {
+    const QRect area = screen()->availableGeometry();
+    QRect wanted(QPoint(), size().expandedTo(sizeHint()));
+    wanted.moveCenter(geometry().center());
+    wanted.moveTo(
+        std::max(area.left(), std::min(wanted.left(), area.right() + 1 - wanted.width())),
+        std::max(area.top(), std::min(wanted.top(), area.bottom() + 1 - wanted.height())));
+    setGeometry(wanted);
     const int gridWidth = ComputeYGrid->minimumWidth();
-    const QFontMetrics textMetrics(SummaryText->font());
-    const int textWidth = textMetrics.horizontalAdvance(QLatin1Char('0')) * TextColumns;
-    SummaryText->setMinimumWidth(textMetrics.horizontalAdvance(QLatin1Char('0')) * LeastColumns);
-    const QSize wanted(textWidth + gridWidth +
-                           4 * textMetrics.horizontalAdvance(QLatin1String("00")),
-                       textMetrics.lineSpacing() * TextLines);
-    preferredSize_ = wanted.boundedTo(screen()->availableSize() * 9 / 10);
-    qobject_cast<QSplitter*>(ComputeYGrid->parentWidget())->setSizes({textWidth, gridWidth});
+    splitter_->setSizes({wanted.width() - gridWidth, gridWidth});
 }
 
 void ComputedYFrm::BuildGrid() {
@@ -151,6 +178,7 @@ void ComputedYFrm::FillWhileShown() {
 }
 
 void ComputedYFrm::showEvent(QShowEvent* event) {
+    Grow();
     QDialog::showEvent(event);
     FillWhileShown();
 }

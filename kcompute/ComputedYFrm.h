@@ -8,6 +8,7 @@
 #include <QDialog>
 
 class QPlainTextEdit;
+class QSplitter;
 
 namespace quarnel {
 
@@ -25,22 +26,24 @@ public:
     void ShowStale(bool stale);
 
 protected:
-    QSize sizeHint() const override { return preferredSize_; }
+    /// Large enough for the lines there are now, within the screen.
+    QSize sizeHint() const override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
 private:
     void BuildGrid();
-    void FitToTexts();
+    QSize TextSize() const;
+    void Grow();
     void FillWhileShown();
     void ShowRowsOf(ComputationPtr computation);
 
     const ProjectState& state_;
     const ComputationPtr& computation_; ///< of the analysis, as it stands now
     ComputationPtr shown_;              ///< what the grid's rows are made from
-    QSize preferredSize_;
     QPlainTextEdit* SummaryText = nullptr;
     GridView* ComputeYGrid = nullptr;
+    QSplitter* splitter_ = nullptr;
     StaleLabel* stale_ = nullptr;
     ColumnTableModel model_;
 };

@@ -91,10 +91,6 @@ UseIgnoreGrid::UseIgnoreGrid(const ProjectState& state, const WorkingValues& wor
                     QStringLiteral("Ignore")});
 }
 
-QSize UseIgnoreGrid::sizeHint() const {
-    return {minimumWidth(), GridView::sizeHint().height()};
-}
-
 std::optional<MarkKey> UseIgnoreGrid::MarkKeyOf(const QKeyEvent& event) {
     if ((event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0)
         return std::nullopt;

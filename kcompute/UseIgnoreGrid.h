@@ -39,7 +39,6 @@ public:
     void Redo();
     /// The unit lists changed.
     void ShowHeadings() { model_.ShowHeadings(); }
-    QSize sizeHint() const override;
 
     const WorkingValues& Working() const { return working_; }
     /// The rows that are selected (counted from 0), in whatever columns; the current row alone

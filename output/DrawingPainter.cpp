@@ -112,6 +112,11 @@ void PaintAreas(QPainter& painter, const Drawing& drawing, const Inks& inks) {
 
 void PaintLines(QPainter& painter, const Drawing& drawing, const Inks& inks) {
     for (const DrawingLine& line : drawing.lines) {
+        if (line.colour == DrawingColour::Red && inks.lineHalo.isValid()) {
+            painter.setRenderHint(QPainter::Antialiasing);
+            painter.setPen(QPen(inks.lineHalo, line.width + HaloWidth - CircleWidth));
+            painter.drawLine(QPointF(line.x1, line.y1), QPointF(line.x2, line.y2));
+        }
         // Upright and level lines stay crisp on a screen's pixels.
         painter.setRenderHint(QPainter::Antialiasing, line.x1 != line.x2 && line.y1 != line.y2);
         painter.setPen(QPen(ColourOf(line.colour, inks), line.width,

@@ -15,6 +15,7 @@ struct Inks {
     QColor grey = QColor(128, 128, 128);
     QColor band = QColor(253, 243, 208);
     QColor halo;     ///< around circles, where their colours are hard to see; invalid for none
+    QColor lineHalo; ///< the same beside red lines
     QColor usedFill; ///< inside of red circles, which tells them without colour; invalid for none
     QString fontFamily; ///< empty for the painter's own
 };

@@ -1,8 +1,8 @@
 #include "output/DrawingWidget.h"
 
-#include "output/DrawingPainter.h"
 #include "output/OutputFile.h"
 #include "output/PlotExport.h"
+#include "output/PlotLegend.h"
 #include "project/ProjectFileDialogs.h"
 #include "widgets/AccessibleRole.h"
 #include "widgets/Colours.h"
@@ -60,21 +60,24 @@ private:
     }
 };
 
-Inks InksOf(const QPalette& palette) {
+} // namespace
+
+Inks ScreenInks(const QPalette& palette) {
     const QColor base = palette.color(QPalette::Base);
     Inks inks;
     inks.ink = palette.color(QPalette::Text);
     inks.grid = Between(base, inks.ink, 0.2);
-    inks.grey = Between(base, inks.ink, 0.5);
+    inks.grey = WithContrast(Between(base, inks.ink, 0.5), base, inks.ink, SignContrast);
     inks.band = Between(base, QColor(240, 180, 0), 0.2);
-    // Pure blue drowns in a dark surface.
-    if (base.lightness() < inks.ink.lightness())
-        inks.halo = Between(base, inks.ink, 0.55);
+    // Pure blue drowns in a dark surface, pure red in one of middle brightness.
+    const bool redDrowns = ContrastOf(Qt::red, base) < SignContrast;
+    if (redDrowns || ContrastOf(Qt::blue, base) < SignContrast)
+        inks.halo = WithContrast(Between(base, inks.ink, 0.55), base, inks.ink, SignContrast);
+    if (redDrowns)
+        inks.lineHalo = inks.halo;
     inks.usedFill = Qt::red;
     return inks;
 }
-
-} // namespace
 
 DrawingWidget::DrawingWidget(const FileOnDisk& project, QWidget* parent)
     : QFrame(parent)
@@ -94,6 +97,9 @@ DrawingWidget::DrawingWidget(const FileOnDisk& project, QWidget* parent)
     save_ = new QAction(QStringLiteral("&Save As Picture..."), this);
     save_->setObjectName(QStringLiteral("SavePicture"));
     connect(save_, &QAction::triggered, this, &DrawingWidget::SaveAsPicture);
+    legendOnPictures_ = new QAction(QStringLiteral("&Legend on Pictures"), this);
+    legendOnPictures_->setObjectName(QStringLiteral("LegendOnPictures"));
+    legendOnPictures_->setCheckable(true);
     addActions({copy_, save_});
     DrawAgain();
 }
@@ -106,8 +112,9 @@ QSize DrawingWidget::PixelsOf(int widthTwips, int heightTwips) const {
     return {qCeil(widthTwips / TwipsPerPixel()), qCeil(heightTwips / TwipsPerPixel())};
 }
 
-void DrawingWidget::Show(DrawFor draw, const QString& sentence) {
+void DrawingWidget::Show(DrawFor draw, const QString& sentence, DrawFor drawLegend) {
     draw_ = std::move(draw);
+    drawLegend_ = std::move(drawLegend);
     sentence_ = sentence;
     DrawAgain();
 }
@@ -115,6 +122,9 @@ void DrawingWidget::Show(DrawFor draw, const QString& sentence) {
 void DrawingWidget::DrawAgain() {
     const QSizeF size = QSizeF(contentsRect().size()) * TwipsPerPixel();
     drawing_ = draw_ ? draw_(size.width(), size.height()) : Drawing();
+    legend_ =
+        drawLegend_ && !drawing_.IsEmpty() ? drawLegend_(size.width(), size.height()) : Drawing();
+    legendOnPictures_->setEnabled(!legend_.IsEmpty());
     copy_->setEnabled(!drawing_.IsEmpty());
     save_->setEnabled(!drawing_.IsEmpty());
     picture_ = QPixmap();
@@ -143,7 +153,9 @@ const QPixmap& DrawingWidget::Picture() {
     painter.setFont(font());
     painter.translate(contentsRect().topLeft());
     painter.scale(1 / TwipsPerPixel(), 1 / TwipsPerPixel());
-    PaintDrawing(painter, drawing_, InksOf(palette()));
+    const Inks inks = ScreenInks(palette());
+    PaintDrawing(painter, drawing_, inks);
+    PaintDrawing(painter, legend_, inks);
     return picture_;
 }
 
@@ -195,11 +207,19 @@ void DrawingWidget::focusOutEvent(QFocusEvent* event) {
     update();
 }
 
+Drawing DrawingWidget::ForPictures() const {
+    Drawing drawing = drawing_;
+    if (legendOnPictures_->isChecked())
+        Append(drawing, legend_);
+    return drawing;
+}
+
 void DrawingWidget::Copy() {
     const BusyPointer busy;
+    const Drawing drawing = ForPictures();
     auto picture = std::make_unique<QMimeData>();
-    picture->setImageData(PlotAsImage(drawing_));
-    picture->setData(QStringLiteral("image/svg+xml"), PlotAsSvg(drawing_));
+    picture->setImageData(PlotAsImage(drawing));
+    picture->setData(QStringLiteral("image/svg+xml"), PlotAsSvg(drawing));
     QApplication::clipboard()->setMimeData(picture.release());
 }
 
@@ -223,7 +243,7 @@ void DrawingWidget::SaveAsPicture() {
     const QString path = dialog.selectedFiles().constFirst();
     SaveOutput({this, project_, [this](const QString& said) { Q_EMIT Told(said); }},
                QStringLiteral("plot"), path,
-               [this](const std::string& name) { return ExportPlot(drawing_, name); });
+               [this](const std::string& name) { return ExportPlot(ForPictures(), name); });
 }
 
 } // namespace quarnel

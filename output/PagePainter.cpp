@@ -30,9 +30,9 @@ std::shared_ptr<const TextMeasure> PageMeasure() {
     return std::make_shared<FontMeasure>(QFont(PaperInks().fontFamily));
 }
 
-Pages PlotPages(const Analysis& analysis, const Paper& paper) {
-    return {1, [&analysis, paper](std::size_t) {
-                return DrawPlotPage(analysis, paper, *PageMeasure());
+Pages PlotPages(const Analysis& analysis, const Paper& paper, bool showLegend) {
+    return {1, [&analysis, paper, showLegend](std::size_t) {
+                return DrawPlotPage(analysis, paper, *PageMeasure(), showLegend);
             }};
 }
 

@@ -27,8 +27,9 @@ using PagesFor = std::function<Pages(const Paper&)>;
 /// How large a text is in the font of the pages.
 std::shared_ptr<const TextMeasure> PageMeasure();
 
-/// The printed plot: one page. The analysis must outlive the pages.
-Pages PlotPages(const Analysis& analysis, const Paper& paper);
+/// The printed plot: one page, with what the circles mean where `showLegend` asks for it. The
+/// analysis must outlive the pages.
+Pages PlotPages(const Analysis& analysis, const Paper& paper, bool showLegend = false);
 /// The summary report. The analysis must outlive the pages.
 Pages SummaryReportPages(const Analysis& analysis, const Paper& paper);
 

@@ -28,8 +28,8 @@ struct PlotLayout {
 
 inline constexpr int TimeIntervals = 5; ///< divisions of the time axis
 
-/// Groups of labels: those of one axis are set in one size.
-enum LabelGroup { TimeLabels = 1, DecadeLabels = 2 };
+/// Groups of labels: those of one axis, or of the legend, are set in one size.
+enum LabelGroup { TimeLabels = 1, DecadeLabels = 2, LegendLabels = 3 };
 
 /// The layout of the plot area on screen, for an area of the given size.
 PlotLayout ScreenPlotLayout(double areaWidth, double areaHeight);

@@ -1,6 +1,7 @@
 #include "output/PlotWidget.h"
 
 #include "kcompute/UseIgnoreGrid.h"
+#include "output/PlotLegend.h"
 #include "output/PlotWords.h"
 #include "widgets/Colours.h"
 #include "widgets/QtTexts.h"
@@ -16,9 +17,10 @@ namespace quarnel {
 
 namespace {
 
-/// From this size on no label runs into another.
+/// In this width no label runs into another, and this height leaves the axes a finger's breadth:
+/// on a small screen with large letters the plot must leave room for K below it.
 constexpr int LeastWidth = 4700;
-constexpr int LeastHeight = 3800;
+constexpr int LeastHeight = 2700;
 constexpr int UsualWidth = 9500;
 constexpr int UsualHeight = 6500;
 
@@ -52,7 +54,7 @@ PlotWidget::PlotWidget(const FileOnDisk& project, QWidget* parent)
     headRange_->setObjectName(QStringLiteral("ShowHeadRange"));
     headRange_->setCheckable(true);
     connect(headRange_, &QAction::toggled, this, &PlotWidget::DrawAgain);
-    addActions({separator, headRange_});
+    addActions({separator, headRange_, legendOnPictures_});
     ShowComputation(nullptr);
 }
 
@@ -100,7 +102,11 @@ void PlotWidget::ShowComputation(ComputationPtr computation) {
             layout.showHeadRange = headRange_->isChecked();
             return DrawPlot(PlotContents(*computation), layout);
         },
-        QString());
+        QString(),
+        [](double areaWidth, double areaHeight) {
+            const PlotLayout layout = ScreenPlotLayout(areaWidth, areaHeight);
+            return DrawLegend(layout, layout.top / 2);
+        });
 }
 
 void PlotWidget::ShowK(const QString& k) {

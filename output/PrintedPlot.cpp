@@ -2,6 +2,7 @@
 
 #include "kcompute/KText.h"
 #include "output/PlotDrawing.h"
+#include "output/PlotLegend.h"
 #include "project/ProjectState.h"
 #include "project/Texts.h"
 #include "recovery/RecoveryData.h"
@@ -35,9 +36,10 @@ constexpr double RowGap = 20;         ///< between the text of a header row and 
 constexpr double SecondColumn = 3000; ///< from a header row's first column
 constexpr double ColumnGap = 150;
 constexpr double RuleWidth = 8;
-constexpr double HeaderTop = 360; ///< where the page is high enough
-constexpr double TitleGap = 150;  ///< least distance of the titles from header and plot
-constexpr double KLineDown = 900; ///< from the time axis, below its title
+constexpr double HeaderTop = 360;   ///< where the page is high enough
+constexpr double TitleGap = 150;    ///< least distance of the titles from header and plot
+constexpr double KLineDown = 900;   ///< from the time axis, below its title
+constexpr double LegendDown = 1400; ///< from the time axis, below K
 
 /// Smaller steps in which a text is set until it fits.
 constexpr double Smaller = 0.9;
@@ -139,9 +141,11 @@ void Scale(Drawing& drawing, double factor) {
 /// Makes the page at full size; a printable area too small for the plot gets it scaled down.
 class PageMaker {
 public:
-    PageMaker(const Analysis& analysis, const Paper& paper, const TextMeasure& measure)
+    PageMaker(const Analysis& analysis, const Paper& paper, const TextMeasure& measure,
+              bool showLegend)
         : analysis_(analysis)
         , measure_(measure)
+        , showLegend_(showLegend)
         , plot_(analysis.computation ? PlotContents(*analysis.computation)
                                      : PlotContents(analysis.working))
         , paper_(paper)
@@ -180,6 +184,7 @@ private:
 
     const Analysis& analysis_;
     const TextMeasure& measure_;
+    bool showLegend_;
     PlotContents plot_;
     const Paper& paper_;
     double factor_; ///< scale of the whole page
@@ -202,6 +207,8 @@ void PageMaker::DrawThePlot(double width, double height) {
     layout.circleRadius = PageCircleRadius;
     layout.points = TextPoints;
     drawing_ = DrawPlot(plot_, layout);
+    if (showLegend_)
+        Append(drawing_, DrawLegend(layout, axisY_ + LegendDown));
 }
 
 /// Sets header and titles smaller until they fit between the page's top and the plot.
@@ -292,8 +299,9 @@ void PageMaker::DrawKLine() {
 
 } // namespace
 
-Drawing DrawPlotPage(const Analysis& analysis, const Paper& paper, const TextMeasure& measure) {
-    return PageMaker(analysis, paper, measure).Make();
+Drawing DrawPlotPage(const Analysis& analysis, const Paper& paper, const TextMeasure& measure,
+                     bool showLegend) {
+    return PageMaker(analysis, paper, measure, showLegend).Make();
 }
 
 } // namespace quarnel

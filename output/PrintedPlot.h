@@ -19,6 +19,9 @@ namespace quarnel {
 ///
 /// While there is no computation the page shows the prepared points, none of them as used, without
 /// a line and without K; with no points either it has no plot.
-Drawing DrawPlotPage(const Analysis& analysis, const Paper& paper, const TextMeasure& measure);
+///
+/// With `showLegend` a line below K says what the circles mean.
+Drawing DrawPlotPage(const Analysis& analysis, const Paper& paper, const TextMeasure& measure,
+                     bool showLegend = false);
 
 } // namespace quarnel

@@ -8,6 +8,7 @@
 #include "widgets/StaleLabel.h"
 #include "widgets/TextBox.h"
 
+#include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QPushButton>
@@ -44,6 +45,11 @@ PrtPlotFrm::PrtPlotFrm(Analysis& analysis, QWidget* parent)
         rows->addWidget(box);
     }
     label->setBuddy(PlotText[0]);
+    legendOnPage_ = new QCheckBox(QStringLiteral("&Legend on the Page"));
+    legendOnPage_->setObjectName(QStringLiteral("LegendOnPage"));
+    legendOnPage_->setToolTip(
+        QStringLiteral("Print below K which circles stand for the points used in the fit"));
+    rows->addWidget(legendOnPage_);
     auto* buttons = new QDialogButtonBox;
     auto* print = buttons->addButton(QStringLiteral("&Print"), QDialogButtonBox::ActionRole);
     print->setObjectName(QStringLiteral("CmdPrtPlot"));
@@ -76,13 +82,15 @@ OutputOwner PrtPlotFrm::Owner() {
 }
 
 void PrtPlotFrm::Print() {
-    HideAfter(PrintDocument(Owner(), PlotNames(),
-                            [this](const Paper& paper) { return PlotPages(analysis_, paper); }));
+    HideAfter(PrintDocument(Owner(), PlotNames(), [this](const Paper& paper) {
+        return PlotPages(analysis_, paper, legendOnPage_->isChecked());
+    }));
 }
 
 void PrtPlotFrm::SaveAsPdf() {
-    HideAfter(SaveDocumentAsPdf(
-        Owner(), PlotNames(), [this](const Paper& paper) { return PlotPages(analysis_, paper); }));
+    HideAfter(SaveDocumentAsPdf(Owner(), PlotNames(), [this](const Paper& paper) {
+        return PlotPages(analysis_, paper, legendOnPage_->isChecked());
+    }));
 }
 
 void PrtPlotFrm::HideAfter(bool done) {

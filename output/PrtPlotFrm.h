@@ -6,6 +6,8 @@
 #include <QDialog>
 #include <array>
 
+class QCheckBox;
+
 namespace quarnel {
 
 class StaleLabel;
@@ -34,6 +36,7 @@ private:
     Analysis& analysis_;
     StaleLabel* stale_ = nullptr;
     std::array<TextBox*, 3> PlotText = {};
+    QCheckBox* legendOnPage_ = nullptr;
 };
 
 } // namespace quarnel

@@ -3,13 +3,14 @@
 #include "recovery/GridEditing.h"
 
 #include <QPainter>
+#include <QStyle>
+#include <QWidget>
 #include <cstddef>
 
 namespace quarnel {
 
 namespace {
 
-constexpr int TextMargin = 6;
 constexpr int FrameWidth = 2;
 constexpr int HandleSize = 7;
 
@@ -74,7 +75,11 @@ void GridCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     painter->save();
     painter->setClipRect(option.rect);
     painter->fillRect(option.rect, Background(place, isNumber, option.palette));
-    const QRect textRect = option.rect.adjusted(TextMargin, 0, -TextMargin, 0);
+    // The margin of the toolkit's cells: numbers end at the same place in all grids.
+    const int margin =
+        option.widget->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &option, option.widget) +
+        1;
+    const QRect textRect = option.rect.adjusted(margin, 0, -margin, 0);
     // What is being typed grows at its end, so its end is what must be seen.
     const QString text = option.fontMetrics.elidedText(
         index.data(Qt::DisplayRole).toString(), place.isCurrent ? Qt::ElideLeft : Qt::ElideRight,

@@ -11,15 +11,21 @@
 
 namespace quarnel {
 
+namespace {
+constexpr int RowCharacters = 8;
+}
+
 InsertRowsPanel::InsertRowsPanel(const ProjectState& state, QWidget* parent)
     : QGroupBox(QStringLiteral(" Insert Rows"), parent)
     , state_(state) {
     setObjectName(QStringLiteral("InsertRowsPanel"));
+    setAutoFillBackground(true);
     afterCurrentRow_ = new QRadioButton(QStringLiteral("&After Current Row"));
     afterCurrentRow_->setObjectName(QStringLiteral("InsertRowsOption_0"));
     beforeCurrentRow_ = new QRadioButton(QStringLiteral("Before Cu&rrent Row"));
     beforeCurrentRow_->setObjectName(QStringLiteral("InsertRowsOption_1"));
     RecDatInsertRowsText = new TextBox(rowsText_, QStringLiteral("RecDatInsertRowsText"));
+    RecDatInsertRowsText->HoldCharacters(RowCharacters, RowCharacters);
     auto* label = new QLabel(QStringLiteral("&Number of Rows"));
     label->setBuddy(RecDatInsertRowsText);
     CmdInsertRowsOK = new QPushButton(QStringLiteral("O&K"));

@@ -35,13 +35,17 @@ RecDatCheckGrid::RecDatCheckGrid(const ProjectState& state, QWidget* parent)
     setObjectName(QStringLiteral("RecDatCheckGrid"));
     setAccessibleName(QStringLiteral("Change in head Y of each reading"));
     setModel(&model_);
+    SetWidestTexts({QString(), QStringLiteral("100000.00"), QStringLiteral("-1.234567E-05")});
     ClearCheckGrid();
 }
 
 void RecDatCheckGrid::ShowYInCheckGrid(SharedPoints points) {
+    const bool isEmpty = points->empty();
     const std::size_t rows = std::max<std::size_t>(points->size(), 1);
     model_.ShowRows(rows, [this, &points] { points_ = std::move(points); });
-    setCurrentIndex(model_.index(0, TimeColumn));
+    // A selected cell of nothing would be a blue spot without a meaning.
+    if (!isEmpty)
+        setCurrentIndex(model_.index(0, TimeColumn));
 }
 
 void RecDatCheckGrid::ClearCheckGrid() {

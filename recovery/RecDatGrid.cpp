@@ -36,6 +36,7 @@ RecDatGrid::RecDatGrid(RecoveryGridModel& model, QWidget* parent)
     setItemDelegateForColumn(NumberColumn, nullptr);
     setItemDelegate(new GridCellDelegate(model.Editor(), this));
     setModel(&model);
+    SetWidestTexts({QString(), QStringLiteral("100000.00"), QStringLiteral("-1234.567")});
     // Replacing the rows drops the view's own selection; the model's resetting comes first.
     connect(&model, &QAbstractItemModel::modelReset, this, &RecDatGrid::ShowSelection);
     setAttribute(Qt::WA_InputMethodEnabled);

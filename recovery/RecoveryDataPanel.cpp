@@ -92,6 +92,7 @@ void RecoveryDataPanel::GoTo(const FaultPlace& place) {
 }
 
 void RecoveryDataPanel::OpenInsertRowsPanel() {
+    PlaceInsertRows();
     insertRows_->Open();
 }
 

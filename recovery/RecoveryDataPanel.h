@@ -48,9 +48,15 @@ Q_SIGNALS:
     /// "Check Data/Show Y's" has made the points anew.
     void Checked();
 
+protected:
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
-    QWidget* BuildSettings();
+    QLayout* BuildSettings();
     QWidget* BuildPreSlugBox();
+    void FitPreSlugLabel();
+    void PlaceInsertRows();
     QBoxLayout* BuildCommands();
     QBoxLayout* BuildCheckColumn();
     QPushButton* MakeCommand(const QString& name, const QString& caption, const QString& tip,

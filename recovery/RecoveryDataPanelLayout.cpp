@@ -6,22 +6,28 @@
 #include "recovery/InsertRowsPanel.h"
 #include "recovery/RecDatCheckGrid.h"
 #include "recovery/RecDatGrid.h"
+#include "recovery/RecoveryDa.h"
 #include "recovery/RecoveryData.h"
 #include "recovery/RecoveryGridModel.h"
 #include "widgets/ChoiceList.h"
 #include "widgets/Panel.h"
 #include "widgets/QtTexts.h"
+#include "widgets/ReflowLayout.h"
 #include "widgets/TextBox.h"
 
+#include <QEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <span>
 #include <string_view>
 
 namespace quarnel {
 
 namespace {
+
+constexpr int PreSlugCharacters = 12;
 
 /// A caption above its list.
 QBoxLayout* Captioned(const QString& caption, QComboBox* list) {
@@ -41,20 +47,22 @@ RecoveryDataPanel::RecoveryDataPanel(ProjectState& state, RecoveryData& checked,
     , state_(state)
     , data_(checked)
     , model_(new RecoveryGridModel(state, this)) {
-    QWidget* settings = BuildSettings();
+    QLayout* settings = BuildSettings();
     grid_ = new RecDatGrid(*model_);
     grid_->setToolTip(QStringLiteral(
         "One row for each reading: the time since the start of the test and the water level.\n"
         "Tab or Enter goes to the next cell. Readings can be pasted from a spreadsheet or a "
         "logger's program."));
-    insertRows_ = new InsertRowsPanel(state);
-    auto* columns = new QHBoxLayout;
-    columns->addWidget(grid_, 3);
-    columns->addLayout(BuildCommands());
-    columns->addLayout(BuildCheckColumn(), 2);
+    auto* columns = new ReflowLayout;
+    columns->Add(grid_, 1);
+    columns->Add(BuildCommands());
+    columns->Add(BuildCheckColumn(), 1);
     auto* rows = new QVBoxLayout(this);
-    rows->addWidget(settings);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addLayout(settings);
     rows->addLayout(columns, 1);
+    // Over the page and in no layout: nothing moves when it comes and goes.
+    insertRows_ = new InsertRowsPanel(state, this);
 
     SetFirstControl(grid_);
     ConnectLists();
@@ -76,7 +84,7 @@ RecoveryDataPanel::RecoveryDataPanel(ProjectState& state, RecoveryData& checked,
     connect(grid_, &QWidget::customContextMenuRequested, this, &RecoveryDataPanel::ShowContextMenu);
 }
 
-QWidget* RecoveryDataPanel::BuildSettings() {
+QLayout* RecoveryDataPanel::BuildSettings() {
     RecDatDataTypeDDL = MakeChoiceList(
         QStringLiteral("RecDatDataTypeDDL"), DataTypeNames,
         QStringLiteral("What was measured in the well:\n"
@@ -93,15 +101,12 @@ QWidget* RecoveryDataPanel::BuildSettings() {
     RecDatWaterLevelUnitsDDL =
         MakeChoiceList(QStringLiteral("RecDatWaterLevelUnitsDDL"), LengthUnitNames,
                        QStringLiteral("Unit of the water levels in the grid and before the test"));
-    auto* settings = new QWidget;
-    auto* columns = new QHBoxLayout(settings);
-    columns->setContentsMargins(0, 0, 0, 0);
-    columns->addLayout(Captioned(QStringLiteral("&Water Level Measurement"), RecDatDataTypeDDL));
-    columns->addLayout(Captioned(QStringLiteral("&Slug Test Type"), RecDatSlugTestTypeDDL));
-    columns->addLayout(Captioned(QStringLiteral("Time &Units"), RecDatTimeUnitsDDL));
-    columns->addLayout(Captioned(QStringLiteral("Water &Level Units"), RecDatWaterLevelUnitsDDL));
-    columns->addWidget(BuildPreSlugBox());
-    columns->addStretch(1);
+    auto* settings = new ReflowLayout;
+    settings->Add(Captioned(QStringLiteral("&Water Level Measurement"), RecDatDataTypeDDL));
+    settings->Add(Captioned(QStringLiteral("&Slug Test Type"), RecDatSlugTestTypeDDL));
+    settings->Add(Captioned(QStringLiteral("Time &Units"), RecDatTimeUnitsDDL));
+    settings->Add(Captioned(QStringLiteral("Water &Level Units"), RecDatWaterLevelUnitsDDL));
+    settings->Add(BuildPreSlugBox());
     return settings;
 }
 
@@ -110,7 +115,10 @@ QWidget* RecoveryDataPanel::BuildPreSlugBox() {
     RecDatPreSlugHeadLbl->setObjectName(QStringLiteral("RecDatPreSlugHeadLbl"));
     RecDatPreSlugHeadText =
         new TextBox(state_.RecDatPreSlugHeadText, QStringLiteral("RecDatPreSlugHeadText"));
-    RecDatPreSlugHeadText->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * 12);
+    RecDatPreSlugHeadText->HoldCharacters(PreSlugCharacters, PreSlugCharacters);
+    QSizePolicy policy = RecDatPreSlugHeadText->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    RecDatPreSlugHeadText->setSizePolicy(policy);
     RecDatPreSlugHeadText->setToolTip(
         QStringLiteral("The static water level before the slug was put in or taken out, measured "
                        "and in the unit as the readings: a depth for D, a head for H"));
@@ -118,8 +126,42 @@ QWidget* RecoveryDataPanel::BuildPreSlugBox() {
     auto* box = new QGroupBox(QStringLiteral("&Pre-Slug Test Condition (Prior to Slug or Bail)"));
     auto* columns = new QHBoxLayout(box);
     columns->addWidget(RecDatPreSlugHeadLbl);
-    columns->addWidget(RecDatPreSlugHeadText, 1);
+    columns->addWidget(RecDatPreSlugHeadText);
+    columns->addStretch(1);
+    FitPreSlugLabel();
     return box;
+}
+
+/// Wide enough for all that the label ever says, so that nothing beside it moves.
+void RecoveryDataPanel::FitPreSlugLabel() {
+    int widest = 0;
+    for (int type = 0; type < static_cast<int>(DataTypeNames.size()); ++type)
+        for (int unit = 0; unit < static_cast<int>(LengthUnitNames.size()); ++unit)
+            widest = std::max(widest, RecDatPreSlugHeadLbl->fontMetrics().horizontalAdvance(
+                                          ToQString(PreSlugLabel(type, unit))));
+    RecDatPreSlugHeadLbl->setMinimumWidth(widest);
+}
+
+/// Beside its button, as far as the page goes.
+void RecoveryDataPanel::PlaceInsertRows() {
+    insertRows_->adjustSize();
+    const QWidget& button = *commands_.front();
+    const QPoint wanted = button.mapTo(this, QPoint(button.width() + button.height() / 4, 0));
+    insertRows_->move(std::max(0, std::min(wanted.x(), width() - insertRows_->width())),
+                      std::max(0, std::min(wanted.y(), height() - insertRows_->height())));
+    insertRows_->raise();
+}
+
+void RecoveryDataPanel::changeEvent(QEvent* event) {
+    Panel::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        FitPreSlugLabel();
+}
+
+void RecoveryDataPanel::resizeEvent(QResizeEvent* event) {
+    Panel::resizeEvent(event);
+    if (insertRows_->isVisible())
+        PlaceInsertRows();
 }
 
 QPushButton* RecoveryDataPanel::MakeCommand(const QString& name, const QString& caption,
@@ -158,8 +200,6 @@ QBoxLayout* RecoveryDataPanel::BuildCommands() {
     add(QStringLiteral("CmdSortByTime"), QStringLiteral("S&ort"),
         QStringLiteral("Sort the readings by time; empty rows move to the end"),
         &RecoveryDataPanel::SortByTime);
-    rows->addSpacing(rows->spacing() * 2);
-    rows->addWidget(insertRows_);
     rows->addStretch(1);
     return rows;
 }

@@ -9,6 +9,7 @@
 #include "widgets/LabelledBoxes.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
+#include "widgets/ReflowLayout.h"
 #include "widgets/RibbonButton.h"
 #include "widgets/TextBox.h"
 
@@ -68,9 +69,10 @@ WellGeometryPanel::WellGeometryPanel(ProjectState& state, QWidget* parent)
     connect(check, &QPushButton::clicked, this, &WellGeometryPanel::CheckData);
     entries->addWidget(check, 0, Qt::AlignLeft);
     entries->addStretch(1);
-    auto* layout = new QHBoxLayout(this);
-    layout->addLayout(entries);
-    layout->addWidget(BuildIllustration(), 1);
+    auto* layout = new ReflowLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->Add(entries);
+    layout->Add(BuildIllustration(), 1);
     SetFirstControl(WellGeoText[GeoH]);
     ShowState();
 }
@@ -80,7 +82,7 @@ void WellGeometryPanel::AddBox(int index, QGridLayout& grid, int row) {
     auto* box = new TextBox(state_.WellGeoText[i], Name("WellGeoText", i), this);
     box->setToolTip(QString::fromUtf8(FieldToolTips[i]));
     box->setAccessibleName(QString::fromUtf8(FieldNames[i]));
-    box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QLatin1Char('0')) * BoxCharacters);
+    box->HoldCharacters(BoxCharacters, BoxCharacters);
     connect(box, &TextBox::TextTaken, this, &WellGeometryPanel::Edited);
     QLabel* label = MakeLabel(WellGeoFields[i].label, FieldMnemonics[i], Name("WellGeoLbl", i));
     label->setToolTip(box->toolTip());
@@ -102,8 +104,11 @@ QComboBox* WellGeometryPanel::AddUnitList(const QString& name, const QString& ca
     auto* label = new QLabel(caption, this);
     label->setAccessibleName(accessibleName);
     label->setBuddy(list);
-    grid.addWidget(label, grid.rowCount(), 0);
-    grid.addWidget(list, grid.rowCount() - 1, 1);
+    // Beside the last box, where it is read after them and costs no row.
+    const int row = grid.rowCount() - 1;
+    grid.addWidget(label, row, 2);
+    grid.addWidget(list, row, 3);
+    grid.setColumnStretch(4, 1);
     return list;
 }
 
@@ -137,6 +142,7 @@ QWidget* WellGeometryPanel::BuildPorosityRow() {
     unit->setObjectName(Name("WellGeoLbl", PorosityUnitLabelIndex));
     unit->setToolTip(WellGeoText[GeoDpor]->toolTip());
     grid->addWidget(unit, 0, 2);
+    grid->setColumnStretch(3, 1);
     WellGeoLbl[PorosityUnitLabelIndex] = unit;
     return group;
 }
@@ -162,16 +168,17 @@ QWidget* WellGeometryPanel::BuildIllustration() {
     connect(SSRibbon1, &QAbstractButton::toggled, this, &WellGeometryPanel::ChoosePicture);
 
     auto* group = new QGroupBox(QStringLiteral("Well Section"), this);
-    auto* grid = new QGridLayout(group);
-    grid->addWidget(SSRibbon1, 0, 0);
-    grid->addWidget(SSRibbon2, 0, 1);
+    auto* rows = new QVBoxLayout(group);
+    auto* ribbons = new ReflowLayout;
+    ribbons->Add(SSRibbon1, 1);
+    ribbons->Add(SSRibbon2, 1);
+    rows->addLayout(ribbons);
     for (std::size_t i = 0; i < Image1.size(); ++i) {
         Image1[i] = new WellSectionPicture(
             QStringLiteral(":/wellgeometry/well-section-%1.svg").arg(i), group);
         Image1[i]->setObjectName(Name("Image1", i));
-        grid->addWidget(Image1[i], 1, 0, 1, 2);
+        rows->addWidget(Image1[i], 1);
     }
-    grid->setRowStretch(1, 1);
     return group;
 }
 

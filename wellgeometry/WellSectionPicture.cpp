@@ -42,7 +42,7 @@ constexpr std::array FillPairs = {
     FillPair{QLatin1StringView("#cdc2b6"), QLatin1StringView("#4d453e")}, // impervious bottom
 };
 
-constexpr QSize SmallestReadable(300, 350);
+constexpr QSize SmallestReadable(210, 245);
 
 QString ReadDrawing(const QString& resourcePath) {
     QFile file(resourcePath);

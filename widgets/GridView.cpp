@@ -14,6 +14,10 @@ namespace {
 constexpr int UsualDigits = 7;
 /// The room around a text in a cell.
 constexpr int CellMargin = 6;
+/// Wider than so many times its need no column gets: the eye would lose the row.
+constexpr int MostTimesTheNeed = 2;
+/// So many rows are seen at least.
+constexpr int LeastRows = 4;
 
 /// Paints the row numbers as a heading: they are no data and cannot be selected.
 class NumberDelegate : public QStyledItemDelegate {
@@ -107,6 +111,7 @@ void GridView::FitToFont() {
     QHeaderView& header = *horizontalHeader();
     const int numberWidth = NumberWidth(fontMetrics(), numberDigits_) + 2 * CellMargin + 2;
     int total = 0;
+    int most = 0;
     for (int column = 0; column < header.count(); ++column) {
         const int width = std::max(header.sectionSizeHint(column),
                                    column == 0 ? numberWidth : WidestTextWidth(column));
@@ -114,8 +119,16 @@ void GridView::FitToFont() {
                                     column == 0 ? QHeaderView::Fixed : QHeaderView::Stretch);
         header.resizeSection(column, width);
         total += width;
+        most += column == 0 ? width : width * MostTimesTheNeed;
     }
-    setMinimumWidth(total + verticalScrollBar()->sizeHint().width() + 2 * frameWidth());
+    const int around = verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
+    setMinimumWidth(total + around);
+    setMaximumWidth(most + around);
+    setMinimumHeight(header.sizeHint().height() + LeastRows * rowHeight + 2 * frameWidth());
+}
+
+QSize GridView::sizeHint() const {
+    return {minimumWidth(), QTableView::sizeHint().height()};
 }
 
 } // namespace quarnel

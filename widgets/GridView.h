@@ -35,6 +35,9 @@ public:
 
     /// The widest text to expect in each column; a column is never narrower than that needs.
     void SetWidestTexts(const QStringList& texts);
+    /// As narrow as its columns may be; a layout with room makes them wider, up to what still reads
+    /// as one row.
+    QSize sizeHint() const override;
 
     /// What is selected; the current cell alone where nothing is.
     virtual ViewBlock SelectedCells() const;

@@ -13,15 +13,19 @@ QLabel* MakeLabel(std::string_view caption, char mnemonic, const QString& name) 
     return label;
 }
 
-void AddRow(QFormLayout* form, QLabel* label, QLineEdit* box, const QString& meaning) {
+void Join(QLabel* label, QLineEdit* box, const QString& meaning) {
     label->setBuddy(box);
     label->setToolTip(meaning);
     box->setToolTip(meaning);
+}
+
+void AddRow(QFormLayout* form, QLabel* label, QLineEdit* box, const QString& meaning) {
+    Join(label, box, meaning);
     form->addRow(label, box);
 }
 
 void SetUpForm(QFormLayout* form) {
-    form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     form->setRowWrapPolicy(QFormLayout::DontWrapRows);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLayout>
 #include <QWidget>
 
 namespace quarnel {
@@ -13,6 +14,12 @@ public:
     virtual void ShowState() = 0;
     /// Gives the keyboard to the control where the work on this panel begins.
     void FocusFirstControl() { first_->setFocus(); }
+    /// What it cannot do without at this width: the page around scrolls only where that is lacking,
+    /// not where something could merely be larger.
+    int heightForWidth(int width) const override {
+        return layout() != nullptr ? layout()->totalMinimumHeightForWidth(width)
+                                   : QWidget::heightForWidth(width);
+    }
 
 protected:
     /// No focus proxy: the Tab key would go from the tabs to it, past all that stands before it.

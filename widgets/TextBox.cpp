@@ -4,10 +4,17 @@
 
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
+#include <QStyle>
+#include <QStyleOptionFrame>
 #include <algorithm>
 #include <limits>
 
 namespace quarnel {
+
+namespace {
+/// What a line edit leaves free left and right of its text.
+constexpr int TextMargins = 8;
+} // namespace
 
 TextBox::TextBox(std::string& text, const QString& name, QWidget* parent)
     : QLineEdit(parent)
@@ -17,6 +24,31 @@ TextBox::TextBox(std::string& text, const QString& name, QWidget* parent)
     setMaxLength(std::numeric_limits<int>::max());
     // Not only typing counts: a screen reader or a dictation program sets the whole text.
     connect(this, &QLineEdit::textChanged, this, &TextBox::TakeOver);
+}
+
+void TextBox::HoldCharacters(int usual, int least) {
+    usualCharacters_ = usual;
+    leastCharacters_ = least;
+    setSizePolicy(QSizePolicy::Maximum, sizePolicy().verticalPolicy());
+    updateGeometry();
+}
+
+QSize TextBox::SizeFor(int characters) const {
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    const QSize text(fontMetrics().horizontalAdvance(QLatin1Char('0')) * characters + TextMargins,
+                     fontMetrics().height());
+    return style()->sizeFromContents(QStyle::CT_LineEdit, &option, text, this);
+}
+
+QSize TextBox::sizeHint() const {
+    const QSize size = QLineEdit::sizeHint();
+    return usualCharacters_ > 0 ? QSize(SizeFor(usualCharacters_).width(), size.height()) : size;
+}
+
+QSize TextBox::minimumSizeHint() const {
+    const QSize size = QLineEdit::minimumSizeHint();
+    return usualCharacters_ > 0 ? QSize(SizeFor(leastCharacters_).width(), size.height()) : size;
 }
 
 void TextBox::TakeOver(const QString& typed) {

@@ -18,17 +18,26 @@ public:
     void ShowText();
     /// Shows the text of another project: nothing of the former one can be brought back by undo.
     void ShowNewText();
+    /// From now on the box is as wide as so many digits need and gives way down to `least` of them,
+    /// instead of taking all the room there is. A longer text scrolls in it.
+    void HoldCharacters(int usual, int least);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
     /// The project's text has changed with the box.
     void TextTaken();
 
 private:
+    QSize SizeFor(int characters) const;
     void TakeOver(const QString& typed);
     void WriteAsOneLine(const QString& typed);
 
     std::string& text_;
-    bool rewriting_ = false; ///< line ends are being taken out
+    bool rewriting_ = false;  ///< line ends are being taken out
+    int usualCharacters_ = 0; ///< 0: as the toolkit does it
+    int leastCharacters_ = 0;
 };
 
 } // namespace quarnel

@@ -627,11 +627,12 @@ private Q_SLOTS:
         const auto entry = [&program](auto act) {
             WithMenu(program.Plot(), [&act](QMenu& menu) {
                 const QList<QAction*> all = menu.actions();
-                QCOMPARE(all.size(), 5);
+                QCOMPARE(all.size(), 6);
                 QVERIFY(all[2]->isSeparator());
                 QCOMPARE(all[3]->objectName(), u"ShowHeadRange"_s);
                 QCOMPARE(all[3]->text().remove(u'&'), u"Show Head Range 0.20-0.30"_s);
-                QCOMPARE(all[4]->objectName(), u"mnuDiagnostics"_s);
+                QCOMPARE(all[4]->objectName(), u"LegendOnPictures"_s);
+                QCOMPARE(all[5]->objectName(), u"mnuDiagnostics"_s);
                 act(*all[3]);
             });
         };

@@ -97,7 +97,8 @@ private Q_SLOTS:
         });
         QCOMPARE(captions, QStringList({u"&Use\tU"_s, u"&Ignore\tI"_s, u"&Turn Over\tSpace"_s,
                                         u"Use &Only These"_s, u"&Copy"_s, u"&Save as Picture..."_s,
-                                        u"Show &Head Range 0.20-0.30"_s, u"&Diagnostics"_s}));
+                                        u"Show &Head Range 0.20-0.30"_s, u"&Legend on Pictures"_s,
+                                        u"&Diagnostics"_s}));
         QCOMPARE(enabled, QStringList({u"&Diagnostics"_s}));
         QTest::keyClick(&program.Plot(), Qt::Key_C, Qt::ControlModifier);
         QVERIFY(!CopiedAnImage());

@@ -1,0 +1,146 @@
+// The five pages on a screen of 1024x768 points, at the scale that QT_SCALE_FACTOR or QT_FONT_DPI
+// gives.
+
+#include "tests/gui/ScreenTestSupport.h"
+
+#include <QComboBox>
+#include <QPushButton>
+#include <QScreen>
+#include <QTableView>
+
+namespace quarnel::windowtest {
+
+namespace {
+
+constexpr double PhysicalWidth = 1024;
+
+/// Up to here every page is seen whole.
+constexpr double LargestWhole = 1.5;
+
+double Scale() {
+    return PhysicalWidth / QGuiApplication::primaryScreen()->size().width();
+}
+
+struct PageButtons {
+    int tab;
+    std::vector<const char*> names;
+};
+const std::vector<PageButtons> Buttons = {
+    {3, {"SSRibbon1", "SSRibbon2", "SSCmdWellGeoCheckData"}},
+    {4,
+     {"CmdInsertRows", "CmdRecDatDeleteRows", "CmdRecDatCut", "CmdRecDataCopy", "CmdRecDatPaste",
+      "CmdSortByTime", "CmdRecDatCheckData"}},
+    {5, {"CmdComputeK", "CmdDetails", "CmdPrintPlot", "CmdPrtSummary"}}};
+
+} // namespace
+
+class TestSmallScreen : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void NothingScrollsSidewaysAndAPageOnlyWhereLettersAreHuge() {
+        ScreenProgram program;
+        for (int tab = 1; tab <= Tabs; ++tab) {
+            program.ClickTab(tab);
+            QScrollArea& page = program.Page();
+            QVERIFY2(page.horizontalScrollBar()->maximum() == 0, qPrintable(QString::number(tab)));
+            QVERIFY2(Scale() > LargestWhole || page.verticalScrollBar()->maximum() == 0,
+                     qPrintable(QString::number(tab)));
+        }
+    }
+
+    void EveryButtonIsWhollyOnThePage() {
+        ScreenProgram program;
+        for (const auto& [tab, names] : Buttons) {
+            program.ClickTab(tab);
+            for (const char* name : names) {
+                const QWidget& button = program.Find(QString::fromLatin1(name));
+                if (Scale() > LargestWhole)
+                    program.Page().ensureWidgetVisible(&program.Find(QString::fromLatin1(name)));
+                QVERIFY2(program.IsWhollySeen(button), name);
+                QVERIFY2(button.width() >= button.minimumSizeHint().width(), name);
+            }
+        }
+    }
+
+    void NoControlStandsOnAnother() {
+        ScreenProgram program;
+        for (int tab = 1; tab <= Tabs; ++tab) {
+            program.ClickTab(tab);
+            QList<QWidget*> controls;
+            for (QWidget* control : program.Page().widget()->findChildren<QWidget*>())
+                if (control->isVisible() && !control->objectName().isEmpty() &&
+                    !control->objectName().startsWith(u"qt_"_s))
+                    controls << control;
+            for (const QWidget* a : controls)
+                for (const QWidget* b : controls)
+                    if (a != b && !a->isAncestorOf(b) && !b->isAncestorOf(a))
+                        QVERIFY2(!program.OnPage(*a).intersects(program.OnPage(*b)),
+                                 qPrintable(a->objectName() + u" on "_s + b->objectName()));
+        }
+    }
+
+    void PlotAndKAreSeenTogether() {
+        ScreenProgram program;
+        QVERIFY(program.IsWhollySeen(program.Find(u"Plot1"_s)));
+        auto& k = program.Find<QLabel>(u"ComputedKLabel"_s);
+        QCOMPARE(k.text(), u"3.6"_s);
+        QVERIFY(program.IsWhollySeen(k));
+        QVERIFY(program.IsWhollySeen(program.Find(u"CmboKLengthUnits"_s)));
+        QVERIFY(program.IsWhollySeen(program.Find(u"CmboKTimeUnits"_s)));
+    }
+
+    void ThePictureButtonsStackWhereTheyDoNotFitBesideEachOther() {
+        ScreenProgram program;
+        program.ClickTab(3);
+        const QRect first = program.OnPage(program.Find(u"SSRibbon1"_s));
+        const QRect second = program.OnPage(program.Find(u"SSRibbon2"_s));
+        if (Scale() >= LargestWhole)
+            QVERIFY(second.top() > first.bottom() && second.left() == first.left());
+        else if (Scale() == 1)
+            QVERIFY(second.left() > first.right() && second.top() == first.top());
+    }
+
+    void TheWellPictureScalesAndIsSeenWhole() {
+        ScreenProgram program;
+        program.ClickTab(3);
+        QWidget& picture = program.Find(u"Image1"_s, 0);
+        program.Page().ensureWidgetVisible(&picture);
+        QVERIFY(picture.isVisible());
+        QVERIFY(picture.height() >= picture.minimumSizeHint().height());
+        if (Scale() <= LargestWhole)
+            QVERIFY(program.IsWhollySeen(picture));
+    }
+
+    void EveryListIsWideEnoughForItsEntries() {
+        ScreenProgram program;
+        for (const QComboBox* list : program.Window().findChildren<QComboBox*>())
+            QVERIFY2(list->width() >= list->minimumSizeHint().width(),
+                     qPrintable(list->objectName()));
+    }
+
+    void APageHoldsLargerLettersThanUsual() {
+        const QFont before = QApplication::font();
+        QFont large = before;
+        large.setPointSizeF(before.pointSizeF() * 1.4);
+        QApplication::setFont(large);
+        {
+            ScreenProgram program;
+            for (int tab = 1; tab <= Tabs && Scale() <= LargestWhole; ++tab) {
+                program.ClickTab(tab);
+                QVERIFY2(program.Page().horizontalScrollBar()->maximum() == 0,
+                         qPrintable(QString::number(tab)));
+            }
+        }
+        QApplication::setFont(before);
+    }
+};
+
+} // namespace quarnel::windowtest
+
+int main(int argc, char** argv) {
+    return quarnel::windowtest::RunOnScreen<quarnel::windowtest::TestSmallScreen>("1024x768", argc,
+                                                                                  argv);
+}
+
+#include "test_small_screen.moc"
