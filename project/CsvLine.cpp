@@ -1,6 +1,6 @@
-#include "cli/CsvLine.h"
+#include "project/CsvLine.h"
 
-#include "cli/PlainText.h"
+#include "project/PlainText.h"
 
 namespace quarnel {
 

@@ -4,6 +4,7 @@
 #include "project/Result.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quarnel {
@@ -23,10 +24,8 @@ struct AnalysisRun {
 };
 
 /// Reads the project at `path`, restores its marks, prepares and computes. Failures are in the
-/// status and the messages.
-AnalysisRun RunAnalysis(const std::string& path);
-
-/// Tells the messages of `run` on standard error, each after the file's name.
-void PrintMessages(const AnalysisRun& run);
+/// status and the messages. `decimalSeparator` is the one of the user's locale, which typed numbers
+/// may use beside ".". May be called on several threads at a time.
+AnalysisRun RunAnalysis(const std::string& path, std::string_view decimalSeparator);
 
 } // namespace quarnel
