@@ -18,9 +18,10 @@ struct Command {
     ExitStatus (*run)(const Words& words);
 };
 
-constexpr std::array<Command, 7> Commands = {{
+constexpr std::array<Command, 8> Commands = {{
     {"analyze", AnalyzeCommand},
     {"diagnose", DiagnoseCommand},
+    {"compare", CompareCommand},
     {"report", ReportCommand},
     {"plot", PlotCommand},
     {"import", ImportCommand},
@@ -35,6 +36,7 @@ ExitStatus RunWithoutCommand(const Words& words) {
                             "Commands:\n"
                             "  analyze   Computes K and prints it as table, JSON or CSV.\n"
                             "  diagnose  Says how far K can be trusted.\n"
+                            "  compare   Puts many projects side by side.\n"
                             "  report    Writes the summary report.\n"
                             "  plot      Writes the plot as PDF, SVG or PNG.\n"
                             "  import    Turns a logger's file into a project.\n"

@@ -1,9 +1,9 @@
 #include "compare/CompareStatistics.h"
 
 #include "compare/Labels.h"
-#include "project/FixedLists.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numbers>
 #include <unordered_map>
@@ -12,9 +12,6 @@
 namespace quarnel {
 
 namespace {
-
-/// Where no row has a K and nobody names a unit: that of a new project.
-constexpr CompareUnit UnitOfNewProject{Metre, Day};
 
 template <std::size_t N>
 std::optional<int> PositionOf(const std::array<std::string_view, N>& names, std::string_view name) {
@@ -114,8 +111,8 @@ void Comparer::Judge(const CompareRow& row, bool isRepeated, ComparedRow& compar
 void Comparer::Add(std::size_t index) {
     const CompareRow& row = rows_[index];
     ComparedRow& compared = comparison_.rows.emplace_back();
-    const bool isFirst = filesAbove_.insert(row.resolvedFile).second;
-    const bool isRepeated = row.isRepeated || !isFirst;
+    const bool isRepeated = row.isRepeated || (!row.resolvedFile.empty() &&
+                                               !filesAbove_.insert(row.resolvedFile).second);
     Judge(row, isRepeated, compared);
     if (!row.isRead)
         return;
@@ -164,12 +161,20 @@ Comparison Comparer::Take() {
 
 } // namespace
 
+std::optional<int> LengthUnitNamed(std::string_view name) {
+    return PositionOf(LengthUnitNames, name);
+}
+
+std::optional<int> TimeUnitNamed(std::string_view name) {
+    return PositionOf(TimeUnitNames, name);
+}
+
 std::optional<CompareUnit> CompareUnitNamed(std::string_view name) {
     const std::size_t slash = name.find('/');
     if (slash == std::string_view::npos)
         return std::nullopt;
-    const std::optional<int> length = PositionOf(LengthUnitNames, name.substr(0, slash));
-    const std::optional<int> time = PositionOf(TimeUnitNames, name.substr(slash + 1));
+    const std::optional<int> length = LengthUnitNamed(name.substr(0, slash));
+    const std::optional<int> time = TimeUnitNamed(name.substr(slash + 1));
     return length && time ? std::optional<CompareUnit>({*length, *time}) : std::nullopt;
 }
 

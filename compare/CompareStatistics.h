@@ -2,6 +2,7 @@
 
 #include "compare/CompareRow.h"
 #include "compare/RepeatTests.h"
+#include "project/FixedLists.h"
 
 #include <cstddef>
 #include <optional>
@@ -18,6 +19,12 @@ struct CompareUnit {
     int time = 0;
 };
 
+/// Where no row has a K and nobody names a unit.
+inline constexpr CompareUnit UnitOfNewProject{Metre, Day};
+
+/// The positions of units called "m" and "day"; nothing where there is none of that name.
+std::optional<int> LengthUnitNamed(std::string_view name);
+std::optional<int> TimeUnitNamed(std::string_view name);
 /// The unit called "m/day", or nothing where there is none of that name.
 std::optional<CompareUnit> CompareUnitNamed(std::string_view name);
 /// "m/day".

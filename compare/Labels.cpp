@@ -3,7 +3,6 @@
 #include "project/TextColumns.h"
 #include "project/TextEncoding.h"
 
-#include <algorithm>
 #include <cstddef>
 
 namespace quarnel {
@@ -35,43 +34,6 @@ constexpr char32_t FoldedGreekOrCyrillic(char32_t code) {
     return IsIn(code, 0x400, 0x40F) ? code + 0x50 : code;
 }
 
-constexpr bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-/// Takes the digits at the start of `text` away and hands them back without leading zeros.
-std::string_view TakeNumber(std::string_view& text) {
-    const auto* const end = std::find_if_not(text.begin(), text.end(), IsDigit);
-    std::string_view digits = text.substr(0, static_cast<std::size_t>(end - text.begin()));
-    text.remove_prefix(digits.size());
-    digits.remove_prefix(std::min(digits.find_first_not_of('0'), digits.size()));
-    return digits;
-}
-
-/// Below 0 where `a` is less, above where it is greater.
-int ComparedNumbers(std::string_view a, std::string_view b) {
-    if (a.size() != b.size())
-        return a.size() < b.size() ? -1 : 1;
-    return a.compare(b);
-}
-
-int ComparedNaturally(std::string_view a, std::string_view b) {
-    while (!a.empty() && !b.empty()) {
-        if (IsDigit(a.front()) && IsDigit(b.front())) {
-            if (const int order = ComparedNumbers(TakeNumber(a), TakeNumber(b)); order != 0)
-                return order;
-            continue;
-        }
-        if (a.front() != b.front())
-            return static_cast<unsigned char>(a.front()) < static_cast<unsigned char>(b.front())
-                       ? -1
-                       : 1;
-        a.remove_prefix(1);
-        b.remove_prefix(1);
-    }
-    return a.empty() ? (b.empty() ? 0 : -1) : 1;
-}
-
 } // namespace
 
 std::string FoldedCase(std::string_view text) {
@@ -92,11 +54,6 @@ std::string FoldedCase(std::string_view text) {
         text.remove_prefix(character.size());
     }
     return folded;
-}
-
-bool NaturallyBefore(std::string_view a, std::string_view b) {
-    const int order = ComparedNaturally(FoldedCase(a), FoldedCase(b));
-    return order != 0 ? order < 0 : a < b;
 }
 
 } // namespace quarnel
