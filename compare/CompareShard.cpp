@@ -37,12 +37,18 @@ std::string RowFault(std::size_t number) {
     return "Row " + std::to_string(number) + " is not as a run writes it.";
 }
 
-template <typename Number> std::optional<Number> WholeNumber(std::string_view text) {
+/// The number that is the whole of a text.
+template <typename Number> std::optional<Number> NumberOf(std::string_view text) {
     Number value{};
     const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
     if (result.ec != std::errc() || result.ptr != text.data() + text.size())
         return std::nullopt;
     return value;
+}
+
+bool IsStatus(std::string_view name) {
+    return name == NameOf(CompareStatus::Counted) || name == NameOf(CompareStatus::NotCounted) ||
+           name == NameOf(CompareStatus::Failed);
 }
 
 /// The rows of one table.
@@ -62,7 +68,9 @@ private:
     void TakeK(const Columns& columns, CompareRow& row) const;
     void TakeSite(const Columns& columns, CompareRow& row) const;
     void TakeChecks(const std::string& names, std::vector<CheckId>& checks) const;
+    [[noreturn]] void Refuse() const { throw Fault{RowFault(rows_.size() + 1)}; }
     std::optional<double> Number(const std::string& text) const;
+    std::optional<std::size_t> Count(const std::string& text) const;
     CompareUnit UnitOfK() const;
     void SetK();
 
@@ -90,10 +98,17 @@ void ShardReader::ReadHeader() {
 std::optional<double> ShardReader::Number(const std::string& text) const {
     if (text.empty())
         return std::nullopt;
-    const std::optional<double> number = WholeNumber<double>(text);
+    const std::optional<double> number = NumberOf<double>(text);
     if (!number || !std::isfinite(*number))
-        throw Fault{RowFault(rows_.size() + 1)};
+        Refuse();
     return number;
+}
+
+std::optional<std::size_t> ShardReader::Count(const std::string& text) const {
+    const std::optional<std::size_t> count = NumberOf<std::size_t>(text);
+    if (!count && !text.empty())
+        Refuse();
+    return count;
 }
 
 void ShardReader::TakeChecks(const std::string& names, std::vector<CheckId>& checks) const {
@@ -105,7 +120,7 @@ void ShardReader::TakeChecks(const std::string& names, std::vector<CheckId>& che
         auto id = CheckId::LeRwEnd;
         while (CheckName(id) != name) {
             if (id == CheckId::FewPoints)
-                throw Fault{RowFault(rows_.size() + 1)};
+                Refuse();
             id = static_cast<CheckId>(static_cast<int>(id) + 1);
         }
         checks.push_back(id);
@@ -161,11 +176,12 @@ void ShardReader::TakeK(const Columns& columns, CompareRow& row) const {
 
 CompareRow ShardReader::RowOf(const Columns& columns) const {
     CompareRow row;
+    if (!IsStatus(columns[CsvStatus]))
+        Refuse();
     TakeTexts(columns, row);
     TakeSite(columns, row);
-    if (!columns[CsvPointCount].empty())
-        row.pointCount = WholeNumber<std::size_t>(columns[CsvPointCount]);
-    row.usedCount = WholeNumber<std::size_t>(columns[CsvUsedCount]).value_or(0);
+    row.pointCount = Count(columns[CsvPointCount]);
+    row.usedCount = Count(columns[CsvUsedCount]).value_or(0);
     TakeK(columns, row);
     return row;
 }
@@ -208,7 +224,8 @@ std::vector<CompareRow> ShardReader::Read() {
             throw Fault{std::string(ShardCutFault)};
         if (columns.size() != CompareCsvColumnCount ||
             columns[CsvNumber] != std::to_string(rows_.size() + 1))
-            throw Fault{RowFault(rows_.size() + 1)};
+            Refuse();
+        Number(columns[CsvKCommon]);
         rows_.push_back(RowOf(columns));
         kTexts_.push_back(columns[CsvKCommon]);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,6 +15,7 @@ public:
         : text_(text) {}
 
     bool AtEnd() const { return text_.empty(); }
+    std::size_t BytesLeft() const { return text_.size(); }
     /// The columns of the next line. False where it is not whole: a quote is not closed, something
     /// stands behind one, or the text ends before the line does.
     bool NextLine(std::vector<std::string>& columns);
