@@ -13,6 +13,8 @@ namespace {
 
 void AddError(AnalysisRun& run, std::string message) {
     run.status = ComputationStatus::Error;
+    if (run.failure.empty())
+        run.failure = message;
     run.messages.push_back(std::move(message));
 }
 

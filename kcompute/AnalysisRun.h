@@ -14,6 +14,7 @@ struct AnalysisRun {
     std::string file; ///< the path as the user gave it
     ComputationStatus status = ComputationStatus::Ok;
     std::vector<std::string> messages; ///< in the order they arose
+    std::string failure;               ///< the first message of an error; "" without one
     bool isRead = false;               ///< the file was one of ours; false leaves all else empty
     bool geometryAccepted = false;
     bool coefficientsComputed = false;
