@@ -1,7 +1,6 @@
 #include "compare/ProjectPaths.h"
 
 #include "compare/CompareRow.h"
-#include "compare/Labels.h"
 #include "project/Texts.h"
 
 #include <algorithm>
@@ -16,6 +15,43 @@ namespace quarnel {
 namespace {
 
 constexpr std::array<std::string_view, 2> ProjectEndings = {".QN2", ".IN"};
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+/// The digits at the beginning of `text` without leading zeros; they are taken off the text.
+std::string_view TakeNumber(std::string_view& text) {
+    std::size_t end = 0;
+    while (end < text.size() && IsDigit(text[end]))
+        ++end;
+    std::string_view number = text.substr(0, end);
+    text.remove_prefix(end);
+    number.remove_prefix(std::min(number.find_first_not_of('0'), number.size()));
+    return number;
+}
+
+/// Below 0, 0 or above 0, numbers by their value.
+int CompareNaturally(std::string_view a, std::string_view b) {
+    while (!a.empty() && !b.empty()) {
+        if (IsDigit(a.front()) && IsDigit(b.front())) {
+            const std::string_view first = TakeNumber(a);
+            const std::string_view second = TakeNumber(b);
+            if (first.size() != second.size())
+                return first.size() < second.size() ? -1 : 1;
+            if (const int order = first.compare(second); order != 0)
+                return order;
+        } else {
+            const auto first = static_cast<unsigned char>(a.front());
+            const auto second = static_cast<unsigned char>(b.front());
+            if (first != second)
+                return first < second ? -1 : 1;
+            a.remove_prefix(1);
+            b.remove_prefix(1);
+        }
+    }
+    return a.empty() ? (b.empty() ? 0 : -1) : 1;
+}
 
 bool IsProjectName(std::string_view name) {
     const std::string upper = UpperCaseAscii(name);
@@ -32,9 +68,15 @@ std::string_view WithoutEnding(std::string_view name) {
 
 } // namespace
 
+bool IsNaturallyLess(std::string_view a, std::string_view b) {
+    if (const int order = CompareNaturally(UpperCaseAscii(a), UpperCaseAscii(b)); order != 0)
+        return order < 0;
+    return a < b;
+}
+
 void SortNaturally(std::vector<std::string>& paths) {
     std::stable_sort(paths.begin(), paths.end(), [](const std::string& a, const std::string& b) {
-        return NaturallyBefore(FileNameOf(a), FileNameOf(b));
+        return IsNaturallyLess(FileNameOf(a), FileNameOf(b));
     });
 }
 

@@ -6,6 +6,10 @@
 
 namespace quarnel {
 
+/// Whether `a` stands before `b` where numbers in names count as numbers: "test 2" before "test
+/// 10". Case is ignored where it is the only difference but one.
+bool IsNaturallyLess(std::string_view a, std::string_view b);
+
 /// Sorts paths (the names' own bytes) by their file names in natural order.
 void SortNaturally(std::vector<std::string>& paths);
 
