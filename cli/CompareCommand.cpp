@@ -1,6 +1,7 @@
 #include "cli/CommandLine.h"
 #include "cli/Commands.h"
 #include "cli/CompareOutput.h"
+#include "cli/CompareRecords.h"
 #include "compare/CompareCsv.h"
 #include "compare/CompareLines.h"
 #include "compare/CompareRun.h"
@@ -11,6 +12,7 @@
 #include <algorithm>
 #include <charconv>
 #include <iterator>
+#include <optional>
 #include <unistd.h>
 
 namespace quarnel {
@@ -23,6 +25,7 @@ struct CompareRequest {
     std::string format = "table";
     CompareSettings settings;
     std::size_t jobs = DefaultCompareJobs();
+    std::optional<std::string> recordFolder;
     bool join = false;
 };
 
@@ -37,6 +40,10 @@ void AddOptions(CommandLine& commandLine) {
                           "well|site|none");
     commandLine.AddOption(
         "unit", "Unit of all K, as m/day; otherwise that of the first project with a K.", "L/T");
+    commandLine.AddOption("record",
+                          "Also write the record of each test into this folder as "
+                          "NAME-record.txt, replacing what is there.",
+                          "FOLDER");
     commandLine.AddOption("jobs", "Projects to read at a time; otherwise one for each core.", "N");
     commandLine.AddOption("join", "The files are tables that compare --format csv wrote: puts them "
                                   "together as one run over all projects would have.");
@@ -76,22 +83,32 @@ std::string TakeRequest(const CommandLine& commandLine, CompareRequest& request)
     }
     if (fault.empty() && commandLine.IsSet("jobs"))
         fault = TakeJobs(commandLine.Value("jobs"), request.jobs);
+    if (commandLine.IsSet("record"))
+        request.recordFolder = commandLine.Value("record");
     request.join = commandLine.IsSet("join");
+    if (fault.empty() && request.join && request.recordFolder)
+        fault = "The records need the projects themselves, not their tables.";
     request.files = commandLine.Files();
     return fault.empty() && request.files.empty() ? "No file is named." : fault;
 }
 
-std::vector<CompareRow> ReadProjects(const CompareRequest& request) {
+/// Reads every project into `rows`. False where a record could not be written.
+bool ReadProjects(const CompareRequest& request, std::vector<CompareRow>& rows) {
     const std::string separator = SystemDecimalSeparator();
     const std::vector<std::string> files = ProjectsNamed(request.files);
-    std::vector<CompareRow> rows;
+    std::optional<CompareRecords> records;
+    if (request.recordFolder)
+        records.emplace(*request.recordFolder, files);
     rows.reserve(files.size());
-    const CompareReader read = [&separator](const std::string& file) {
-        return ReadCompareRow(file, separator, CompareKeep());
+    const CompareReader read = [&](const std::string& file) {
+        const AnalysisRun run = RunAnalysis(file, separator);
+        if (records)
+            records->Write(run);
+        return MakeCompareRow(run, CompareKeep());
     };
     ReadCompareRows(files, request.jobs, read,
                     [&rows](std::size_t, CompareRow row) { rows.push_back(std::move(row)); });
-    return rows;
+    return !records || !records->HasFailed();
 }
 
 /// Takes up one table. False, and standard error says why, where it cannot be.
@@ -114,7 +131,7 @@ bool TakeTable(const std::string& path, const CompareSettings& settings,
 /// Takes up every table; false where one is missing, since statistics without it would look whole.
 bool JoinTables(const CompareRequest& request, std::vector<CompareRow>& rows) {
     bool isWhole = true;
-    for (const std::string& file : request.files)
+    for (const std::string& file : FilesNamed(request.files))
         isWhole = TakeTable(file, request.settings, rows) && isWhole;
     return isWhole;
 }
@@ -141,7 +158,7 @@ ExitStatus WriteComparison(const CompareRequest& request, const std::vector<Comp
 
 ExitStatus CompareCommand(const Words& words) {
     CommandLine commandLine(
-        "compare [--format F] [--group G] [--unit L/T] [--jobs N] FILE...",
+        "compare [options] FILE...",
         "Puts the K of many projects side by side in one unit, with statistics of each\n"
         "well and of all, and checks repeated tests of a well against each other. A file\n"
         "that fails is a row and does not stop the others.\n"
@@ -153,11 +170,11 @@ ExitStatus CompareCommand(const Words& words) {
     if (const std::string fault = TakeRequest(commandLine, request); !fault.empty())
         return commandLine.ReportWrongUse(fault);
     std::vector<CompareRow> rows;
-    if (!request.join)
-        rows = ReadProjects(request);
-    else if (!JoinTables(request, rows))
-        return Failed;
-    return WriteComparison(request, rows);
+    if (request.join)
+        return JoinTables(request, rows) ? WriteComparison(request, rows) : Failed;
+    const bool isRecorded = ReadProjects(request, rows);
+    const ExitStatus status = WriteComparison(request, rows);
+    return isRecorded ? status : Failed;
 }
 
 } // namespace quarnel

@@ -18,7 +18,6 @@ namespace quarnel {
 namespace {
 
 constexpr std::string_view Replacement = "\xEF\xBF\xBD"; // U+FFFD
-constexpr std::string_view SiteGap = " / ";
 /// K in three figures differs from K by less than this part of it.
 constexpr double ThreeFigureSlack = 0.006;
 constexpr std::string_view NotBySiteFault =
@@ -148,15 +147,14 @@ void ShardReader::TakeSite(const Columns& columns, CompareRow& row) const {
     if (grouping_ != Grouping::Site || !row.isRead)
         return;
     std::string_view site = ForeignText(columns[CsvGroup]);
-    const std::string_view well = row.wellLabel.empty() ? NoWellLabel : row.wellLabel;
+    const std::string well =
+        std::string(SiteGap) + (row.wellLabel.empty() ? std::string(NoWellLabel) : row.wellLabel);
     // The group has the spelling of its first row.
     if (site.size() < well.size() ||
         FoldedCase(site.substr(site.size() - well.size())) != FoldedCase(well))
         throw Fault{std::string(NotBySiteFault)};
     site.remove_suffix(well.size());
-    if (!site.empty() && !site.ends_with(SiteGap))
-        throw Fault{std::string(NotBySiteFault)};
-    row.siteName = site.substr(0, site.size() - std::min(site.size(), SiteGap.size()));
+    row.siteName = site == NoSiteName ? std::string_view() : site;
 }
 
 void ShardReader::TakeK(const Columns& columns, CompareRow& row) const {

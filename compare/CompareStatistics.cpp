@@ -40,8 +40,12 @@ std::string_view WellOf(const CompareRow& row) {
 std::string GroupName(const CompareRow& row, Grouping grouping) {
     if (grouping == Grouping::None)
         return std::string(AllTests);
-    const std::string well(WellOf(row));
-    return grouping == Grouping::Site && !row.siteName.empty() ? row.siteName + " / " + well : well;
+    std::string name;
+    if (grouping == Grouping::Site) {
+        name = row.siteName.empty() ? NoSiteName : std::string_view(row.siteName);
+        name += SiteGap;
+    }
+    return name += WellOf(row);
 }
 
 /// What the rows of one group share.

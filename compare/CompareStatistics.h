@@ -99,6 +99,8 @@ struct Comparison {
 Comparison CompareRows(std::span<const CompareRow> rows, const CompareSettings& settings);
 
 inline constexpr std::string_view NoWellLabel = "(no well label)";
+inline constexpr std::string_view NoSiteName = "(no site name)";
+inline constexpr std::string_view SiteGap = " / "; ///< between site and well
 inline constexpr std::string_view AllTests = "All";
 inline constexpr std::string_view StandsAboveReason = "The file stands above already.";
 inline constexpr std::string_view NotAboveZeroReason = "K is not greater than 0.";

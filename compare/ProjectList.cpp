@@ -30,25 +30,30 @@ std::vector<std::string> WithoutFolder(const std::string& path) {
     return projects.empty() ? std::vector<std::string>{path} : projects;
 }
 
-std::vector<std::string> ProjectsNamed(const std::string& path) {
+/// A path itself, or what its wildcards match.
+std::vector<std::string> Matches(const std::string& path) {
     if (Exists(path) || !HasWildcards(path))
-        return WithoutFolder(path);
+        return {path};
     std::vector<std::string> matches = PathsMatching(path);
     std::sort(matches.begin(), matches.end()); // files of one name in several folders
     SortNaturally(matches);
-    std::vector<std::string> projects;
-    for (const std::string& match : matches)
-        for (std::string& project : WithoutFolder(match))
-            projects.push_back(std::move(project));
-    return projects.empty() ? std::vector<std::string>{path} : projects;
+    return matches.empty() ? std::vector<std::string>{path} : matches;
 }
 
 } // namespace
 
+std::vector<std::string> FilesNamed(const std::vector<std::string>& paths) {
+    std::vector<std::string> files;
+    for (const std::string& path : paths)
+        for (std::string& match : Matches(path))
+            files.push_back(std::move(match));
+    return files;
+}
+
 std::vector<std::string> ProjectsNamed(const std::vector<std::string>& paths) {
     std::vector<std::string> projects;
-    for (const std::string& path : paths)
-        for (std::string& project : ProjectsNamed(path))
+    for (const std::string& match : FilesNamed(paths))
+        for (std::string& project : WithoutFolder(match))
             projects.push_back(std::move(project));
     return projects;
 }

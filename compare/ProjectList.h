@@ -10,4 +10,7 @@ namespace quarnel {
 /// nothing goes unnoticed.
 std::vector<std::string> ProjectsNamed(const std::vector<std::string>& paths);
 
+/// The same for files that are no projects: wildcards alone are taken.
+std::vector<std::string> FilesNamed(const std::vector<std::string>& paths);
+
 } // namespace quarnel

@@ -1,8 +1,8 @@
 #include "compare/TestRecord.h"
 #include "output/SummaryReport.h"
 #include "output/TextMeasure.h"
-#include "project/TextColumns.h"
 #include "project/PlainText.h"
+#include "project/TextColumns.h"
 
 #include <algorithm>
 #include <utility>

@@ -33,7 +33,7 @@ CompareRow RandomRow(Random& random) {
     const auto number = [&random](double size) {
         return size * (1 + static_cast<double>(random.Below(1U << 30U)) / 3e9);
     };
-    row.siteName = random.Pick(std::vector<std::string>{"North", "South / East", ""});
+    row.siteName = random.Pick(std::vector<std::string>{"North", "South / East", "(no site)", ""});
     row.testDate = random.OneIn(3) ? "" : "03/05/2024, noon";
     row.kCmPerSec = number(std::pow(10, random.Between(-9, 1)));
     row.kLengthUnit = random.Between(Inch, Metre);
@@ -250,8 +250,9 @@ TEST(CompareCsvTest, SitesNeedATableWrittenBySite) {
     const std::vector<CompareRow> rows = {row};
     EXPECT_EQ(FaultOf(CompareCsv(rows, CompareRows(rows, {{}, Grouping::Site})), Grouping::Site),
               "");
-    EXPECT_EQ(FaultOf(CompareCsv(rows, CompareRows(rows, {{}, Grouping::None})), Grouping::Site),
-              "The table was not written with --group site, so it does not name the sites.");
+    for (const Grouping grouping : {Grouping::Well, Grouping::None})
+        EXPECT_EQ(FaultOf(CompareCsv(rows, CompareRows(rows, {{}, grouping})), Grouping::Site),
+                  "The table was not written with --group site, so it does not name the sites.");
 }
 
 TEST(CsvReaderTest, ColumnsInQuotes) {

@@ -169,7 +169,8 @@ TEST(CompareStatisticsTest, SitesTellWellsOfOneLabelApart) {
     rows[2].siteName = "South";
     rows[3].siteName = "South";
     EXPECT_EQ(GroupNames(Compared(rows, Grouping::Site)),
-              (Names{"North / MW-1", "South / MW-1", "South / (no well label)", "MW-1"}));
+              (Names{"North / MW-1", "South / MW-1", "South / (no well label)",
+                     "(no site name) / MW-1"}));
     EXPECT_EQ(GroupNames(Compared(rows, Grouping::None)), Names{"All"});
 }
 
