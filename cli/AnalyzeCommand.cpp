@@ -1,4 +1,3 @@
-#include "cli/AnalysisRun.h"
 #include "cli/CommandLine.h"
 #include "cli/Commands.h"
 #include "cli/CsvOutput.h"
@@ -6,7 +5,9 @@
 #include "cli/JsonWriter.h"
 #include "cli/Output.h"
 #include "cli/TableOutput.h"
+#include "kcompute/AnalysisRun.h"
 #include "project/Result.h"
+#include "system/Locale.h"
 
 #include <string>
 #include <unistd.h>
@@ -18,9 +19,10 @@ namespace {
 /// Analyses one file after the other, so that only one is in memory, and hands each to `write`.
 /// False when any could not be computed. A reader that has gone ends it early.
 template <typename Write> bool AnalyzeEach(const Words& files, Output& output, Write write) {
+    const std::string separator = SystemDecimalSeparator();
     bool allComputed = true;
     for (const std::string& file : files) {
-        const AnalysisRun run = RunAnalysis(file);
+        const AnalysisRun run = RunAnalysis(file, separator);
         allComputed = allComputed && run.status != ComputationStatus::Error;
         write(run);
         if (output.HasFailed())
@@ -34,7 +36,7 @@ bool AnalyzeAsTable(const Words& files, Output& output) {
     return AnalyzeEach(files, output, [&](const AnalysisRun& run) {
         output.Write(isFirst ? "" : "\n");
         isFirst = false;
-        PrintMessages(run);
+        PrintMessages(run.file, run.messages);
         WriteTable(run, output);
         output.Flush(); // so that messages and tables keep their order on a terminal
     });
@@ -43,7 +45,7 @@ bool AnalyzeAsTable(const Words& files, Output& output) {
 bool AnalyzeAsCsv(const Words& files, Output& output) {
     output.Write(CsvHeader());
     return AnalyzeEach(files, output, [&](const AnalysisRun& run) {
-        PrintMessages(run);
+        PrintMessages(run.file, run.messages);
         output.Write(CsvRow(run));
     });
 }

@@ -1,9 +1,9 @@
 #include "cli/CommandLine.h"
 #include "cli/Commands.h"
 #include "cli/Output.h"
-#include "cli/PlainText.h"
 #include "project/FieldTables.h"
 #include "project/Files.h"
+#include "project/PlainText.h"
 #include "project/ProjectState.h"
 #include "system/Locale.h"
 

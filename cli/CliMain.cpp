@@ -1,5 +1,6 @@
 #include "cli/CommandLine.h"
 #include "cli/Commands.h"
+#include "cli/JsonWriter.h"
 #include "cli/Output.h"
 
 #include <QCoreApplication>
@@ -8,6 +9,7 @@
 #include <exception>
 #include <string>
 #include <string_view>
+#include <unistd.h>
 
 namespace quarnel {
 
@@ -18,15 +20,31 @@ struct Command {
     ExitStatus (*run)(const Words& words);
 };
 
-constexpr std::array<Command, 7> Commands = {{
+constexpr std::array<Command, 8> Commands = {{
     {"analyze", AnalyzeCommand},
     {"diagnose", DiagnoseCommand},
+    {"compare", CompareCommand},
     {"report", ReportCommand},
     {"plot", PlotCommand},
     {"import", ImportCommand},
     {"convert", ConvertCommand},
     {"check", CheckCommand},
 }};
+
+ExitStatus ShowVersion(const CommandLine& commandLine) {
+    const std::string format = commandLine.IsSet("format") ? commandLine.Value("format") : "text";
+    if (format == "text")
+        return PrintText(std::string(ProgramName) + " " QUARNEL_VERSION "\n");
+    if (format != "json")
+        return commandLine.ReportWrongUse("There is no format '" + format + "'.");
+    Output output(STDOUT_FILENO);
+    JsonWriter json(output);
+    json.BeginObject();
+    json.Member("program", ProgramName);
+    json.Member("version", QUARNEL_VERSION);
+    json.EndObject();
+    return FinishOutput(output, Done);
+}
 
 /// The words before a command: an option of the program itself, or a mistake.
 ExitStatus RunWithoutCommand(const Words& words) {
@@ -35,6 +53,7 @@ ExitStatus RunWithoutCommand(const Words& words) {
                             "Commands:\n"
                             "  analyze   Computes K and prints it as table, JSON or CSV.\n"
                             "  diagnose  Says how far K can be trusted.\n"
+                            "  compare   Puts many projects side by side.\n"
                             "  report    Writes the summary report.\n"
                             "  plot      Writes the plot as PDF, SVG or PNG.\n"
                             "  import    Turns a logger's file into a project.\n"
@@ -42,13 +61,14 @@ ExitStatus RunWithoutCommand(const Words& words) {
                             "  check     Says what a file is and what of it would be lost.\n\n"
                             "quarnel-cli COMMAND --help tells more of each.");
     commandLine.AddOption("version", "Shows the version.");
+    commandLine.AddOption("format", "With --version: text (the default) or json.", "text|json");
     if (const auto status = commandLine.Parse(words))
         return *status;
     const Words names = commandLine.Files();
     if (!names.empty())
         return commandLine.ReportWrongUse("There is no command '" + names.front() + "'.");
     if (commandLine.IsSet("version"))
-        return PrintText(std::string(ProgramName) + " " QUARNEL_VERSION "\n");
+        return ShowVersion(commandLine);
     return commandLine.ReportWrongUse("No command is given.");
 }
 

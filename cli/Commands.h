@@ -15,6 +15,8 @@ using Words = std::vector<std::string>;
 ExitStatus AnalyzeCommand(const Words& words);
 /// Says how far K of each project can be trusted.
 ExitStatus DiagnoseCommand(const Words& words);
+/// Puts many projects side by side.
+ExitStatus CompareCommand(const Words& words);
 /// Reads a project of either format and saves it in the current one.
 ExitStatus ConvertCommand(const Words& words);
 /// Turns the readings of a logger's file into a project.

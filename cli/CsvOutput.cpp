@@ -1,9 +1,9 @@
 #include "cli/CsvOutput.h"
 
-#include "cli/CsvLine.h"
 #include "kcompute/Computation.h"
 #include "kcompute/KText.h"
 #include "kcompute/WorkingValues.h"
+#include "project/CsvLine.h"
 #include "project/FixedLists.h"
 #include "project/ProjectState.h"
 #include "wellgeometry/WellDimensions.h"

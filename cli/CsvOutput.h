@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/AnalysisRun.h"
+#include "kcompute/AnalysisRun.h"
 
 #include <string>
 

@@ -1,10 +1,11 @@
-#include "cli/AnalysisRun.h"
 #include "cli/Commands.h"
 #include "cli/DiagnoseOutput.h"
 #include "cli/JsonWriter.h"
 #include "cli/Output.h"
 #include "diagnostics/Sensitivity.h"
+#include "kcompute/AnalysisRun.h"
 #include "project/Texts.h"
+#include "system/Locale.h"
 
 #include <unistd.h>
 
@@ -15,9 +16,10 @@ namespace {
 /// Diagnoses one file after the other, so that only one is in memory, and hands each to `write`.
 /// False when any failed. A reader that has gone ends it early.
 template <typename Write> bool DiagnoseEach(const Words& files, Output& output, Write write) {
+    const std::string separator = SystemDecimalSeparator();
     bool allComputed = true;
     for (const std::string& file : files) {
-        const AnalysisRun run = RunAnalysis(file);
+        const AnalysisRun run = RunAnalysis(file, separator);
         allComputed = allComputed && run.status != ComputationStatus::Error;
         write(run);
         if (output.HasFailed())
@@ -31,7 +33,7 @@ bool DiagnoseAsTable(const Words& files, const DiagnoseOptions& options, Output&
     return DiagnoseEach(files, output, [&](const AnalysisRun& run) {
         output.Write(isFirst ? "" : "\n");
         isFirst = false;
-        PrintMessages(run);
+        PrintMessages(run.file, run.messages);
         WriteDiagnosticsTable(run, options, output);
         output.Flush(); // so that messages and tables keep their order on a terminal
     });
@@ -40,7 +42,7 @@ bool DiagnoseAsTable(const Words& files, const DiagnoseOptions& options, Output&
 bool DiagnoseAsCsv(const Words& files, Output& output) {
     output.Write(DiagnosticsCsvHeader());
     return DiagnoseEach(files, output, [&](const AnalysisRun& run) {
-        PrintMessages(run);
+        PrintMessages(run.file, run.messages);
         output.Write(DiagnosticsCsvRow(run));
     });
 }

@@ -1,7 +1,7 @@
-#include "cli/CsvLine.h"
 #include "cli/DiagnoseOutput.h"
 #include "diagnostics/Diagnostics.h"
 #include "kcompute/KText.h"
+#include "project/CsvLine.h"
 
 namespace quarnel {
 

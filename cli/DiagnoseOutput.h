@@ -1,8 +1,8 @@
 #pragma once
 
-#include "cli/AnalysisRun.h"
 #include "cli/JsonWriter.h"
 #include "cli/Output.h"
+#include "kcompute/AnalysisRun.h"
 
 #include <optional>
 #include <string>

@@ -1,6 +1,6 @@
 #include "cli/DiagnoseOutput.h"
-#include "cli/PlainText.h"
 #include "diagnostics/DiagnosticsLines.h"
+#include "project/PlainText.h"
 #include "project/TextColumns.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "cli/ImportOutput.h"
 
-#include "cli/PlainText.h"
 #include "loggerfiles/ImportTexts.h"
 #include "loggerfiles/KindNames.h"
+#include "project/PlainText.h"
 #include "project/TextColumns.h"
 #include "project/Texts.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cli/AnalysisRun.h"
 #include "cli/JsonWriter.h"
+#include "kcompute/AnalysisRun.h"
 
 namespace quarnel {
 

@@ -1,6 +1,6 @@
 #include "cli/JsonWriter.h"
 
-#include "cli/PlainText.h"
+#include "project/PlainText.h"
 
 #include <algorithm>
 #include <string>

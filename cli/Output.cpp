@@ -1,6 +1,6 @@
 #include "cli/Output.h"
 
-#include "cli/PlainText.h"
+#include "project/PlainText.h"
 
 #include <cerrno>
 #include <csignal>
@@ -55,6 +55,11 @@ void PrintMessage(std::string_view prefix, std::string_view text) {
     line += PlainText(text);
     line += '\n';
     WriteAll(STDERR_FILENO, line); // nobody is left to tell of a failure here
+}
+
+void PrintMessages(std::string_view prefix, std::span<const std::string> texts) {
+    for (const std::string& text : texts)
+        PrintMessage(prefix, text);
 }
 
 void SecureStandardStreams() {

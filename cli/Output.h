@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -38,6 +39,8 @@ private:
 /// One line to standard error: the program's name or a file, a colon and the text, with control
 /// characters made harmless.
 void PrintMessage(std::string_view prefix, std::string_view text);
+/// Such a line for each of `texts`.
+void PrintMessages(std::string_view prefix, std::span<const std::string> texts);
 
 /// Opens what is missing of standard input, output and error in a way that no write succeeds, and
 /// turns writing to a closed pipe into an ordinary failure. Without it a saved project could get

@@ -1,7 +1,8 @@
-#include "cli/AnalysisRun.h"
 #include "cli/Commands.h"
 #include "cli/Output.h"
+#include "kcompute/AnalysisRun.h"
 #include "output/SummaryReport.h"
+#include "system/Locale.h"
 #include "system/OpenFile.h"
 #include "system/ReplaceFile.h"
 
@@ -42,8 +43,8 @@ ExitStatus ReportCommand(const Words& words) {
     // A slip of the fingers must not put a report in the place of the project.
     if (commandLine.IsSet("o") && (out.empty() || IsSameFile(out, files.front())))
         return commandLine.ReportWrongUse("The report needs a file of its own.");
-    const AnalysisRun run = RunAnalysis(files.front());
-    PrintMessages(run);
+    const AnalysisRun run = RunAnalysis(files.front(), SystemDecimalSeparator());
+    PrintMessages(run.file, run.messages);
     if (!run.isRead)
         return Failed;
     const std::string bytes = ReportBytes(run.analysis.state, run.analysis.computation.get());

@@ -1,12 +1,12 @@
 #include "cli/TableOutput.h"
 
-#include "cli/PlainText.h"
 #include "kcompute/Computation.h"
 #include "kcompute/KText.h"
 #include "kcompute/NumberToText.h"
 #include "kcompute/UseIgnore.h"
 #include "kcompute/WorkingValues.h"
 #include "project/FixedLists.h"
+#include "project/PlainText.h"
 #include "project/ProjectState.h"
 #include "project/Result.h"
 #include "project/TextColumns.h"

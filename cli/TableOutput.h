@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cli/AnalysisRun.h"
 #include "cli/Output.h"
+#include "kcompute/AnalysisRun.h"
 
 namespace quarnel {
 

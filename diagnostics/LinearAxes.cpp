@@ -21,6 +21,8 @@ constexpr double XTitleHeightsDown = 1.25;
 constexpr double FrameWidth = 15;
 constexpr double GridWidth = 8;
 constexpr double PointRadius = 40;
+constexpr double MarkRadius = 55;
+constexpr double MinorTick = 40;
 constexpr double Spot = 5;
 constexpr int Intervals = 5;
 /// A surface divided by a smaller range would be infinite.
@@ -78,13 +80,14 @@ void Cut(double start, double end, const LinearAxes::Range& range, double& from,
 
 } // namespace
 
-LinearAxes::LinearAxes(double areaWidth, double areaHeight, Range x, Range y)
+LinearAxes::LinearAxes(double areaWidth, double areaHeight, Range x, Range y, const Look& look)
     : x_(Usable(x))
     , y_(Usable(y))
+    , look_(look)
     , left_(LeftMargin)
     , top_(TopMargin)
-    , width_(std::max(0.0, areaWidth - LeftMargin - RightMargin))
-    , height_(std::max(0.0, areaHeight - TopMargin - BottomMargin)) {
+    , width_(std::max(0.0, areaWidth - LeftMargin - RightMargin - look.right))
+    , height_(std::max(0.0, areaHeight - TopMargin - BottomMargin - look.bottom)) {
     drawing_.width = areaWidth;
     drawing_.height = areaHeight;
     perX_ = width_ / (x_.high - x_.low);
@@ -123,9 +126,7 @@ void LinearAxes::AddLabel(double x, double y, std::string text, Across across, A
     drawing_.labels.push_back(std::move(label));
 }
 
-void LinearAxes::DrawFrame(const std::string& xTitle, const std::string& yTitle,
-                           const std::string& title) {
-    const double right = left_ + width_;
+void LinearAxes::DrawTicksOfX() {
     const double bottom = top_ + height_;
     for (const double tick : TicksOf(x_)) {
         AddLine(AtX(tick), top_, AtX(tick), bottom, DrawingColour::Grid, GridWidth);
@@ -134,13 +135,44 @@ void LinearAxes::DrawFrame(const std::string& xTitle, const std::string& yTitle,
         drawing_.labels.back().maxWidth = width_ / Intervals;
         drawing_.labels.back().group = XNumbers;
     }
+}
+
+void LinearAxes::DrawTicksOfY() {
     for (const double tick : TicksOf(y_)) {
-        AddLine(left_, AtY(tick), right, AtY(tick), DrawingColour::Grid, GridWidth);
+        AddLine(left_, AtY(tick), left_ + width_, AtY(tick), DrawingColour::Grid, GridWidth);
         AddLabel(left_ - LabelGap, AtY(tick), TickText(tick, StepOf(y_)), Across::Right,
                  Along::Middle);
         drawing_.labels.back().maxWidth = NumberWidth;
         drawing_.labels.back().group = YNumbers;
     }
+}
+
+/// The powers of ten with a line each, and ticks at their multiples between.
+void LinearAxes::DrawDecades() {
+    for (double exponent = std::ceil(y_.low); exponent <= y_.high; ++exponent) {
+        AddLine(left_, AtY(exponent), left_ + width_, AtY(exponent), DrawingColour::Grid,
+                GridWidth);
+        AddLabel(left_ - LabelGap, AtY(exponent), DoubleToText(std::pow(10.0, exponent)),
+                 Across::Right, Along::Middle);
+        drawing_.labels.back().maxWidth = NumberWidth;
+        drawing_.labels.back().maxHeight = height_ / (y_.high - y_.low);
+        drawing_.labels.back().group = YNumbers;
+        for (int multiple = 2; multiple < 10 && exponent < y_.high; ++multiple) {
+            const double y = AtY(exponent + std::log10(multiple));
+            AddLine(left_ - MinorTick, y, left_, y, DrawingColour::Ink, FrameWidth);
+        }
+    }
+}
+
+void LinearAxes::DrawFrame(const std::string& xTitle, const std::string& yTitle,
+                           const std::string& title) {
+    const double right = left_ + width_;
+    const double bottom = top_ + height_;
+    DrawTicksOfX();
+    if (look_.yIsExponent)
+        DrawDecades();
+    else
+        DrawTicksOfY();
     AddLine(left_, top_, left_, bottom, DrawingColour::Ink, FrameWidth);
     AddLine(right, top_, right, bottom, DrawingColour::Ink, FrameWidth);
     AddLine(left_, top_, right, top_, DrawingColour::Ink, FrameWidth);
@@ -172,8 +204,17 @@ void LinearAxes::Line(double x1, double y1, double x2, double y2, DrawingColour 
     drawing_.lines.back().dashed = dashed;
 }
 
+bool LinearAxes::IsOnAxes(double x, double y) const {
+    return x >= x_.low && x <= x_.high && y >= y_.low && y <= y_.high;
+}
+
+void LinearAxes::Mark(double x, double y, int series, bool isFilled) {
+    if (IsOnAxes(x, y))
+        drawing_.marks.push_back({AtX(x), AtY(y), MarkRadius, series, isFilled});
+}
+
 void LinearAxes::Point(double x, double y, DrawingColour colour) {
-    if (!(x >= x_.low && x <= x_.high && y >= y_.low && y <= y_.high))
+    if (!IsOnAxes(x, y))
         return;
     const double atX = AtX(x);
     const double atY = AtY(y);

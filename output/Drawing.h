@@ -37,6 +37,18 @@ struct DrawingCircle {
     DrawingColour colour = DrawingColour::Red;
 };
 
+/// How many series of marks can be told apart: each has a colour and a shape of its own.
+inline constexpr int MarkSeriesCount = 12;
+
+/// A mark of one of several series of points. The series gives both its colour, the same on every
+/// surface, and its shape, since no colour may be the only sign of something.
+struct DrawingMark {
+    double x = 0, y = 0;
+    double radius = 0;
+    int series = 0; ///< 0 to MarkSeriesCount - 1
+    bool isFilled = false;
+};
+
 /// A text held at (x, y) by the given edges; it is measured only when painted. A text that stands
 /// `heightsDown` text heights below y says so, since a drawing does not know how tall its text is.
 struct DrawingLabel {
@@ -59,9 +71,10 @@ struct Drawing {
     std::vector<DrawingArea> areas; ///< below everything else
     std::vector<DrawingLine> lines;
     std::vector<DrawingCircle> circles;
+    std::vector<DrawingMark> marks;
     std::vector<DrawingLabel> labels;
     bool IsEmpty() const {
-        return areas.empty() && lines.empty() && circles.empty() && labels.empty();
+        return areas.empty() && lines.empty() && circles.empty() && marks.empty() && labels.empty();
     }
 };
 

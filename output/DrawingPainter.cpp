@@ -3,7 +3,10 @@
 #include "output/FontMeasure.h"
 #include "widgets/QtTexts.h"
 
+#include <QPolygonF>
+#include <QTransform>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <map>
@@ -161,6 +164,83 @@ void PaintCircles(QPainter& painter, const Drawing& drawing, const Inks& inks) {
     }
 }
 
+/// The colours of the series, of a middle lightness that stands out from white and from dark.
+constexpr std::array<QRgb, MarkSeriesCount> SeriesColours = {
+    0xFF1F77B4, 0xFFD95F02, 0xFF1B9E77, 0xFFB5399C, 0xFF7570B3, 0xFFA6761D,
+    0xFFE7298A, 0xFF4D8F1F, 0xFF8C6D5C, 0xFF0E8FA8, 0xFFC2403B, 0xFF777777};
+
+constexpr double MarkWidth = 18;
+
+/// The corners of a regular figure, the first `turn` parts of a full turn from the right; every
+/// second one is drawn in to `inner` of the radius, which makes a star of it.
+QPolygonF Figure(int corners, double turn, double inner = 1) {
+    QPolygonF figure;
+    for (int i = 0; i < corners; ++i) {
+        const double angle = 2 * M_PI * (turn + double(i) / corners);
+        const double reach = i % 2 == 0 ? 1 : inner;
+        figure << QPointF(reach * std::cos(angle), reach * std::sin(angle));
+    }
+    return figure;
+}
+
+/// The outline of an upright cross whose bars are two thirds as wide as they are long.
+QPolygonF CrossFigure() {
+    constexpr double Half = 0.35;
+    return QPolygonF({{-Half, -1},
+                      {Half, -1},
+                      {Half, -Half},
+                      {1, -Half},
+                      {1, Half},
+                      {Half, Half},
+                      {Half, 1},
+                      {-Half, 1},
+                      {-Half, Half},
+                      {-1, Half},
+                      {-1, -Half},
+                      {-Half, -Half}});
+}
+
+/// The shapes of the series, each of radius 1; the first, a circle, has no corners.
+std::array<QPolygonF, MarkSeriesCount> SeriesShapes() {
+    constexpr double Up = 0.75; // of a turn, y running down
+    constexpr double Down = 0.25;
+    constexpr double Eighth = 0.125;
+    constexpr double StarInner = 0.4;
+    return {QPolygonF(),
+            Figure(4, Eighth),
+            Figure(3, Up),
+            Figure(4, 0),
+            Figure(3, Down),
+            CrossFigure(),
+            Figure(10, Up, StarInner),
+            Figure(5, Up),
+            Figure(3, 0),
+            QTransform().rotate(45).map(CrossFigure()),
+            Figure(3, 0.5),
+            Figure(6, 0)};
+}
+
+void PaintMarks(QPainter& painter, const std::vector<DrawingMark>& marks) {
+    if (marks.empty())
+        return;
+    const std::array<QPolygonF, MarkSeriesCount> shapes = SeriesShapes();
+    for (const DrawingMark& mark : marks) {
+        const auto series =
+            static_cast<std::size_t>(std::clamp(mark.series, 0, MarkSeriesCount - 1));
+        const QColor colour(SeriesColours[series]);
+        painter.setPen(QPen(colour, MarkWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+        painter.setBrush(mark.isFilled ? QBrush(colour) : QBrush(Qt::NoBrush));
+        const QPointF centre(std::round(mark.x), std::round(mark.y));
+        if (shapes[series].isEmpty())
+            painter.drawEllipse(centre, mark.radius, mark.radius);
+        else
+            painter.drawPolygon(QTransform::fromScale(mark.radius, mark.radius)
+                                    .map(shapes[series])
+                                    .translated(centre));
+    }
+    painter.setBrush(Qt::NoBrush);
+}
+
 } // namespace
 
 void PaintDrawing(QPainter& painter, const Drawing& drawing, const Inks& inks) {
@@ -168,6 +248,7 @@ void PaintDrawing(QPainter& painter, const Drawing& drawing, const Inks& inks) {
     PaintAreas(painter, drawing, inks);
     PaintLines(painter, drawing, inks);
     PaintCircles(painter, drawing, inks);
+    PaintMarks(painter, drawing.marks);
     painter.setPen(inks.ink);
     const QFont font = PaintingFont(painter, inks);
     const FontMeasure measure(font);

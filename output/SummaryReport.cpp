@@ -130,7 +130,7 @@ void AddEmptyBlocks(const ProjectState& state, std::vector<ReportBlock>& blocks)
 }
 
 void AppendRow(std::string& text, const ReportRow& row) {
-    AppendInColumns(text, TableColumns, {row[0], row[1], row[2], row[3], row[4]});
+    AppendReportRow(text, row);
     text += LineEnd;
 }
 
@@ -161,6 +161,10 @@ ReportRow ReportTableRow(const Computation& computation, std::size_t point) {
     return {made.timeText.ToString(), made.levelText.ToString(),
             std::string(MarkText(computation.marks[point])), YText(made),
             FittedYText(computation, point)};
+}
+
+void AppendReportRow(std::string& text, const ReportRow& row) {
+    AppendInColumns(text, TableColumns, {row[0], row[1], row[2], row[3], row[4]});
 }
 
 std::size_t ReportTableSize(const Computation* computation) {

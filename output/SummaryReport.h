@@ -35,6 +35,10 @@ ReportRow ReportTableHeadings(const ProjectState& state, const Computation* comp
 /// The row of a point (counted from 0).
 ReportRow ReportTableRow(const Computation& computation, std::size_t point);
 
+/// Adds a row of the point table, or its headings, to a text: columns at 1, 15, 35, 50 and 65
+/// counted in characters.
+void AppendReportRow(std::string& text, const ReportRow& row);
+
 /// How many points the table has; none without a computation.
 std::size_t ReportTableSize(const Computation* computation);
 

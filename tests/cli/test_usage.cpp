@@ -6,6 +6,8 @@ namespace {
 
 constexpr const char* WrongPercent = "quarnel-cli: The percent must be a number from 1 to 50.";
 
+constexpr const char* WrongJobs = "quarnel-cli: The number of jobs must be a whole number from 1.";
+
 class CliUsageTest : public CliTest {};
 
 } // namespace
@@ -17,7 +19,7 @@ TEST_F(CliUsageTest, HelpNamesEveryCommand) {
         EXPECT_EQ(outcome.err, "");
         EXPECT_EQ(outcome.out.find("Usage: quarnel-cli COMMAND [options] FILE...\n"), 0U);
         for (const char* command :
-             {"analyze", "diagnose", "report", "plot", "import", "convert", "check"})
+             {"analyze", "diagnose", "compare", "report", "plot", "import", "convert", "check"})
             EXPECT_NE(outcome.out.find("\n  " + std::string(command) + " "), std::string::npos)
                 << command;
     }
@@ -28,6 +30,7 @@ TEST_F(CliUsageTest, EachCommandHasItsHelp) {
          {std::pair("analyze", "Usage: quarnel-cli analyze [--format table|json|csv] FILE...\n"),
           std::pair("diagnose", "Usage: quarnel-cli diagnose [--format F] [--sensitivity] "
                                 "[--percent P] FILE...\n"),
+          std::pair("compare", "Usage: quarnel-cli compare [options] FILE...\n"),
           std::pair("report", "Usage: quarnel-cli report [-o OUT] FILE\n"),
           std::pair("plot", "Usage: quarnel-cli plot -o OUT [--head-range] FILE\n"),
           std::pair("import", "Usage: quarnel-cli import LOGGER -o NEW.qn2 [options]\n"),
@@ -44,9 +47,10 @@ TEST_F(CliUsageTest, EachCommandHasItsHelp) {
 TEST_F(CliUsageTest, HelpFitsATerminal) {
     for (const QStringList& arguments :
          {QStringList{Q("--help")}, QStringList{Q("analyze"), Q("-h")},
-          QStringList{Q("diagnose"), Q("-h")}, QStringList{Q("report"), Q("-h")},
-          QStringList{Q("plot"), Q("-h")}, QStringList{Q("import"), Q("-h")},
-          QStringList{Q("convert"), Q("-h")}, QStringList{Q("check"), Q("-h")}})
+          QStringList{Q("diagnose"), Q("-h")}, QStringList{Q("compare"), Q("-h")},
+          QStringList{Q("report"), Q("-h")}, QStringList{Q("plot"), Q("-h")},
+          QStringList{Q("import"), Q("-h")}, QStringList{Q("convert"), Q("-h")},
+          QStringList{Q("check"), Q("-h")}})
         for (const QString& line : Q(Run(arguments).out).split(Q("\n")))
             EXPECT_LE(line.size(), 80) << line.toStdString();
 }
@@ -55,6 +59,14 @@ TEST_F(CliUsageTest, VersionIsTheProjects) {
     const Outcome outcome = Run({Q("--version")});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.out, "quarnel-cli " QUARNEL_VERSION "\n");
+}
+
+TEST_F(CliUsageTest, VersionForOtherPrograms) {
+    const Outcome outcome = Run({Q("--version"), Q("--format"), Q("json")});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.out,
+              "{\n  \"program\": \"quarnel-cli\",\n  \"version\": \"" QUARNEL_VERSION "\"\n}\n");
+    EXPECT_EQ(Run({Q("--version"), Q("--format=text")}).out, Run({Q("--version")}).out);
 }
 
 TEST_F(CliUsageTest, WrongUseIsTold) {
@@ -90,6 +102,23 @@ TEST_F(CliUsageTest, WrongUseIsTold) {
          "quarnel-cli: Missing value after '--percent'."},
         {{Q("diagnose"), Q("--head-range"), Q("a.qn2")},
          "quarnel-cli: Unknown option 'head-range'."},
+        {{Q("compare")}, "quarnel-cli: No file is named."},
+        {{Q("compare"), Q("--join")}, "quarnel-cli: No file is named."},
+        {{Q("compare"), Q("--format"), Q("xml"), Q("a.qn2")},
+         "quarnel-cli: There is no format 'xml'."},
+        {{Q("compare"), Q("--group"), Q("Well"), Q("a.qn2")},
+         "quarnel-cli: There is no group 'Well'."},
+        {{Q("compare"), Q("--unit"), Q("m"), Q("a.qn2")}, "quarnel-cli: There is no unit 'm'."},
+        {{Q("compare"), Q("--unit"), Q("km/day"), Q("a.qn2")},
+         "quarnel-cli: There is no unit 'km/day'."},
+        {{Q("compare"), Q("--jobs"), Q("0"), Q("a.qn2")}, WrongJobs},
+        {{Q("compare"), Q("--jobs"), Q("-1"), Q("a.qn2")}, WrongJobs},
+        {{Q("compare"), Q("--jobs"), Q("1.5"), Q("a.qn2")}, WrongJobs},
+        {{Q("compare"), Q("--jobs="), Q("a.qn2")}, WrongJobs},
+        {{Q("compare"), Q("--jobs"), Q("99999999999999999999"), Q("a.qn2")}, WrongJobs},
+        {{Q("compare"), Q("--join"), Q("--record"), Q("."), Q("a.csv")},
+         "quarnel-cli: The records need the projects themselves, not their tables."},
+        {{Q("--version"), Q("--format"), Q("xml")}, "quarnel-cli: There is no format 'xml'."},
         {{Q("convert")}, "quarnel-cli: Exactly two files are needed."},
         {{Q("convert"), Q("a.qn2")}, "quarnel-cli: Exactly two files are needed."},
         {{Q("convert"), Q("a.qn2"), Q("b.qn2"), Q("c.qn2")},

@@ -46,6 +46,9 @@ std::string DrawingText(const Drawing& drawing) {
     for (const DrawingCircle& circle : drawing.circles)
         text += "circle" + Numbers({circle.x, circle.y, circle.radius}) +
                 Name(ColourNames, circle.colour) + "\n";
+    for (const DrawingMark& mark : drawing.marks)
+        text += "mark" + Numbers({mark.x, mark.y, mark.radius}) + " " +
+                std::to_string(mark.series) + (mark.isFilled ? " filled\n" : "\n");
     for (const DrawingLabel& label : drawing.labels)
         text += "label" + Numbers({label.x, label.y, label.heightsDown, label.points}) +
                 Name(AcrossNames, label.across) + Name(AlongNames, label.along) +

@@ -1,8 +1,15 @@
-#include "cli/CsvLine.h"
+#include "project/CsvLine.h"
 
-#include "cli/PlainText.h"
+#include "project/PlainText.h"
 
 namespace quarnel {
+
+bool LooksLikeFormula(std::string_view text) {
+    constexpr std::string_view FormulaStart = "=+-@\t\r\n";
+    const std::size_t start = text.find_first_not_of('\'');
+    return start != std::string_view::npos &&
+           FormulaStart.find(text[start]) != std::string_view::npos;
+}
 
 void CsvLine::Add(std::string_view text) {
     if (!line_.empty())
@@ -15,9 +22,8 @@ void CsvLine::Add(bool reached, double number) {
 }
 
 void CsvLine::AddForeign(std::string_view text) {
-    constexpr std::string_view FormulaStart = "=+-@\t\r\n";
     std::string quoted = "\"";
-    if (!text.empty() && FormulaStart.find(text.front()) != std::string_view::npos)
+    if (LooksLikeFormula(text))
         quoted += '\'';
     for (const char character : WellFormedUtf8(text))
         quoted += character == '"' ? std::string("\"\"") : std::string(1, character);

@@ -1,4 +1,4 @@
-#include "cli/PlainText.h"
+#include "project/PlainText.h"
 
 #include "project/TextColumns.h"
 #include "project/TextEncoding.h"

@@ -1,10 +1,8 @@
-#include "cli/AnalysisRun.h"
+#include "kcompute/AnalysisRun.h"
 
-#include "cli/Output.h"
 #include "kcompute/ComputeK.h"
 #include "project/Files.h"
 #include "project/Result.h"
-#include "system/Locale.h"
 
 #include <new>
 #include <utility>
@@ -15,6 +13,8 @@ namespace {
 
 void AddError(AnalysisRun& run, std::string message) {
     run.status = ComputationStatus::Error;
+    if (run.failure.empty())
+        run.failure = message;
     run.messages.push_back(std::move(message));
 }
 
@@ -26,8 +26,8 @@ void AddWarning(AnalysisRun& run, std::string message) {
     run.messages.push_back(std::move(message));
 }
 
-void Read(AnalysisRun& run) {
-    run.analysis.state.DecimalSeparator = SystemDecimalSeparator();
+void Read(AnalysisRun& run, std::string_view decimalSeparator) {
+    run.analysis.state.DecimalSeparator = decimalSeparator;
     ReadReport report = OpenProjectFile(run.file, run.analysis);
     run.isRead = report.format != FileFormat::Unrecognised;
     for (std::string& message : report.messages)
@@ -55,10 +55,10 @@ void ComputeAndTell(AnalysisRun& run) {
         AddWarning(run, std::string(RisingSlopeMessage));
 }
 
-AnalysisRun ReadPrepareCompute(const std::string& path) {
+AnalysisRun ReadPrepareCompute(const std::string& path, std::string_view decimalSeparator) {
     AnalysisRun run;
     run.file = path;
-    Read(run);
+    Read(run, decimalSeparator);
     if (run.isRead)
         Prepare(run);
     if (run.pointsChecked)
@@ -68,9 +68,9 @@ AnalysisRun ReadPrepareCompute(const std::string& path) {
 
 } // namespace
 
-AnalysisRun RunAnalysis(const std::string& path) {
+AnalysisRun RunAnalysis(const std::string& path, std::string_view decimalSeparator) {
     try {
-        return ReadPrepareCompute(path);
+        return ReadPrepareCompute(path, decimalSeparator);
     } catch (const std::bad_alloc&) {
         // One project too large for the machine must not take the others with it.
         AnalysisRun run;
@@ -78,11 +78,6 @@ AnalysisRun RunAnalysis(const std::string& path) {
         AddError(run, FileErrorMessage(FileFailure::OutOfMemory));
         return run;
     }
-}
-
-void PrintMessages(const AnalysisRun& run) {
-    for (const std::string& message : run.messages)
-        PrintMessage(run.file, message);
 }
 
 } // namespace quarnel

@@ -4,6 +4,7 @@
 #include "project/Result.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quarnel {
@@ -13,6 +14,7 @@ struct AnalysisRun {
     std::string file; ///< the path as the user gave it
     ComputationStatus status = ComputationStatus::Ok;
     std::vector<std::string> messages; ///< in the order they arose
+    std::string failure;               ///< the first message of an error; "" without one
     bool isRead = false;               ///< the file was one of ours; false leaves all else empty
     bool geometryAccepted = false;
     bool coefficientsComputed = false;
@@ -23,10 +25,8 @@ struct AnalysisRun {
 };
 
 /// Reads the project at `path`, restores its marks, prepares and computes. Failures are in the
-/// status and the messages.
-AnalysisRun RunAnalysis(const std::string& path);
-
-/// Tells the messages of `run` on standard error, each after the file's name.
-void PrintMessages(const AnalysisRun& run);
+/// status and the messages. `decimalSeparator` is the one of the user's locale, which typed numbers
+/// may use beside ".". May be called on several threads at a time.
+AnalysisRun RunAnalysis(const std::string& path, std::string_view decimalSeparator);
 
 } // namespace quarnel

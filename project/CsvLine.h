@@ -7,6 +7,10 @@
 
 namespace quarnel {
 
+/// Whether a spreadsheet would take a text for a formula, or it is one that was kept from that by
+/// an apostrophe. Such a text gets one more, so that a reader can take it off again.
+bool LooksLikeFormula(std::string_view text);
+
 /// Gathers the columns of one line of CSV.
 class CsvLine {
 public:
