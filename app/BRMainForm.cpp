@@ -11,6 +11,7 @@
 #include "app/SiteIdentificationPanel.h"
 #include "app/StatusLine.h"
 #include "app/WellTestIdentificationPanel.h"
+#include "compare/CompareProjectsFrm.h"
 #include "diagnostics/DiagnosticsFrm.h"
 #include "kcompute/ComputedYFrm.h"
 #include "kcompute/Plausibility.h"
@@ -225,6 +226,8 @@ void BRMainForm::BuildMenus() {
     compute_->AddToPlotMenu(add(mnuTools, QStringLiteral("mnuDiagnostics"),
                                 QStringLiteral("&Diagnostics"), Qt::CTRL | Qt::Key_D,
                                 &BRMainForm::ShowDiagnostics));
+    add(mnuTools, QStringLiteral("mnuCompareProjects"), QStringLiteral("&Compare Projects..."),
+        QKeySequence(), &BRMainForm::CompareProjects);
     add(mnuTools, QStringLiteral("mnuUserGuide"), QStringLiteral("User &Guide"), Qt::Key_F1,
         &BRMainForm::ShowGuide);
     add(menuBar(), QStringLiteral("mnuAbout"), QStringLiteral("A&bout"), QKeySequence(),
@@ -410,6 +413,24 @@ void BRMainForm::ShowDiagnostics() {
         connect(diagnostics_, &DiagnosticsFrm::Told, this, &BRMainForm::ShowStatus);
     }
     Open(diagnostics_);
+}
+
+void BRMainForm::CompareProjects() {
+    if (compareProjects_ == nullptr) {
+        compareProjects_ = new CompareProjectsFrm(
+            analysis_, [this] { return recoveryCopy_->HasUnsavedChanges(); }, this);
+        MoveToCentre(compareProjects_);
+        connect(compareProjects_, &CompareProjectsFrm::OpenRequested, this,
+                &BRMainForm::OpenCompared);
+        connect(compareProjects_, &CompareProjectsFrm::Told, this, &BRMainForm::ShowStatus);
+    }
+    Open(compareProjects_);
+}
+
+void BRMainForm::OpenCompared(const std::string& path) {
+    raise();
+    activateWindow();
+    OpenNamed(path);
 }
 
 void BRMainForm::UseOnly(const std::vector<std::size_t>& points) {

@@ -20,6 +20,7 @@ namespace quarnel {
 
 struct LeftCopy;
 
+class CompareProjectsFrm;
 class ComputePanel;
 class ComputedYFrm;
 class DiagnosticsFrm;
@@ -122,6 +123,10 @@ private:
     void About();
     /// Opens the window "Diagnostics", which is made when it is first asked for.
     void ShowDiagnostics();
+    /// Opens the window "Compare Projects", which is made when it is first asked for.
+    void CompareProjects();
+    /// Opens a project of that window, as the Open command does.
+    void OpenCompared(const std::string& path);
     /// Marks these points of the computation (counted from 0) Use and all others Ignore.
     void UseOnly(const std::vector<std::size_t>& points);
     /// Whether the user confirms the end of the program.
@@ -148,7 +153,8 @@ private:
     PrtResults* prtResults_ = nullptr;
     PrtPlotFrm* prtPlotFrm_ = nullptr;
     ComputedYFrm* computedYFrm_ = nullptr;
-    DiagnosticsFrm* diagnostics_ = nullptr; ///< null until it is first asked for
+    DiagnosticsFrm* diagnostics_ = nullptr;         ///< null until it is first asked for
+    CompareProjectsFrm* compareProjects_ = nullptr; ///< the same
 };
 
 } // namespace quarnel

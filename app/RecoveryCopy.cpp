@@ -121,9 +121,19 @@ bool RecoveryCopy::HasChanged() const {
     return rowsChanged_ || SmallTexts(analysis_.state) != SmallTexts(known_);
 }
 
-void RecoveryCopy::NoteReplaced() {
+bool RecoveryCopy::HasUnsavedChanges() const {
+    return areRowsUnsaved_ || SmallTexts(analysis_.state) != SmallTexts(saved_);
+}
+
+void RecoveryCopy::NoteKept() {
     rowsChanged_ = false;
     known_ = WithoutReadings(analysis_.state);
+}
+
+void RecoveryCopy::NoteReplaced() {
+    NoteKept();
+    areRowsUnsaved_ = false;
+    saved_ = known_;
 }
 
 void RecoveryCopy::NoteSaved() {
@@ -157,7 +167,7 @@ void RecoveryCopy::Write() {
                                                projectFile = analysis_.file.CurrentProjectFile] {
         return SaveCopy(*state, path, projectFile);
     });
-    NoteReplaced();
+    NoteKept();
 }
 
 void RecoveryCopy::TakeOutcome(bool wait) {

@@ -33,12 +33,14 @@ public:
     ~RecoveryCopy() override;
 
     /// A reading or a mark may have changed. Other texts are looked at when the time has come.
-    void NoteEdit() { rowsChanged_ = true; }
+    void NoteEdit() { rowsChanged_ = areRowsUnsaved_ = true; }
     /// The project is another one, as it stands in its file, or a new one: what changes from here
     /// on is to be kept.
     void NoteReplaced();
     /// The project stands in a file as it is now: no copy of it is needed.
     void NoteSaved();
+    /// Whether the project differs from what stands in its file.
+    bool HasUnsavedChanges() const;
     /// Writes the copy now, if there is something to lose, and waits until it is on disk.
     void WriteNow();
     /// The window ends as the user wants it: the copy goes.
@@ -60,6 +62,8 @@ Q_SIGNALS:
 private:
     void WriteIfChanged();
     void Write();
+    /// The copy holds the project as it is now.
+    void NoteKept();
     /// What the writing under way came to; without waiting, nothing while it goes on.
     void TakeOutcome(bool wait);
     void TellFailure(FileFailure failure);
@@ -70,8 +74,10 @@ private:
     const Analysis& analysis_;
     QTimer* timer_ = nullptr;
     bool rowsChanged_ = false;
+    bool areRowsUnsaved_ = false;
     bool failureIsTold_ = false;
     ProjectState known_; ///< as last written or saved, without its readings and marks
+    ProjectState saved_; ///< as last opened or saved, the same way
     QString path_;       ///< of this window's copy; empty before the first
     std::unique_ptr<QLockFile> lock_;
     std::vector<std::unique_ptr<QLockFile>> taken_; ///< of the copies offered

@@ -1,4 +1,9 @@
 #include "cli/CommandLine.h"
+#include "compare/CompareLines.h"
+#include "compare/CompareRun.h"
+#include "compare/CompareStatistics.h"
+#include "compare/NormalizedDrawing.h"
+#include "compare/ProjectList.h"
 #include "kcompute/Analysis.h"
 #include "kcompute/ComputeK.h"
 #include "output/PagePainter.h"
@@ -19,6 +24,8 @@
 #include <cstdio>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 // Paints for quarnel-cli, which runs without Qt Gui itself.
 
@@ -27,7 +34,8 @@ namespace quarnel {
 namespace {
 
 constexpr const char* Usage =
-    "Usage: quarnel-plot -o OUT.pdf|OUT.svg|OUT.png [--head-range] FILE\n";
+    "Usage: quarnel-plot -o OUT.pdf|OUT.svg|OUT.png [--head-range] FILE\n"
+    "       quarnel-plot -o OUT.pdf|OUT.svg|OUT.png --normalized FILE...\n";
 
 /// A plot on screen is this large; a picture of it is too (twips).
 constexpr double PictureWidth = 11520;
@@ -82,6 +90,46 @@ int PlotFile(const std::string& file, const std::string& out, bool showHeadRange
     return failure == FileFailure::None && report.messages.empty() ? Done : Failed;
 }
 
+/// Says what is wrong with each file. Whether all is well.
+bool SayFaults(const std::vector<CompareRow>& rows, const Comparison& comparison) {
+    bool isWell = true;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const ComparedRow& compared = comparison.rows[i];
+        const std::string& fault = rows[i].failure.empty() ? compared.reason : rows[i].failure;
+        if (!fault.empty())
+            Say(rows[i].file, fault);
+        isWell = isWell && rows[i].failure.empty() && compared.status != CompareStatus::Failed;
+    }
+    return isWell;
+}
+
+/// Draws the tests of the first group by well on one axis.
+int PlotNormalized(const std::vector<std::string>& files, const std::string& out) {
+    const std::string separator = SystemDecimalSeparator();
+    CompareKeep keep;
+    keep.points = true;
+    std::vector<CompareRow> rows;
+    ReadCompareRows(
+        files, DefaultCompareJobs(),
+        [&](const std::string& file) { return ReadCompareRow(file, separator, keep); },
+        [&rows](std::size_t, CompareRow row) { rows.push_back(std::move(row)); });
+    const Comparison comparison = CompareRows(rows, CompareSettings());
+    const bool isWell = SayFaults(rows, comparison);
+    const Drawing drawing =
+        comparison.groups.empty()
+            ? Drawing()
+            : DrawNormalized(NormalizedCurves(rows, comparison.groups.front().counted), false,
+                             PictureWidth, PictureHeight);
+    if (drawing.IsEmpty()) {
+        Say("quarnel-plot", std::string(NoTestCountedText));
+        return Failed;
+    }
+    const FileFailure failure = ExportPlot(drawing, out);
+    if (failure != FileFailure::None)
+        Say(out, FileErrorMessage(failure));
+    return failure == FileFailure::None && isWell ? Done : Failed;
+}
+
 } // namespace
 
 /// Command lines are bytes in no particular encoding: one character for each keeps every file name.
@@ -103,6 +151,9 @@ int RunPlot(const QStringList& arguments) {
     const QCommandLineOption headRange(QStringLiteral("head-range"),
                                        QStringLiteral("Shows 0.20 to 0.30 of H0."));
     parser.addOption(headRange);
+    const QCommandLineOption normalized(QStringLiteral("normalized"),
+                                        QStringLiteral("Draws all tests of a well on one axis."));
+    parser.addOption(normalized);
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The project."));
     const bool parsed = parser.parse(arguments);
     const std::string target = parser.value(out).toLatin1().toStdString();
@@ -112,17 +163,25 @@ int RunPlot(const QStringList& arguments) {
         std::fputs(Usage, stdout);
         return std::fflush(stdout) == 0 ? Done : Failed;
     }
-    if (!parsed || parser.positionalArguments().size() != 1 || !known) {
+    std::vector<std::string> files;
+    const QStringList named = parser.positionalArguments();
+    for (const QString& file : named)
+        files.push_back(file.toLatin1().toStdString());
+    const bool isNormalized = parser.isSet(normalized);
+    const bool isOneOrMany =
+        isNormalized ? !files.empty() && !parser.isSet(headRange) : files.size() == 1;
+    if (!parsed || !isOneOrMany || !known) {
         std::fputs(Usage, stderr);
         return WrongUse;
     }
-    const std::string file = parser.positionalArguments().constFirst().toLatin1().toStdString();
     // A slip of the fingers must not put a picture in the place of the project.
-    if (IsSameFile(target, file)) {
-        Say("quarnel-plot", "The plot needs a file of its own.");
-        return WrongUse;
-    }
-    return PlotFile(file, target, parser.isSet(headRange));
+    for (const std::string& file : files)
+        if (IsSameFile(target, file)) {
+            Say("quarnel-plot", "The plot needs a file of its own.");
+            return WrongUse;
+        }
+    return isNormalized ? PlotNormalized(ProjectsNamed(files), target)
+                        : PlotFile(files.front(), target, parser.isSet(headRange));
 }
 
 } // namespace quarnel

@@ -52,6 +52,13 @@ public:
         return selectedFiles().isEmpty() ? QString() : TrimmedName(selectedFiles().constFirst());
     }
 
+    /// The chosen names.
+    QStringList ChooseSeveral() {
+        if (exec() != QDialog::Accepted)
+            return QStringList();
+        return nameWithQuotes_.isEmpty() ? selectedFiles() : QStringList(nameWithQuotes_);
+    }
+
 protected:
     /// The name counts without the blanks around it, before the dialog asks whether it exists.
     void accept() override {
@@ -67,8 +74,10 @@ protected:
 private:
     /// Qt takes double quotes for the marks around each of several names and drops what stands
     /// outside; only one pair around the whole is that here.
-    static bool HasQuotesOfItsOwn(const QString& name) {
+    bool HasQuotesOfItsOwn(const QString& name) const {
         const QLatin1Char quote('"');
+        if (fileMode() == ExistingFiles && !QFileInfo(directory(), name).exists())
+            return false; // the marks around several names
         const bool wrapped = name.size() > 2 && name.count(quote) == 2 && name.startsWith(quote) &&
                              name.endsWith(quote);
         return name.contains(quote) && !wrapped;
@@ -114,6 +123,14 @@ QString ChooseProjectToOpen(QWidget* parent) {
     return ChooseFileToOpen(parent, QStringLiteral("Open"), ProjectFilters());
 }
 
+QStringList ChooseProjectsToOpen(QWidget* parent, const QString& caption) {
+    ProjectFileDialog dialog(parent, caption, ProjectFilters());
+    dialog.setObjectName(QStringLiteral("OpenProjectsDialog"));
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(QFileDialog::ExistingFiles);
+    return dialog.ChooseSeveral();
+}
+
 QString ChooseFileToOpen(QWidget* parent, const QString& caption, const QStringList& filters) {
     ProjectFileDialog dialog(parent, caption, filters);
     dialog.setObjectName(QStringLiteral("OpenProjectDialog"));
@@ -127,13 +144,16 @@ QString ChooseNameToSave(QWidget* parent) {
 }
 
 QString ChooseNameToSave(QWidget* parent, const QString& caption, const QStringList& filters,
-                         const QString& suggestedName) {
+                         const QString& suggestedName, QString* chosenFilter) {
     ProjectFileDialog dialog(parent, caption, filters);
     dialog.setObjectName(QStringLiteral("SaveProjectDialog"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     SuggestName(dialog, suggestedName);
-    return dialog.Choose();
+    const QString name = dialog.Choose();
+    if (chosenFilter != nullptr)
+        *chosenFilter = dialog.selectedNameFilter();
+    return name;
 }
 
 void SuggestName(QFileDialog& dialog, const QString& name) {

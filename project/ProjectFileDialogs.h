@@ -12,6 +12,9 @@ namespace quarnel {
 /// "" when the user cancelled.
 QString ChooseProjectToOpen(QWidget* parent);
 
+/// Asks for any number of projects, as above; none when the user cancelled.
+QStringList ChooseProjectsToOpen(QWidget* parent, const QString& caption);
+
 /// The same for another kind of file, with the filters as below.
 QString ChooseFileToOpen(QWidget* parent, const QString& caption, const QStringList& filters);
 
@@ -21,10 +24,11 @@ QString ChooseFileToOpen(QWidget* parent, const QString& caption, const QStringL
 QString ChooseNameToSave(QWidget* parent);
 
 /// The same for another kind of file. A filter is what the dialog shows, followed by its patterns
-/// in parentheses: "Quarnel 2 (*.res)(*.res)". The dialog opens with `suggestedName`,
-/// in which all but the ending is selected.
+/// in parentheses: "Quarnel 2 (*.res)(*.res)". The dialog opens with `suggestedName`, in which all
+/// but the ending is selected. `chosenFilter`, where it is given, gets what the dialog showed of
+/// the one that was chosen.
 QString ChooseNameToSave(QWidget* parent, const QString& caption, const QStringList& filters,
-                         const QString& suggestedName = {});
+                         const QString& suggestedName = {}, QString* chosenFilter = nullptr);
 
 /// Puts a suggested name into a dialog for saving; "" is none.
 void SuggestName(QFileDialog& dialog, const QString& name);

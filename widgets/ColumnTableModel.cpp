@@ -72,7 +72,9 @@ QVariant ColumnTableModel::headerData(int section, Qt::Orientation orientation, 
 }
 
 Qt::ItemFlags ColumnTableModel::flags(const QModelIndex& index) const {
-    if (!index.isValid() || columns_[static_cast<std::size_t>(index.column())].isFixed)
+    if (!index.isValid())
+        return Qt::NoItemFlags;
+    if (columns_[static_cast<std::size_t>(index.column())].isFixed)
         return Qt::ItemNeverHasChildren;
     return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
 }

@@ -56,7 +56,8 @@ TEST_F(CliPictureTest, HelpOfThePaintingProgramIsNoFailure) {
             RunShell(std::string("\"$(dirname \"$cli\")/quarnel-plot\" ") + option);
         EXPECT_EQ(outcome.status, 0);
         EXPECT_EQ(outcome.out,
-                  "Usage: quarnel-plot -o OUT.pdf|OUT.svg|OUT.png [--head-range] FILE\n");
+                  "Usage: quarnel-plot -o OUT.pdf|OUT.svg|OUT.png [--head-range] FILE\n"
+                  "       quarnel-plot -o OUT.pdf|OUT.svg|OUT.png --normalized FILE...\n");
         EXPECT_EQ(outcome.err, "");
     }
 }
@@ -210,6 +211,70 @@ TEST_F(CliPictureTest, NamesOfAnyBytesWork) {
                  "test -s \"$(printf 'w\\351ll.png')\" && rm w*",
                  {{"project", Example("pratt-county-1998.qn2").toStdString()}});
     EXPECT_EQ(outcome.status, 0) << outcome.err;
+}
+
+TEST_F(CliPlotTest, PaintingProgramIsToldOfTheNormalizedPlotAndAllFiles) {
+    PutPainterBeside("#!/bin/sh\nprintf '<%s>' \"$@\"\n");
+    const Outcome outcome = RunShell("bin/quarnel-cli plot --normalized -o a.svg b.qn2 'c d.qn2'");
+    EXPECT_EQ(outcome.out, "<-o><a.svg><--normalized><--><b.qn2><c d.qn2>");
+}
+
+TEST_F(CliPictureTest, NormalizedPlotShowsTheTestsOfTheFirstWell) {
+    ProjectState state = SampleProject();
+    const auto write = [&](std::string_view name, std::string_view well, std::string_view date) {
+        state.WellTestIDTxt[WellLabel] = well;
+        state.WellTestIDTxt[TestDate] = date;
+        WriteProject(name, state);
+    };
+    write("1.qn2", "MW-1", "2024-03-05");
+    write("2.qn2", "MW-2", "2024-03-06");
+    write("3.qn2", "mw-1 ", "2024-03-07");
+    const QStringList files{Q("1.qn2"), Q("2.qn2"), Q("3.qn2")};
+    for (const std::string_view out : {"n.svg", "n.pdf", "n.png"}) {
+        const Outcome outcome =
+            Run(QStringList{Q("plot"), Q("--normalized"), Q("-o"), Q(out)} + files);
+        EXPECT_EQ(outcome.status, 0) << out;
+        EXPECT_EQ(outcome.err, "") << out;
+    }
+    const std::string svg = ReadBytes("n.svg");
+    for (const std::string_view part :
+         {">No. 1, 2024-03-05, Not Applicable</text>", ">No. 3, 2024-03-07, Not Applicable</text>",
+          ">Y/H0</text>", ">Time (sec)</text>"})
+        EXPECT_TRUE(Holds(svg, part)) << part;
+    EXPECT_FALSE(Holds(svg, "No. 2"));
+    EXPECT_EQ(ReadBytes("n.pdf").substr(0, 5), "%PDF-");
+    EXPECT_EQ(ReadBytes("n.png").substr(0, 8), "\x89PNG\r\n\x1a\n");
+}
+
+TEST_F(CliPictureTest, NormalizedPlotTellsOfFilesItCannotRead) {
+    WriteProject("1.qn2", SampleProject());
+    WriteBytes("letter.txt", "Dear reader,\n");
+    const Outcome outcome =
+        Run({Q("plot"), Q("--normalized"), Q("-o"), Q("a.svg"), Q("letter.txt"), Q("1.qn2")});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(Holds(outcome.err, "letter.txt: ")) << outcome.err;
+    EXPECT_TRUE(Holds(ReadBytes("a.svg"), ">No. 2, Not Applicable</text>"));
+    const Outcome none = Run({Q("plot"), Q("--normalized"), Q("-o"), Q("b.svg"), Q("letter.txt")});
+    EXPECT_EQ(none.status, 1);
+    EXPECT_TRUE(Holds(none.err, "quarnel-plot: No test is counted.\n")) << none.err;
+    EXPECT_FALSE(QFile::exists(Path("b.svg")));
+}
+
+TEST_F(CliPictureTest, NormalizedPlotNeverReplacesAProject) {
+    WriteProject("1.qn2", SampleProject());
+    WriteProject("own.svg", SampleProject());
+    const std::string before = ReadBytes("own.svg");
+    for (const char* program : {"\"$cli\" plot", "\"${cli%-cli}-plot\""}) {
+        const Outcome outcome =
+            RunShell(std::string(program) + " --normalized -o own.svg 1.qn2 own.svg");
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(ReadBytes("own.svg"), before);
+    }
+    EXPECT_EQ(Run({Q("plot"), Q("--normalized"), Q("-o"), Q("a.svg")}).status, 2);
+    EXPECT_EQ(
+        Run({Q("plot"), Q("--normalized"), Q("--head-range"), Q("-o"), Q("a.svg"), Q("1.qn2")})
+            .status,
+        2);
 }
 
 TEST_F(CliPictureTest, APlainLocaleSaysNothingMore) {
