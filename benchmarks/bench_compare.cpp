@@ -137,6 +137,7 @@ int main(int argc, char** argv) {
     const auto add = [](const char* name, void (*run)(benchmark::State&)) {
         return benchmark::RegisterBenchmark(name, run)
             ->Unit(benchmark::kMillisecond)
+            ->MeasureProcessCPUTime()
             ->UseRealTime();
     };
     add("AnalyseOneByOne", AnalyseOneByOne);
