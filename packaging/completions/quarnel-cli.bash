@@ -6,6 +6,7 @@ _quarnel_cli_options() {
     case $1 in
     analyze) echo '--format' ;;
     diagnose) echo '--format --sensitivity --percent' ;;
+    compare) echo '--format --group --unit --record --jobs --join' ;;
     report) echo '-o' ;;
     plot) echo '-o --head-range' ;;
     import)
@@ -18,8 +19,10 @@ _quarnel_cli_options() {
 # What an option may be given, for those that take one of a few words.
 _quarnel_cli_values() {
     case $1 in
-    'analyze --format' | 'diagnose --format') echo 'table json csv' ;;
+    'analyze --format' | 'diagnose --format' | 'compare --format') echo 'table json csv' ;;
     'import --format') echo 'table json' ;;
+    'compare --group') echo 'well site none' ;;
+    'compare --unit') echo {in,ft,cm,m}/{sec,min,hr,day} ;;
     'import --type') echo 'D H Y' ;;
     'import --unit') echo 'in ft cm m' ;;
     'import --source-unit')
@@ -40,7 +43,7 @@ _quarnel_cli() {
     local command=${words[1]}
     if [[ $cword -eq 1 ]]; then
         _quarnel_cli_from \
-            'analyze diagnose report plot import convert check -h --help --version'
+            'analyze diagnose compare report plot import convert check -h --help --version'
         return
     fi
     values=$(_quarnel_cli_values "$command $prev")
@@ -52,7 +55,8 @@ _quarnel_cli() {
     'import -o' | 'import --from') _filedir qn2 ;;
     'plot -o') _filedir '@(pdf|svg|png)' ;;
     'report -o' | 'import --barometer') _filedir ;;
-    'diagnose --percent') ;;
+    'compare --record') _filedir -d ;;
+    'diagnose --percent' | 'compare --jobs') ;;
     'import --'@(channel|start|end|static|thin)) ;;
     *)
         if [[ ${split:-false} == true ]]; then
@@ -61,6 +65,8 @@ _quarnel_cli() {
             _quarnel_cli_from "-h --help $(_quarnel_cli_options "$command")"
         elif [[ $command == import || $command == check ]]; then
             _filedir
+        elif [[ " ${words[*]} " == *' --join '* ]]; then
+            _filedir csv
         else
             _filedir '@(qn2|in)'
         fi

@@ -15,6 +15,7 @@ complete -c quarnel-cli -n __fish_use_subcommand -l version -d 'Show the version
 
 __quarnel_cli_command analyze 'Compute K and print it as table, JSON or CSV'
 __quarnel_cli_command diagnose 'Say how far K can be trusted'
+__quarnel_cli_command compare 'Put the tests of many projects side by side'
 __quarnel_cli_command report 'Write the summary report'
 __quarnel_cli_command plot 'Write the plot as PDF, SVG or PNG'
 __quarnel_cli_command import "Turn a logger's file into a project"
@@ -22,12 +23,19 @@ __quarnel_cli_command convert 'Save a project or old input file as a project'
 __quarnel_cli_command check 'Say what a file is and what of it would be lost'
 
 # Projects come first in the list; import and check take any file.
-__quarnel_cli_of 'analyze diagnose report plot convert' -k -a '(__fish_complete_suffix .qn2)'
+__quarnel_cli_of 'analyze diagnose compare report plot convert' -k -a '(__fish_complete_suffix .qn2)'
 __quarnel_cli_of 'import check' -F
 
-__quarnel_cli_of 'analyze diagnose' -l format -x -a 'table json csv' -d 'How to print'
+__quarnel_cli_of 'analyze diagnose compare' -l format -x -a 'table json csv' -d 'How to print'
 __quarnel_cli_of diagnose -l sensitivity -d 'Also what moves K'
 __quarnel_cli_of diagnose -l percent -x -d 'Change of each entry, 1 to 50'
+
+__quarnel_cli_of compare -l group -x -a 'well site none' -d 'Which tests belong together'
+__quarnel_cli_of compare -l unit -x -a (echo {in,ft,cm,m}/{sec,min,hr,day}) -d 'Unit of K'
+__quarnel_cli_of compare -l record -x -a '(__fish_complete_directories)' \
+    -d 'Write the record of each test into a folder'
+__quarnel_cli_of compare -l jobs -x -d 'How many files at a time'
+__quarnel_cli_of compare -l join -d 'Put CSV tables of parts together'
 
 __quarnel_cli_of 'report plot import' -s o -r -F -d 'The file to write'
 __quarnel_cli_of plot -l head-range -d 'Show 0.20 to 0.30 of the first change in head'
