@@ -44,10 +44,10 @@ ExitStatus BecomePaintingProgram(Words arguments) {
 
 ExitStatus PlotCommand(const Words& words) {
     CommandLine commandLine(
-        "plot -o OUT [--head-range] FILE | plot -o OUT --normalized FILE...",
-        "Computes K of a project and writes its plot: the printed page where OUT ends in\n"
-        ".pdf, the plot alone where it ends in .svg or .png. With --normalized Y/H0 of all\n"
-        "tests of the first well named stands on one axis. No display is needed.");
+        "plot -o OUT [options] FILE...",
+        "Computes K of a project and writes its plot: the printed page where OUT ends\n"
+        "in .pdf, the plot alone where it ends in .svg or .png. With --normalized Y/H0\n"
+        "of all tests of the first well named stands on one axis. No display is needed.");
     commandLine.AddOption("o", "The file to write.", "OUT");
     commandLine.AddOption("head-range",
                           "Shows 0.20 to 0.30 of the first change in head on the plot; the "

@@ -8,7 +8,7 @@ _quarnel_cli_options() {
     diagnose) echo '--format --sensitivity --percent' ;;
     compare) echo '--format --group --unit --record --jobs --join' ;;
     report) echo '-o' ;;
-    plot) echo '-o --head-range' ;;
+    plot) echo '-o --head-range --normalized' ;;
     import)
         echo '-o --from --channel --type --source-unit --unit --date-order --time-unit --start' \
             '--end --static --barometer --thin --list --format'

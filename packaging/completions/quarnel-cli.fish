@@ -39,6 +39,7 @@ __quarnel_cli_of compare -l join -d 'Put CSV tables of parts together'
 
 __quarnel_cli_of 'report plot import' -s o -r -F -d 'The file to write'
 __quarnel_cli_of plot -l head-range -d 'Show 0.20 to 0.30 of the first change in head'
+__quarnel_cli_of plot -l normalized -d 'Draw all tests of the first well on one axis'
 
 __quarnel_cli_of import -l from -r -F -d 'Take all but the readings from this project'
 __quarnel_cli_of import -l channel -x -d 'Take this channel, as --list counts them'

@@ -8,7 +8,7 @@ _quarnel_plot() {
     if [[ $prev == -o ]]; then
         _filedir '@(pdf|svg|png)'
     elif [[ $cur == -* ]]; then
-        mapfile -t COMPREPLY < <(compgen -W '-h --help -o --head-range' -- "$cur")
+        mapfile -t COMPREPLY < <(compgen -W '-h --help -o --head-range --normalized' -- "$cur")
     else
         _filedir '@(qn2|in)'
     fi

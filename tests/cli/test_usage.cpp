@@ -32,7 +32,7 @@ TEST_F(CliUsageTest, EachCommandHasItsHelp) {
                                 "[--percent P] FILE...\n"),
           std::pair("compare", "Usage: quarnel-cli compare [options] FILE...\n"),
           std::pair("report", "Usage: quarnel-cli report [-o OUT] FILE\n"),
-          std::pair("plot", "Usage: quarnel-cli plot -o OUT [--head-range] FILE\n"),
+          std::pair("plot", "Usage: quarnel-cli plot -o OUT [options] FILE...\n"),
           std::pair("import", "Usage: quarnel-cli import LOGGER -o NEW.qn2 [options]\n"),
           std::pair("convert", "Usage: quarnel-cli convert IN OUT\n"),
           std::pair("check", "Usage: quarnel-cli check FILE...\n")}) {
