@@ -32,6 +32,16 @@ const std::vector<PageButtons> Buttons = {
       "CmdSortByTime", "CmdRecDatCheckData"}},
     {5, {"CmdComputeK", "CmdDetails", "CmdPrintPlot", "CmdPrtSummary"}}};
 
+/// What is seen on a page; what the toolkit makes of it is left out.
+QList<QWidget*> NamedControls(const QScrollArea& page) {
+    QList<QWidget*> controls;
+    for (QWidget* control : page.widget()->findChildren<QWidget*>())
+        if (control->isVisible() && !control->objectName().isEmpty() &&
+            !control->objectName().startsWith(u"qt_"_s))
+            controls << control;
+    return controls;
+}
+
 } // namespace
 
 class TestSmallScreen : public QObject {
@@ -46,6 +56,12 @@ private Q_SLOTS:
             QVERIFY2(page.horizontalScrollBar()->maximum() == 0, qPrintable(QString::number(tab)));
             QVERIFY2(Scale() > LargestWhole || page.verticalScrollBar()->maximum() == 0,
                      qPrintable(QString::number(tab)));
+            // Nor does anything stand beyond the page's edge, where no scrolling leads.
+            for (const QWidget* control : NamedControls(page)) {
+                const QRect place = program.OnPage(*control);
+                QVERIFY2(place.left() >= 0 && place.right() < page.viewport()->width(),
+                         qPrintable(control->objectName()));
+            }
         }
     }
 
@@ -67,11 +83,7 @@ private Q_SLOTS:
         ScreenProgram program;
         for (int tab = 1; tab <= Tabs; ++tab) {
             program.ClickTab(tab);
-            QList<QWidget*> controls;
-            for (QWidget* control : program.Page().widget()->findChildren<QWidget*>())
-                if (control->isVisible() && !control->objectName().isEmpty() &&
-                    !control->objectName().startsWith(u"qt_"_s))
-                    controls << control;
+            const QList<QWidget*> controls = NamedControls(program.Page());
             for (const QWidget* a : controls)
                 for (const QWidget* b : controls)
                     if (a != b && !a->isAncestorOf(b) && !b->isAncestorOf(a))
