@@ -4,7 +4,7 @@
 # The options of a command, for a word that begins with a dash.
 _quarnel_cli_options() {
     case $1 in
-    analyze) echo '--format' ;;
+    analyze | --version) echo '--format' ;;
     diagnose) echo '--format --sensitivity --percent' ;;
     compare) echo '--format --group --unit --record --jobs --join' ;;
     report) echo '-o' ;;
@@ -21,6 +21,7 @@ _quarnel_cli_values() {
     case $1 in
     'analyze --format' | 'diagnose --format' | 'compare --format') echo 'table json csv' ;;
     'import --format') echo 'table json' ;;
+    '--version --format' | '--format --format') echo 'text json' ;;
     'compare --group') echo 'well site none' ;;
     'compare --unit') echo {in,ft,cm,m}/{sec,min,hr,day} ;;
     'import --type') echo 'D H Y' ;;
@@ -42,8 +43,8 @@ _quarnel_cli() {
     _init_completion -s || return
     local command=${words[1]}
     if [[ $cword -eq 1 ]]; then
-        _quarnel_cli_from \
-            'analyze diagnose compare report plot import convert check -h --help --version'
+        _quarnel_cli_from 'analyze diagnose compare report plot import convert check
+            -h --help --version --format'
         return
     fi
     values=$(_quarnel_cli_values "$command $prev")

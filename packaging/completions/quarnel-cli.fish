@@ -12,6 +12,7 @@ end
 complete -c quarnel-cli -f
 complete -c quarnel-cli -s h -l help -d 'Show the commands, or the options of one'
 complete -c quarnel-cli -n __fish_use_subcommand -l version -d 'Show the version'
+complete -c quarnel-cli -n __fish_use_subcommand -l format -x -a 'text json' -d 'How to print the version'
 
 __quarnel_cli_command analyze 'Compute K and print it as table, JSON or CSV'
 __quarnel_cli_command diagnose 'Say how far K can be trusted'
