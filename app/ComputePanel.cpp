@@ -23,6 +23,7 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QStyle>
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string_view>
@@ -65,11 +66,15 @@ ComputePanel::ComputePanel(Analysis& analysis, QWidget* parent)
     ShowState();
 }
 
-/// As the page is read: the plot, the marks, then the commands with the units of K among them.
+/// As the page is read: the plot, the marks, then the commands with the units of K among them; on a
+/// narrow page the marks stand last.
 void ComputePanel::SetTabOrder() {
-    const std::array<QWidget*, 9> read = {Plot1,          RecDatWeightGrid, CmdComputeK,
-                                          ComputedKLabel, CmboKLengthUnits, CmboKTimeUnits,
-                                          CmdDetails,     CmdPrintPlot,     CmdPrtSummary};
+    std::array<QWidget*, 9> read = {Plot1,          RecDatWeightGrid, CmdComputeK,
+                                    ComputedKLabel, CmboKLengthUnits, CmboKTimeUnits,
+                                    CmdDetails,     CmdPrintPlot,     CmdPrtSummary};
+    const auto marks = read.begin() + 1;
+    if (RecDatWeightGrid->y() > CmdComputeK->mapTo(this, QPoint()).y())
+        std::rotate(marks, marks + 1, read.end());
     for (std::size_t i = 1; i < read.size(); ++i)
         setTabOrder(read[i - 1], read[i]);
 }
@@ -211,6 +216,12 @@ void ComputePanel::changeEvent(QEvent* event) {
     Panel::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         MakeGrey();
+}
+
+/// The layout has arranged the page by now.
+void ComputePanel::resizeEvent(QResizeEvent* event) {
+    Panel::resizeEvent(event);
+    SetTabOrder();
 }
 
 void ComputePanel::AddToPlotMenu(QAction* action) {

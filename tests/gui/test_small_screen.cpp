@@ -102,6 +102,21 @@ private Q_SLOTS:
         QVERIFY(program.IsWhollySeen(program.Find(u"CmboKTimeUnits"_s)));
     }
 
+    void TabFollowsThePageWhereverItsRowsBreak() {
+        ScreenProgram program;
+        program.ClickTab(5);
+        QWidget* page = program.Page().widget();
+        auto* plot = page->findChild<QWidget*>(u"Plot1"_s);
+        auto* marks = page->findChild<QWidget*>(u"RecDatWeightGrid"_s);
+        auto* compute = page->findChild<QWidget*>(u"CmdComputeK"_s);
+        const auto top = [page](QWidget* control) { return control->mapTo(page, QPoint()).y(); };
+        const bool marksAreBelow = top(marks) > top(compute);
+        QCOMPARE(marksAreBelow, Scale() > LargestWhole);
+        plot->setFocus();
+        QTest::keyClick(plot, Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), marksAreBelow ? compute : marks);
+    }
+
     void ThePictureButtonsStackWhereTheyDoNotFitBesideEachOther() {
         ScreenProgram program;
         program.ClickTab(3);
