@@ -136,7 +136,8 @@ void BRMainForm::BuildPanels(QVBoxLayout* rows) {
         working.marks =
             RestoredMarks(analysis_.state.IgnoreKeyList, *working.recovery.RecoveryPoints);
         compute_->ShowPreparedData();
-        ShowChecked(*working.recovery.RecoveryPoints);
+        if (!working.recovery.RecoveryPoints->empty()) // a check that failed has read nothing
+            ShowChecked(*working.recovery.RecoveryPoints);
     });
     connect(recoveryData_, &RecoveryDataPanel::Pasted, this, &BRMainForm::ShowPasted);
     connect(wellGeometry_, &WellGeometryPanel::Accepted, this,

@@ -55,9 +55,7 @@ ReadReport BRMainForm::ReadProject(const std::string& path) {
     recoveryCopy_->WriteNow();
     ReadReport report = OpenProjectFile(path, analysis_);
     if (report.format != FileFormat::Unrecognised) {
-        RememberFolderOf(ToQString(path));
         ShowState();
-        RecentProjects::Note(ToQString(path));
         ShowStatus(QStringLiteral("Opened ") + ToQString(path));
     } else {
         ShowStatus(QStringLiteral("Not opened: ") + ToQString(path));
@@ -65,8 +63,21 @@ ReadReport BRMainForm::ReadProject(const std::string& path) {
     return report;
 }
 
+namespace {
+
+/// What the user has opened; a recovery copy is none of it.
+void NoteOpened(const ReadReport& report, const std::string& path) {
+    if (report.format == FileFormat::Unrecognised)
+        return;
+    RememberFolderOf(ToQString(path));
+    RecentProjects::Note(ToQString(path));
+}
+
+} // namespace
+
 void BRMainForm::OpenNamed(const std::string& path) {
     const ReadReport report = ReadProject(path);
+    NoteOpened(report, path);
     for (const std::string& message : report.messages)
         ShowMessage(this, ToQString(message));
     if (report.format == FileFormat::Unrecognised)
@@ -75,6 +86,7 @@ void BRMainForm::OpenNamed(const std::string& path) {
 
 void BRMainForm::TakeDropped(const std::string& path) {
     const ReadReport report = ReadProject(path);
+    NoteOpened(report, path);
     if (report.format == FileFormat::Unrecognised)
         return Import(path, ReadLoggerFileShown(this, path));
     for (const std::string& message : report.messages)
@@ -99,11 +111,14 @@ void BRMainForm::ImportReadings() {
 }
 
 void BRMainForm::ImportNotPasted() {
-    const LoggerSource pasted(QStringLiteral("pasted text"), std::exchange(notPasted_, QString()));
+    const LoggerSource pasted(QStringLiteral("pasted text"), notPasted_);
     const std::shared_ptr<const LoggerFile> file = ReadLoggerFileShown(this, pasted);
+    if (file == nullptr)
+        return; // cancelled; the offer stays
+    notPasted_.clear();
     ShowStatus(QString());
     // What is no table may have come from one.
-    if (file != nullptr && HoldsReadings(*file))
+    if (HoldsReadings(*file))
         Import(pasted, file);
     else
         ImportReadings();
@@ -260,8 +275,8 @@ bool BRMainForm::OfferLeftCopies() {
 }
 
 void BRMainForm::Restore(const LeftCopy& copy) {
-    OpenNamed(ToUtf8(copy.path));
-    RecentProjects::Forget(copy.path);
+    for (const std::string& message : ReadProject(ToUtf8(copy.path)).messages)
+        ShowMessage(this, ToQString(message));
     // A copy that is no project any more stays where it is, for a closer look.
     if (analysis_.file.CurrentProjectFile != ToUtf8(copy.path))
         return;
@@ -272,8 +287,9 @@ void BRMainForm::Restore(const LeftCopy& copy) {
     ShowStatus(QStringLiteral("Restored what was typed before the program ended. It is not saved "
                               "yet."));
     recoveryCopy_->NoteEdit();
-    recoveryCopy_->WriteNow();
-    recoveryCopy_->Discard(copy);
+    // On a full disk the old copy stays the only one.
+    if (recoveryCopy_->WriteNow())
+        recoveryCopy_->Discard(copy);
 }
 
 } // namespace quarnel

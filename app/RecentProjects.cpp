@@ -43,12 +43,6 @@ void RecentProjects::Note(const QString& path) {
     QSettings().setValue(SettingsKey, paths.mid(0, MostProjects));
 }
 
-void RecentProjects::Forget(const QString& path) {
-    QStringList paths = Paths();
-    paths.removeAll(QFileInfo(path).absoluteFilePath());
-    QSettings().setValue(SettingsKey, paths);
-}
-
 void RecentProjects::Fill() {
     clear();
     const QStringList paths = Paths();

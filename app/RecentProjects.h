@@ -16,7 +16,6 @@ public:
 
     /// A project was opened from or saved at this path.
     static void Note(const QString& path);
-    static void Forget(const QString& path);
     /// At most ten paths, the latest first.
     static QStringList Paths();
 

@@ -149,11 +149,12 @@ void RecoveryCopy::WriteIfChanged() {
         Write();
 }
 
-void RecoveryCopy::WriteNow() {
+bool RecoveryCopy::WriteNow() {
     TakeOutcome(true);
     if (HasChanged())
         Write();
     TakeOutcome(true);
+    return !HasChanged();
 }
 
 void RecoveryCopy::Write() {

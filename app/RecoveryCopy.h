@@ -41,8 +41,9 @@ public:
     void NoteSaved();
     /// Whether the project differs from what stands in its file.
     bool HasUnsavedChanges() const;
-    /// Writes the copy now, if there is something to lose, and waits until it is on disk.
-    void WriteNow();
+    /// Writes the copy now, if there is something to lose, and waits until it is on disk. Whether
+    /// nothing is left to lose.
+    bool WriteNow();
     /// The window ends as the user wants it: the copy goes.
     void Remove();
 

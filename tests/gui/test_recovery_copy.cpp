@@ -1,6 +1,8 @@
 // The copy of a project in work that outlives a crash: written, offered, restored, removed.
 
+#include "app/RecentProjects.h"
 #include "app/RecoveryCopy.h"
+#include "project/ProjectFileDialogs.h"
 #include "tests/gui/WindowTestSupport.h"
 
 #include <QDir>
@@ -118,10 +120,15 @@ private Q_SLOTS:
         const QString path = folder.filePath(u"well.qn2"_s);
         LeaveCopy(Project("MW-9"), path.toUtf8());
         Program program;
+        const QStringList recent = RecentProjects::Paths();
+        const QString start = FolderToStartIn();
         Answers answers;
         Offer(answers, path, "CmdRestore");
         QVERIFY(program.Window().OfferLeftCopies());
         QVERIFY2(answers.AllGiven(), answers.Complaints());
+        // The folder of the copies is no place that anybody has worked in.
+        QCOMPARE(RecentProjects::Paths(), recent);
+        QCOMPARE(FolderToStartIn(), start);
         QCOMPARE(program.State().WellTestIDTxt[WellLabel], "MW-9");
         QCOMPARE(program.State().RecDatGrid[0].level.ToString(), "2");
         QVERIFY(program.Window().windowTitle().endsWith(path));

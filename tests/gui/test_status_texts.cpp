@@ -318,6 +318,19 @@ private Q_SLOTS:
         QCOMPARE(program.Status(), before);
     }
 
+    void AFailedCheckOfReadingsTellsOfNothingRead() {
+        StatusProgram program;
+        program.Window().OpenPath(Example);
+        program.ClickTab(4);
+        const QString before = program.Status();
+        program.State().RecDatGrid[0].level = "x";
+        Answers answers;
+        answers.BoxAbout(u"Recovery data in row 1"_s, QMessageBox::Ok);
+        program.Press("CmdRecDatCheckData");
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Status(), before);
+    }
+
     // ---- Paste ---------------------------------------------------------------------------------
 
     void APasteTellsItsRows() {
