@@ -7,8 +7,8 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <memory>
 #include <string>
-#include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
@@ -23,9 +23,10 @@ std::string ReadAll(const std::filesystem::path& path) {
 }
 
 void Feed(const std::string& bytes) {
-    // A copy of its own, so that a reader that looks behind its end is seen.
-    const std::vector<std::uint8_t> data(bytes.begin(), bytes.end());
-    LLVMFuzzerTestOneInput(data.data(), data.size());
+    // A copy of its own, so that a reader that looks behind its end is seen; never a null one.
+    const auto data = std::make_unique<std::uint8_t[]>(bytes.size());
+    std::copy(bytes.begin(), bytes.end(), data.get());
+    LLVMFuzzerTestOneInput(data.get(), bytes.size());
 }
 
 } // namespace
