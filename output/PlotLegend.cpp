@@ -39,14 +39,4 @@ Drawing DrawLegend(const PlotLayout& layout, double middleY) {
     return legend;
 }
 
-void Append(Drawing& drawing, const Drawing& part) {
-    const auto append = [](auto& all, const auto& more) {
-        all.insert(all.end(), more.begin(), more.end());
-    };
-    append(drawing.areas, part.areas);
-    append(drawing.lines, part.lines);
-    append(drawing.circles, part.circles);
-    append(drawing.labels, part.labels);
-}
-
 } // namespace quarnel

@@ -9,7 +9,4 @@ namespace quarnel {
 /// one line whose middle stands at `middleY` (twips), from the plot's left edge on.
 Drawing DrawLegend(const PlotLayout& layout, double middleY);
 
-/// Puts `part` on the same surface as `drawing`.
-void Append(Drawing& drawing, const Drawing& part);
-
 } // namespace quarnel

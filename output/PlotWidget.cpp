@@ -82,11 +82,15 @@ void PlotWidget::FollowGrid(UseIgnoreGrid& grid) {
     });
     connect(grid.selectionModel(), &QItemSelectionModel::selectionChanged, this, show);
     connect(grid.selectionModel(), &QItemSelectionModel::currentChanged, this, show);
-    connect(grid.model(), &QAbstractItemModel::dataChanged, this, &PlotWidget::Describe);
+    connect(grid.model(), &QAbstractItemModel::dataChanged, this, [this] {
+        DropWords();
+        Describe();
+    });
 }
 
 void PlotWidget::ShowComputation(ComputationPtr computation) {
     EndPress();
+    DropWords();
     computation_ = computation;
     points_ = computation ? PlotPoints(computation->recovery.RecoveryPoints) : PlotPoints();
     hasGridsPoints_.reset();

@@ -88,6 +88,7 @@ private:
     void EndPress();
     void Hover(QPoint position);
     void ShowWords(std::size_t point);
+    void DropWords();
     bool PressSelectingKey(const QKeyEvent& event);
     bool PressCommandKey(const QKeyEvent& event);
     void PaintRange(QPainter& painter, const QColor& colour) const;

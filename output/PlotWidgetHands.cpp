@@ -154,6 +154,13 @@ void PlotWidget::ShowWords(std::size_t point) {
     QToolTip::showText(mapToGlobal(at), InWords(point), this);
 }
 
+/// What a tip says of a point holds no more once its mark or the plot has changed.
+void PlotWidget::DropWords() {
+    hovered_.reset();
+    if (underMouse() || hasFocus())
+        QToolTip::hideText();
+}
+
 bool PlotWidget::event(QEvent* event) {
     // The plot's own tip does not stand in the way of a point's.
     if (event->type() == QEvent::ToolTip && hovered_)

@@ -177,6 +177,20 @@ private Q_SLOTS:
         QTRY_VERIFY(!QToolTip::isVisible());
     }
 
+    void ATipGoesWithTheMarkThatItTold() {
+        PlotProgram program(Example);
+        program.MoveTo(program.At(60));
+        const QString told = program.Mark(60);
+        QTRY_VERIFY(QToolTip::text().startsWith(u"60: "_s));
+        QVERIFY(QToolTip::text().endsWith(told));
+        program.Click(60);
+        program.Key(Qt::Key_Space);
+        QVERIFY(program.Mark(60) != told);
+        QTRY_VERIFY(!QToolTip::isVisible());
+        program.MoveTo(program.At(60) + QPoint(0, 1));
+        QTRY_VERIFY(QToolTip::text().endsWith(u", "_s + program.Mark(60)));
+    }
+
     // ---- Marks ---------------------------------------------------------------------------------
 
     void KeysMarkWhatIsSelectedOnThePlot() {
