@@ -11,10 +11,6 @@ MarkEditor::MarkEditor(ProjectState& state, WorkingValues& working)
     : state_(state)
     , working_(working) {}
 
-void MarkEditor::Press(MarkKey key, std::size_t first, std::size_t last) {
-    Press(key, PointRuns{PointRun{first, last}});
-}
-
 void MarkEditor::Press(MarkKey key, const PointRuns& runs) {
     const std::vector<Mark>& marks = working_.marks;
     if (runs.empty() || runs.front().first >= marks.size())

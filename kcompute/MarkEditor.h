@@ -26,9 +26,8 @@ class MarkEditor {
 public:
     MarkEditor(ProjectState& state, WorkingValues& working);
 
-    /// Applies a key to the points first..last (counted from 0, cut to the points there are).
-    void Press(MarkKey key, std::size_t first, std::size_t last);
-    /// The same for several runs, as one step.
+    /// Applies a key to the points of the runs (counted from 0, cut to the points there are), as
+    /// one step.
     void Press(MarkKey key, const PointRuns& runs);
     /// "Use" for these points (rising, counted from 0), "Ignore" for all others.
     void UseOnly(const std::vector<std::size_t>& points);

@@ -78,4 +78,7 @@ struct Drawing {
     }
 };
 
+/// Puts a drawing into another one, its corner at x, y.
+void Place(const Drawing& part, double x, double y, Drawing& whole);
+
 } // namespace quarnel

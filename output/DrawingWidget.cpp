@@ -210,7 +210,7 @@ void DrawingWidget::focusOutEvent(QFocusEvent* event) {
 Drawing DrawingWidget::ForPictures() const {
     Drawing drawing = drawing_;
     if (legendOnPictures_->isChecked())
-        Append(drawing, legend_);
+        Place(legend_, 0, 0, drawing);
     return drawing;
 }
 

@@ -208,7 +208,7 @@ void PageMaker::DrawThePlot(double width, double height) {
     layout.points = TextPoints;
     drawing_ = DrawPlot(plot_, layout);
     if (showLegend_)
-        Append(drawing_, DrawLegend(layout, axisY_ + LegendDown));
+        Place(DrawLegend(layout, axisY_ + LegendDown), 0, 0, drawing_);
 }
 
 /// Sets header and titles smaller until they fit between the page's top and the plot.

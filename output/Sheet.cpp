@@ -31,37 +31,6 @@ double Inset(double margin, double extent) {
     return std::min(std::max(0.0, PaperEdge - margin), extent * MostInset);
 }
 
-/// Puts a drawing into another one, its corner at x, y.
-void Place(const Drawing& part, double x, double y, Drawing& whole) {
-    for (DrawingArea area : part.areas) {
-        area.x += x;
-        area.y += y;
-        whole.areas.push_back(area);
-    }
-    for (DrawingLine line : part.lines) {
-        line.x1 += x;
-        line.x2 += x;
-        line.y1 += y;
-        line.y2 += y;
-        whole.lines.push_back(line);
-    }
-    for (DrawingCircle circle : part.circles) {
-        circle.x += x;
-        circle.y += y;
-        whole.circles.push_back(circle);
-    }
-    for (DrawingMark mark : part.marks) {
-        mark.x += x;
-        mark.y += y;
-        whole.marks.push_back(mark);
-    }
-    for (DrawingLabel label : part.labels) {
-        label.x += x;
-        label.y += y;
-        whole.labels.push_back(std::move(label));
-    }
-}
-
 DrawingLine Rule(double x1, double x2, double y, double width) {
     return {x1, y, x2, y, DrawingColour::Ink, width};
 }
@@ -101,7 +70,6 @@ void Sheet::Add(Drawing content, double height, double gap, bool keepWithNext) {
     strip.height = height;
     strip.gap = gap;
     strip.keepWithNext = keepWithNext;
-    strip.beginsPage = std::exchange(beginPage_, false);
     strip.content = std::make_shared<const Drawing>(std::move(content));
     strips_.push_back(std::move(strip));
 }
@@ -292,7 +260,7 @@ void Sheet::Finish() {
         double needed = strips_[i].height;
         for (std::size_t j = i; strips_[j].keepWithNext && j + 1 < strips_.size(); ++j)
             needed += strips_[j].gap + strips_[j + 1].height;
-        if ((y + needed > end || strips_[i].beginsPage) && pages_.back() < i) {
+        if (y + needed > end && pages_.back() < i) {
             pages_.push_back(i);
             y = top_ + (RepeatsHeadings(i) ? LongHeadingHeight() : 0);
         }

@@ -45,8 +45,6 @@ public:
     void AddPicture(const Drawing& drawing);
     /// More room behind what was added last.
     void AddGap();
-    /// What comes next begins a page.
-    void BeginPage() { beginPage_ = true; }
     /// Counts the pages: nothing is added from here on.
     void Finish();
 
@@ -66,7 +64,6 @@ private:
         double height = 0;
         double gap = 0; ///< below it, unless a page ends there
         bool keepWithNext = false;
-        bool beginsPage = false;
         std::shared_ptr<const Drawing> content; ///< null for a row of a long table
         std::size_t longTable = NoTable;
         std::size_t row = 0;
@@ -94,7 +91,6 @@ private:
     const TextMeasure& measure_;
     std::string name_;
     double left_ = 0, right_ = 0, top_ = 0, bottom_ = 0; ///< of the text on every page
-    bool beginPage_ = false;
     std::vector<Strip> strips_;
     std::vector<LongTable> longTables_;
     std::vector<std::size_t> pages_; ///< the first strip of each

@@ -54,8 +54,8 @@ TEST(MarkEditor, MarksSeveralRunsAsOneStep) {
 
 TEST(MarkEditor, UndoesAndRedoesEachCommandAsOneStep) {
     Desk desk(FiveRows);
-    desk.editor.Press(MarkKey::Ignore, 1, 2);
-    desk.editor.Press(MarkKey::TurnOver, 0, 4);
+    desk.editor.Press(MarkKey::Ignore, PointRuns{{1, 2}});
+    desk.editor.Press(MarkKey::TurnOver, PointRuns{{0, 4}});
     EXPECT_EQ(desk.Marks(), "IUUII");
     EXPECT_EQ(desk.state.IgnoreKeyList, (Keys{"15", "48", "59"}));
     desk.editor.Undo();
@@ -77,10 +77,10 @@ TEST(MarkEditor, UndoesAndRedoesEachCommandAsOneStep) {
 
 TEST(MarkEditor, ACommandThatChangesNothingIsNoStep) {
     Desk desk(FiveRows);
-    desk.editor.Press(MarkKey::Use, 0, 4);
+    desk.editor.Press(MarkKey::Use, PointRuns{{0, 4}});
     EXPECT_FALSE(desk.editor.CanUndo());
-    desk.editor.Press(MarkKey::Ignore, 3, 3);
-    desk.editor.Press(MarkKey::Ignore, 3, 3);
+    desk.editor.Press(MarkKey::Ignore, PointRuns{{3, 3}});
+    desk.editor.Press(MarkKey::Ignore, PointRuns{{3, 3}});
     desk.editor.Undo();
     EXPECT_FALSE(desk.editor.CanUndo());
     EXPECT_EQ(desk.Marks(), "UUUUU");
@@ -88,7 +88,7 @@ TEST(MarkEditor, ACommandThatChangesNothingIsNoStep) {
 
 TEST(MarkEditor, UseOnlyIsOneStep) {
     Desk desk(FiveRows);
-    desk.editor.Press(MarkKey::Ignore, 4, 4);
+    desk.editor.Press(MarkKey::Ignore, PointRuns{{4, 4}});
     desk.editor.UseOnly({1, 2, 4, 99});
     EXPECT_EQ(desk.Marks(), "IUUIU");
     desk.editor.Undo();
@@ -100,28 +100,28 @@ TEST(MarkEditor, UseOnlyIsOneStep) {
 
 TEST(MarkEditor, ANewCommandEndsWhatCouldBeDoneAgain) {
     Desk desk(FiveRows);
-    desk.editor.Press(MarkKey::Ignore, 0, 0);
+    desk.editor.Press(MarkKey::Ignore, PointRuns{{0, 0}});
     desk.editor.Undo();
-    desk.editor.Press(MarkKey::Ignore, 1, 1);
+    desk.editor.Press(MarkKey::Ignore, PointRuns{{1, 1}});
     EXPECT_FALSE(desk.editor.CanRedo());
     EXPECT_EQ(desk.Marks(), "UIUUU");
 }
 
 TEST(MarkEditor, IsCutToThePointsThereAre) {
     Desk desk(FiveRows);
-    desk.editor.Press(MarkKey::Ignore, 4, 100);
+    desk.editor.Press(MarkKey::Ignore, PointRuns{{4, 100}});
     EXPECT_EQ(desk.Marks(), "UUUUI");
-    desk.editor.Press(MarkKey::Ignore, 5, 5);
+    desk.editor.Press(MarkKey::Ignore, PointRuns{{5, 5}});
     EXPECT_EQ(desk.Marks(), "UUUUI");
     Desk empty({});
-    empty.editor.Press(MarkKey::Ignore, 0, 0);
+    empty.editor.Press(MarkKey::Ignore, PointRuns{{0, 0}});
     empty.editor.UseOnly({0});
     EXPECT_FALSE(empty.editor.CanUndo());
 }
 
 TEST(MarkEditor, ALookAtAnotherTabKeepsTheSteps) {
     Desk desk(FiveRows);
-    desk.editor.Press(MarkKey::Ignore, 1, 2);
+    desk.editor.Press(MarkKey::Ignore, PointRuns{{1, 2}});
     desk.Prepare();
     EXPECT_EQ(desk.Marks(), "UIIUU");
     EXPECT_TRUE(desk.editor.CanUndo());
@@ -131,11 +131,11 @@ TEST(MarkEditor, ALookAtAnotherTabKeepsTheSteps) {
 
 TEST(MarkEditor, OtherReadingsEndTheSteps) {
     Desk desk(FiveRows);
-    desk.editor.Press(MarkKey::Ignore, 1, 2);
+    desk.editor.Press(MarkKey::Ignore, PointRuns{{1, 2}});
     desk.state.RecDatGrid[0].level = "5.0";
     desk.Prepare();
     EXPECT_FALSE(desk.editor.CanUndo());
-    desk.editor.Press(MarkKey::Ignore, 0, 0);
+    desk.editor.Press(MarkKey::Ignore, PointRuns{{0, 0}});
     desk.editor.Undo();
     desk.state.RecDatGrid.pop_back();
     desk.Prepare();
@@ -145,7 +145,7 @@ TEST(MarkEditor, OtherReadingsEndTheSteps) {
 TEST(MarkEditor, UndoAfterAGatheringPutsBackWhatItsCommandChanged) {
     // A computation marks points with Y <= 0 Ignore by itself; that is no command.
     Desk desk({{"1", "5"}, {"2", "0"}, {"3", "7"}});
-    desk.editor.Press(MarkKey::Ignore, 0, 0);
+    desk.editor.Press(MarkKey::Ignore, PointRuns{{0, 0}});
     desk.working.marks[1] = Mark::Ignore;
     desk.editor.Undo();
     EXPECT_EQ(desk.Marks(), "UIU");
