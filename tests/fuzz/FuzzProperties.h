@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 namespace quarnel::fuzz {
 
@@ -51,8 +52,26 @@ inline std::string Kept(const ProjectState& state) {
     return kept;
 }
 
-/// Opens `bytes`; what was read must stand within its bounds and come back whole by saving.
-inline void CheckOpening(std::string_view bytes) {
+/// What comes back when a saved project is opened. Most damaged files leave one of a few projects
+/// behind, and what was read back once is not read again.
+inline const std::string& KeptBySaving(const std::string& text) {
+    constexpr std::size_t MostRemembered = 10'000;
+    static std::unordered_map<std::string, std::string> known;
+    if (const auto found = known.find(text); found != known.end())
+        return found->second;
+    if (known.size() == MostRemembered)
+        known.clear();
+    const std::string file = EncodeFileText(text);
+    ProjectState again;
+    const ReadReport second = OpenProjectBytes(file, again);
+    Require(second.messages.empty() && second.passedOverCount == 0);
+    Require(EncodeFileText(ProjectFileText(again).text) == file);
+    return known.emplace(text, Kept(again)).first->second;
+}
+
+/// Opens `bytes`; what was read must stand within its bounds and come back whole by saving. Returns
+/// it.
+inline ProjectState CheckOpening(std::string_view bytes) {
     ProjectState state;
     state.WellGeoText[GeoH] = "before";
     const ReadReport report = OpenProjectBytes(bytes, state);
@@ -63,21 +82,16 @@ inline void CheckOpening(std::string_view bytes) {
         Require(item.text.size() <= 80 && IsValidUtf8(item.text));
     if (report.format == FileFormat::Unrecognised) {
         Require(report.messages.size() == 1 && state.WellGeoText[GeoH] == "before");
-        return;
+        return state;
     }
     Require(state.RecDatGrid.size() >= MinimumGridRows &&
             state.RecDatGrid.size() <= bytes.size() + 50);
     Require(state.RecoveryDataTexts.empty());
     const ProjectText saved = ProjectFileText(state);
     Require(saved.messages.empty() && IsValidUtf8(saved.text));
-    if (!FieldsNotReadBackIntact(state).empty())
-        return;
-    const std::string file = EncodeFileText(saved.text);
-    ProjectState again;
-    const ReadReport second = OpenProjectBytes(file, again);
-    Require(second.messages.empty() && second.passedOverCount == 0);
-    Require(Kept(again) == Kept(state));
-    Require(EncodeFileText(ProjectFileText(again).text) == file);
+    if (FieldsNotReadBackIntact(state).empty())
+        Require(KeptBySaving(saved.text) == Kept(state));
+    return state;
 }
 
 } // namespace quarnel::fuzz

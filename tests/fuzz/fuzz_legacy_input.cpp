@@ -13,10 +13,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     quarnel::fuzz::CheckOpening(bytes);
     std::string old = "title\r\nclient\r\njob\r\nlabel\r\n H Le Lw\r\n";
     old += bytes;
-    quarnel::fuzz::CheckOpening(old);
 
     quarnel::Analysis analysis;
-    quarnel::OpenProjectBytes(old, analysis.state);
+    analysis.state = quarnel::fuzz::CheckOpening(old);
     if (quarnel::PrepareComputation(analysis).result.IsError())
         return 0;
     const bool failed = quarnel::Compute(analysis).IsError();
