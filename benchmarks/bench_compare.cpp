@@ -4,6 +4,7 @@
 #include "compare/CompareRun.h"
 #include "compare/CompareStatistics.h"
 #include "project/Files.h"
+#include "system/InOrder.h"
 
 #include <algorithm>
 #include <atomic>
@@ -133,7 +134,7 @@ void PrintBytesPerRow() {
 
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
-    const auto cores = static_cast<std::int64_t>(quarnel::DefaultCompareJobs());
+    const auto cores = static_cast<std::int64_t>(quarnel::DefaultJobs());
     const auto add = [](const char* name, void (*run)(benchmark::State&)) {
         return benchmark::RegisterBenchmark(name, run)
             ->Unit(benchmark::kMillisecond)

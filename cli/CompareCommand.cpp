@@ -2,15 +2,16 @@
 #include "cli/Commands.h"
 #include "cli/CompareOutput.h"
 #include "cli/CompareRecords.h"
+#include "cli/EachProject.h"
 #include "compare/CompareCsv.h"
 #include "compare/CompareLines.h"
 #include "compare/CompareRun.h"
 #include "compare/ProjectList.h"
+#include "system/InOrder.h"
 #include "system/Locale.h"
 #include "system/OpenFile.h"
 
 #include <algorithm>
-#include <charconv>
 #include <iterator>
 #include <optional>
 #include <unistd.h>
@@ -24,7 +25,7 @@ struct CompareRequest {
     std::vector<std::string> files; ///< projects, or with `join` tables
     std::string format = "table";
     CompareSettings settings;
-    std::size_t jobs = DefaultCompareJobs();
+    std::size_t jobs = DefaultJobs();
     std::optional<std::string> recordFolder;
     bool join = false;
 };
@@ -44,7 +45,7 @@ void AddOptions(CommandLine& commandLine) {
                           "Also write the record of each test into this folder as "
                           "NAME-record.txt, replacing what is there.",
                           "FOLDER");
-    commandLine.AddOption("jobs", "Projects to read at a time; otherwise one for each core.", "N");
+    AddJobsOption(commandLine);
     commandLine.AddOption("join", "The files are tables that compare --format csv wrote: puts them "
                                   "together as one run over all projects would have.");
     commandLine.AddArgument("FILE...",
@@ -61,12 +62,6 @@ std::string TakeGrouping(const std::string& name, Grouping& grouping) {
     return "There is no group '" + name + "'.";
 }
 
-std::string TakeJobs(const std::string& text, std::size_t& jobs) {
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), jobs);
-    const bool isWhole = result.ec == std::errc() && result.ptr == text.data() + text.size();
-    return isWhole && jobs > 0 ? "" : "The number of jobs must be a whole number from 1.";
-}
-
 /// The sentence about what is wrong with the words, "" when all is well.
 std::string TakeRequest(const CommandLine& commandLine, CompareRequest& request) {
     std::string fault;
@@ -81,8 +76,8 @@ std::string TakeRequest(const CommandLine& commandLine, CompareRequest& request)
         if (!request.settings.unit)
             fault = "There is no unit '" + commandLine.Value("unit") + "'.";
     }
-    if (fault.empty() && commandLine.IsSet("jobs"))
-        fault = TakeJobs(commandLine.Value("jobs"), request.jobs);
+    if (fault.empty())
+        fault = TakeJobs(commandLine, request.jobs);
     if (commandLine.IsSet("record"))
         request.recordFolder = commandLine.Value("record");
     request.join = commandLine.IsSet("join");

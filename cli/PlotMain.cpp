@@ -13,6 +13,7 @@
 #include "project/Files.h"
 #include "project/Result.h"
 #include "project/Texts.h"
+#include "system/InOrder.h"
 #include "system/Locale.h"
 #include "system/OpenFile.h"
 #include "system/ReplaceFile.h"
@@ -110,7 +111,7 @@ int PlotNormalized(const std::vector<std::string>& files, const std::string& out
     keep.points = true;
     std::vector<CompareRow> rows;
     ReadCompareRows(
-        files, DefaultCompareJobs(),
+        files, DefaultJobs(),
         [&](const std::string& file) { return ReadCompareRow(file, separator, keep); },
         [&rows](std::size_t, CompareRow row) { rows.push_back(std::move(row)); });
     const Comparison comparison = CompareRows(rows, CompareSettings());

@@ -1,6 +1,7 @@
 #include "compare/CompareReading.h"
 
 #include "compare/CompareRun.h"
+#include "system/InOrder.h"
 #include "system/Locale.h"
 
 #include <QMetaObject>
@@ -34,7 +35,7 @@ void CompareReading::Run(const std::vector<std::string>& files, const std::stop_
     keep.points = true;
     keep.remarkTexts = true;
     ReadCompareRows(
-        files, DefaultCompareJobs(),
+        files, DefaultJobs(),
         [&separator, keep](const std::string& file) {
             return ReadCompareRow(file, separator, keep);
         },

@@ -10,9 +10,6 @@
 
 namespace quarnel {
 
-/// How many workers a run has where nobody says: one for each core.
-std::size_t DefaultCompareJobs();
-
 /// Makes the row of one file; called on several threads at a time.
 using CompareReader = std::function<CompareRow(const std::string& file)>;
 /// Gets each row in the order of the files, one at a time, on the worker that completed the order.

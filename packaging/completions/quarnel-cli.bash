@@ -4,8 +4,9 @@
 # The options of a command, for a word that begins with a dash.
 _quarnel_cli_options() {
     case $1 in
-    analyze | --version) echo '--format' ;;
-    diagnose) echo '--format --sensitivity --percent' ;;
+    --version) echo '--format' ;;
+    analyze) echo '--format --jobs' ;;
+    diagnose) echo '--format --sensitivity --percent --jobs' ;;
     compare) echo '--format --group --unit --record --jobs --join' ;;
     report) echo '-o' ;;
     plot) echo '-o --head-range --normalized' ;;
@@ -57,7 +58,7 @@ _quarnel_cli() {
     'plot -o') _filedir '@(pdf|svg|png)' ;;
     'report -o' | 'import --barometer') _filedir ;;
     'compare --record') _filedir -d ;;
-    'diagnose --percent' | 'compare --jobs') ;;
+    'diagnose --percent' | *' --jobs') ;;
     'import --'@(channel|start|end|static|thin)) ;;
     *)
         if [[ ${split:-false} == true ]]; then

@@ -35,7 +35,7 @@ __quarnel_cli_of compare -l group -x -a 'well site none' -d 'Which tests belong 
 __quarnel_cli_of compare -l unit -x -a (echo {in,ft,cm,m}/{sec,min,hr,day}) -d 'Unit of K'
 __quarnel_cli_of compare -l record -x -a '(__fish_complete_directories)' \
     -d 'Write the record of each test into a folder'
-__quarnel_cli_of compare -l jobs -x -d 'How many files at a time'
+__quarnel_cli_of 'analyze diagnose compare' -l jobs -x -d 'How many files at a time'
 __quarnel_cli_of compare -l join -d 'Put CSV tables of parts together'
 
 __quarnel_cli_of 'report plot import' -s o -r -F -d 'The file to write'

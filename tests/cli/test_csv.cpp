@@ -52,6 +52,33 @@ protected:
 
 } // namespace
 
+TEST_F(CliCsvTest, OneJobAndManyPrintTheSameInEveryFormat) {
+    QStringList files;
+    for (int i = 0; i < 40; ++i) {
+        ProjectState state = SampleProject();
+        state.WellTestIDTxt[WellLabel] = "MW-" + std::to_string(i);
+        state.WellGeoText[GeoLe] = i % 7 == 3 ? "much" : std::to_string(1 + 0.01 * i);
+        const std::string name = std::to_string(i) + ".qn2";
+        WriteProject(name, state);
+        files << QString::fromStdString(name);
+    }
+    files.insert(20, Q("missing.qn2"));
+    for (const QString& command : {Q("analyze"), Q("diagnose")})
+        for (const QString& format : {Q("table"), Q("json"), Q("csv")}) {
+            const QStringList words{command, Q("--format"), format, Q("--jobs")};
+            const Outcome one = Run(words + QStringList{Q("1")} + files);
+            EXPECT_EQ(one.status, 1);
+            EXPECT_GT(one.out.size(), 4000U);
+            EXPECT_EQ(one.err.empty(), format == Q("json"));
+            for (const QString& jobs : {Q("2"), Q("9"), Q("1000")}) {
+                const Outcome many = Run(words + QStringList{jobs} + files);
+                EXPECT_EQ(many.status, 1);
+                EXPECT_EQ(many.out, one.out) << jobs.toStdString();
+                EXPECT_EQ(many.err, one.err) << jobs.toStdString();
+            }
+        }
+}
+
 TEST_F(CliCsvTest, HeaderNamesEveryColumn) {
     WriteProject("a.qn2", SampleProject());
     const std::string out = Csv({Q("a.qn2")}).out;

@@ -27,9 +27,9 @@ TEST_F(CliUsageTest, HelpNamesEveryCommand) {
 
 TEST_F(CliUsageTest, EachCommandHasItsHelp) {
     for (const auto& [command, usage] :
-         {std::pair("analyze", "Usage: quarnel-cli analyze [--format table|json|csv] FILE...\n"),
-          std::pair("diagnose", "Usage: quarnel-cli diagnose [--format F] [--sensitivity] "
-                                "[--percent P] FILE...\n"),
+         {std::pair("analyze",
+                    "Usage: quarnel-cli analyze [--format table|json|csv] [--jobs N] FILE...\n"),
+          std::pair("diagnose", "Usage: quarnel-cli diagnose [options] FILE...\n"),
           std::pair("compare", "Usage: quarnel-cli compare [options] FILE...\n"),
           std::pair("report", "Usage: quarnel-cli report [-o OUT] FILE\n"),
           std::pair("plot", "Usage: quarnel-cli plot -o OUT [options] FILE...\n"),
@@ -90,6 +90,9 @@ TEST_F(CliUsageTest, WrongUseIsTold) {
         {{Q("analyze"), Q("a.qn2"), Q("--format")}, "quarnel-cli: Missing value after '--format'."},
         {{Q("analyze"), Q("--wide"), Q("a.qn2")}, "quarnel-cli: Unknown option 'wide'."},
         {{Q("analyze"), Q("-o"), Q("x"), Q("a.qn2")}, "quarnel-cli: Unknown option 'o'."},
+        {{Q("analyze"), Q("--jobs"), Q("0"), Q("a.qn2")}, WrongJobs},
+        {{Q("analyze"), Q("--jobs="), Q("a.qn2")}, WrongJobs},
+        {{Q("diagnose"), Q("--jobs"), Q("2.5"), Q("a.qn2")}, WrongJobs},
         {{Q("diagnose")}, "quarnel-cli: No file is named."},
         {{Q("diagnose"), Q("--format"), Q("xml"), Q("a.qn2")},
          "quarnel-cli: There is no format 'xml'."},

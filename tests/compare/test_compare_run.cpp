@@ -1,6 +1,7 @@
 #include "compare/CompareRun.h"
 
 #include "compare/CompareCsv.h"
+#include "system/InOrder.h"
 #include "tests/compare/CompareTestSupport.h"
 #include "tests/diagnostics/DiagnosticsTestSupport.h"
 
@@ -74,7 +75,46 @@ TEST(CompareRunTest, EveryWorkerTakesTheNextFile) {
         },
         [](std::size_t, const CompareRow&) {}));
     EXPECT_EQ(workers.size(), Jobs);
-    EXPECT_GE(DefaultCompareJobs(), 1U);
+    EXPECT_GE(DefaultJobs(), 1U);
+}
+
+TEST(CompareRunTest, NoMoreWaitForOneSlowFileThanThereIsRoomFor) {
+    // The first is made only when all that may run ahead of it have been.
+    constexpr std::size_t Ahead = 5;
+    std::latch roomIsFull(Ahead - 1);
+    std::atomic<std::size_t> made = 0;
+    std::atomic<std::size_t> taken = 0;
+    InOrder<std::size_t> numbers(
+        [&](std::size_t index) {
+            if (index == 0) {
+                roomIsFull.wait();
+                EXPECT_EQ(made, Ahead - 1);
+            } else if (index < Ahead) {
+                ++made;
+                roomIsFull.count_down();
+            } else {
+                EXPECT_GT(taken, 0U) << index;
+            }
+            return index;
+        },
+        [&taken](std::size_t, std::size_t number) { EXPECT_EQ(number, taken++); }, Ahead);
+    EXPECT_TRUE(numbers.Run(100, 3));
+    EXPECT_EQ(taken, 100U);
+}
+
+TEST(CompareRunTest, AFaultWakesThoseThatWaitForRoom) {
+    std::latch allWait(2);
+    InOrder<int> numbers(
+        [&](std::size_t index) -> int {
+            if (index == 0) {
+                allWait.wait();
+                throw std::runtime_error("no more memory");
+            }
+            allWait.count_down();
+            return 0;
+        },
+        [](std::size_t, int) { FAIL(); }, 3);
+    EXPECT_THROW(numbers.Run(100, 3), std::runtime_error);
 }
 
 TEST(CompareRunTest, CancelledAtOnceNothingIsRead) {
