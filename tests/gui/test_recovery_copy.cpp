@@ -14,10 +14,10 @@ class TestRecoveryCopy : public QObject {
     Q_OBJECT
 private:
     static QStringList Copies() {
-        return QDir(RecoveryCopy::Folder()).entryList({u"*.qn2"_s}, QDir::Files);
+        return QDir(RecoveryFolder()).entryList({u"*.qn2"_s}, QDir::Files);
     }
     static QString PathOf(const QString& name) {
-        return QDir(RecoveryCopy::Folder()).filePath(name);
+        return QDir(RecoveryFolder()).filePath(name);
     }
     static QByteArray Bytes(const QString& path) {
         QFile file(path);
@@ -25,7 +25,7 @@ private:
     }
     /// What a window that was killed leaves: its copy, and nobody who holds its lock.
     static void LeaveCopy(const QByteArray& project, const QByteArray& path) {
-        QDir().mkpath(RecoveryCopy::Folder());
+        QDir().mkpath(RecoveryFolder());
         QFile copy(PathOf(u"99-0.qn2"_s));
         QVERIFY(copy.open(QIODevice::WriteOnly) && copy.write(project) == project.size());
         QFile note(PathOf(u"99-0.qn2.path"_s));
@@ -50,7 +50,7 @@ private:
     }
 
 private Q_SLOTS:
-    void init() { QDir(RecoveryCopy::Folder()).removeRecursively(); }
+    void init() { QDir(RecoveryFolder()).removeRecursively(); }
 
     void NothingTypedNeedsNoCopy() {
         Program program;
@@ -178,7 +178,7 @@ private Q_SLOTS:
     }
 
     void AFolderThatCannotBeMadeIsToldOnce() {
-        const QString folder = RecoveryCopy::Folder();
+        const QString folder = RecoveryFolder();
         QDir().mkpath(QFileInfo(folder).path());
         QFile inTheWay(folder);
         QVERIFY(inTheWay.open(QIODevice::WriteOnly));
