@@ -185,7 +185,7 @@ void KeyWhileARecoveryCopyIsMade(benchmark::State& state) {
         window->findChild<QTimer*>(QStringLiteral("RecoveryTimer"))->start(0);
         for (bool isOver = false; !isOver; ++turns) {
             const bool wasCopying = copying->isActive();
-            QKeyEvent key(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+            QKeyEvent key(QEvent::KeyPress, Qt::Key_Shift, Qt::ShiftModifier);
             const auto start = std::chrono::steady_clock::now();
             QApplication::sendEvent(grid, &key);
             QApplication::processEvents();
