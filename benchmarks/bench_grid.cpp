@@ -165,7 +165,7 @@ void KeystrokeInAMillionRows(benchmark::State& state) {
 }
 
 /// Keys in a grid of a million rows while the recovery copy of it is made: all that happens from
-/// one key to the next.
+/// one key to the next, save the painting that a key may call for.
 void KeyWhileARecoveryCopyIsMade(benchmark::State& state) {
     const auto window = SetUpMainWindow();
     ResetProject(*window);
