@@ -86,7 +86,7 @@ BRMainForm::BRMainForm(QWidget* parent)
     BuildMenus();
     BuildRecoveryCopy();
     status_ = new StatusLine;
-    connect(status_, &StatusLine::ImportWanted, this, &BRMainForm::ImportNotPasted);
+    connect(status_, &StatusLine::OfferTaken, this, &BRMainForm::TakeOffer);
     statusBar()->addWidget(status_, 1);
     setAcceptDrops(true);
     qApp->installEventFilter(this);
@@ -214,9 +214,10 @@ void BRMainForm::BuildMenus() {
     add(mnuFile, QStringLiteral("mnuSaveAs"), QStringLiteral("Save &As..."),
         Qt::CTRL | Qt::SHIFT | Qt::Key_S, &BRMainForm::SaveProjectAs);
     mnuFile->addSeparator();
-    auto* recent = new RecentProjects(mnuFile);
-    mnuFile->addMenu(recent);
-    connect(recent, &RecentProjects::Chosen, this, &BRMainForm::OpenPath);
+    recent_ = new RecentProjects(mnuFile);
+    mnuFile->addMenu(recent_);
+    connect(recent_, &RecentProjects::Chosen, this, &BRMainForm::OpenPath);
+    connect(recent_, &RecentProjects::BringBackChosen, this, &BRMainForm::BringBack);
     add(mnuFile, QStringLiteral("mnuImportReadings"), QStringLiteral("&Import Readings..."),
         QKeySequence(), &BRMainForm::ImportReadings);
     mnuFile->addSeparator();
@@ -295,7 +296,7 @@ void BRMainForm::ClickTab() {
         GoTo(preparation.result.place);
     else if (!onStrip)
         FocusPage();
-    status_->WithdrawOffer();
+    status_->Withdraw(StatusOffer::ImportReadings);
     notPasted_.clear();
     ShowWhetherCurrent();
 }
@@ -375,9 +376,16 @@ void BRMainForm::ShowPasted(const QString& text, std::size_t rows) {
     const PasteText told = TextOfPaste(ToUtf8(text), rows, analysis_.state.DecimalSeparator);
     notPasted_ = told.offersImport ? text : QString();
     if (told.offersImport)
-        status_->SayAndOfferImport(ToQString(told.said));
+        status_->SayAndOffer(ToQString(told.said), StatusOffer::ImportReadings);
     else
         status_->Say(ToQString(told.said));
+}
+
+void BRMainForm::TakeOffer(StatusOffer offer) {
+    if (offer == StatusOffer::ImportReadings)
+        ImportNotPasted();
+    else if (!recoveryCopy_->Replaced().empty())
+        BringBack(recoveryCopy_->Replaced().back().number);
 }
 
 // ---- Commands

@@ -8,6 +8,7 @@
 #include <QTabBar>
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -28,9 +29,11 @@ class Panel;
 class GuideWindow;
 class PrtPlotFrm;
 class PrtResults;
+class RecentProjects;
 class RecoveryCopy;
 class RecoveryDataPanel;
 class StatusLine;
+enum class StatusOffer;
 class WellGeometryPanel;
 struct ImportPlan;
 struct LoggerFile;
@@ -44,7 +47,8 @@ public:
 
     /// Shows the window.
     void StartUp();
-    /// Offers the copies that windows which are gone left behind. Whether one was restored.
+    /// Offers the copies that windows which are gone left behind. Whether that settles what the
+    /// window shows: one was restored, or the program was ended meanwhile.
     bool OfferLeftCopies();
     /// Writes the copy of the project that a later start offers: the program is being ended.
     void KeepRecoveryCopy();
@@ -70,6 +74,13 @@ protected:
 private:
     void BuildRecoveryCopy();
     void Restore(const LeftCopy& copy);
+    /// Puts what `read` reads in the place of the project, of which what was not saved is kept and
+    /// offered in the status bar with `said`. `read` says whether it has replaced the project.
+    bool Replace(const std::function<bool()>& read, const QString& said);
+    /// Goes on with the replaced work of this number.
+    void BringBack(int number);
+    void ListReplaced();
+    void TakeOffer(StatusOffer offer);
     void BuildTabStrip(QVBoxLayout* rows);
     void BuildPanels(QVBoxLayout* rows);
     /// Puts `content` under the title of panel `panel`.
@@ -134,6 +145,7 @@ private:
 
     Analysis analysis_;
     RecoveryCopy* recoveryCopy_ = nullptr;
+    RecentProjects* recent_ = nullptr;
     GuideWindow* guide_ = nullptr;
     bool exitConfirmed_ = false;
     bool exitAsked_ = false; ///< "Confirm Exit" stands

@@ -9,6 +9,7 @@
 #include "app/RecentProjects.h"
 #include "app/RecoveryCopy.h"
 #include "app/RecoveryOffer.h"
+#include "app/StatusLine.h"
 #include "loggerfiles/ImportMessages.h"
 #include "loggerfiles/ImportReadingsFrm.h"
 #include "loggerfiles/LoggerFileDialogs.h"
@@ -23,7 +24,9 @@
 #include <QLabel>
 #include <algorithm>
 #include <cstddef>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -34,9 +37,12 @@ void BRMainForm::NewProject() {
     if (AskYesNo(this, QStringLiteral("New Project will clear existing data. Make sure you have "
                                       "saved current information to a file before proceeding.\r\n"
                                       " Do you want to proceed with New Project?"))) {
-        recoveryCopy_->WriteNow();
-        ResetProject(*this);
-        recoveryCopy_->NoteReplaced();
+        Replace(
+            [this] {
+                ResetAnalysis(analysis_);
+                return true;
+            },
+            QString());
     }
 }
 
@@ -51,16 +57,36 @@ void BRMainForm::OpenPath(const QString& path) {
 }
 
 ReadReport BRMainForm::ReadProject(const std::string& path) {
-    const BusyPointer busy;
-    recoveryCopy_->WriteNow();
-    ReadReport report = OpenProjectFile(path, analysis_);
-    if (report.format != FileFormat::Unrecognised) {
-        ShowState();
-        ShowStatus(QStringLiteral("Opened ") + ToQString(path));
-    } else {
+    ReadReport report;
+    const bool isOpen = Replace(
+        [this, &path, &report] {
+            report = OpenProjectFile(path, analysis_);
+            return report.format != FileFormat::Unrecognised;
+        },
+        QStringLiteral("Opened ") + ToQString(path));
+    if (!isOpen)
         ShowStatus(QStringLiteral("Not opened: ") + ToQString(path));
-    }
     return report;
+}
+
+bool BRMainForm::Replace(const std::function<bool()>& read, const QString& said) {
+    const BusyPointer busy;
+    CommitEdits();
+    std::optional<ReplacedWork> former = recoveryCopy_->KeepUnsaved();
+    if (!read())
+        return false;
+    const QString name = former ? ProjectName(former->file.CurrentProjectFile) : QString();
+    const bool isKept = former.has_value();
+    if (isKept)
+        recoveryCopy_->SetAside(*std::move(former));
+    ShowState();
+    if (isKept)
+        status_->SayAndOffer((said.isEmpty() ? QString() : said + QStringLiteral(". ")) +
+                                 QStringLiteral("What was not saved is kept, of ") + name,
+                             StatusOffer::BringBack);
+    else
+        ShowStatus(said);
+    return true;
 }
 
 namespace {
@@ -237,7 +263,9 @@ void BRMainForm::Write(const std::string& path, const QString& note) {
     }
     ShowTitle();
     if (report.isSaved) {
-        recoveryCopy_->NoteSaved();
+        // What could not be written whole is not saved yet.
+        if (report.messages.empty())
+            recoveryCopy_->NoteSaved();
         RecentProjects::Note(ToQString(path));
     }
     const QString name = ToQString(path);
@@ -250,11 +278,13 @@ void BRMainForm::Write(const std::string& path, const QString& note) {
 
 void BRMainForm::BuildRecoveryCopy() {
     recoveryCopy_ = new RecoveryCopy(analysis_, this);
-    connect(recoveryData_, &Panel::Edited, recoveryCopy_, &RecoveryCopy::NoteEdit);
+    connect(recoveryData_, &RecoveryDataPanel::ReadingsEdited, recoveryCopy_,
+            &RecoveryCopy::NoteEdit);
     connect(compute_, &Panel::Edited, recoveryCopy_, &RecoveryCopy::NoteEdit);
     connect(recoveryCopy_, &RecoveryCopy::WritingFailed, this, [this](const QString& reason) {
         ShowStatus(QStringLiteral("No recovery copy could be written: ") + reason);
     });
+    connect(recoveryCopy_, &RecoveryCopy::ReplacedChanged, this, &BRMainForm::ListReplaced);
     connect(qApp, &QGuiApplication::commitDataRequest, this, &BRMainForm::KeepRecoveryCopy);
 }
 
@@ -264,32 +294,68 @@ void BRMainForm::KeepRecoveryCopy() {
 }
 
 bool BRMainForm::OfferLeftCopies() {
-    for (const LeftCopy& copy : recoveryCopy_->TakeLeftCopies()) {
-        if (WantsToRestore(this, copy)) {
-            Restore(copy);
+    for (const LeftCopy& left : recoveryCopy_->TakeLeftCopies()) {
+        const RecoveryAnswer answer = AskForLeftCopy(this, left);
+        if (answer == RecoveryAnswer::Restore)
+            Restore(left);
+        if (answer != RecoveryAnswer::Discard)
             return true;
-        }
-        recoveryCopy_->Discard(copy);
+        RemoveCopy(left.copy.path);
     }
     return false;
 }
 
-void BRMainForm::Restore(const LeftCopy& copy) {
-    for (const std::string& message : ReadProject(ToUtf8(copy.path)).messages)
-        ShowMessage(this, ToQString(message));
+void BRMainForm::Restore(const LeftCopy& left) {
+    const ReadReport report = ReadProject(ToUtf8(left.copy.path));
     // A copy that is no project any more stays where it is, for a closer look.
-    if (analysis_.file.CurrentProjectFile != ToUtf8(copy.path))
+    if (report.format != FileFormat::Unrecognised) {
+        // Its own file is the one it was a copy of; a save looks first at what stands there now.
+        analysis_.file = FileOnDisk();
+        analysis_.file.CurrentProjectFile = left.projectFile;
+        ShowTitle();
+        ShowStatus(QStringLiteral("Restored what was typed before the program ended. It is not "
+                                  "saved yet."));
+        recoveryCopy_->NoteRestored(left.copy);
+    }
+    for (const std::string& message : report.messages)
+        ShowMessage(this, ToQString(message));
+}
+
+void BRMainForm::BringBack(int number) {
+    const std::vector<ReplacedWork>& all = recoveryCopy_->Replaced();
+    const auto found = std::find_if(
+        all.begin(), all.end(), [number](const ReplacedWork& one) { return one.number == number; });
+    if (found == all.end())
         return;
-    // Its own file is the one it was a copy of; a save looks first at what stands there now.
-    analysis_.file = FileOnDisk();
-    analysis_.file.CurrentProjectFile = copy.projectFile;
-    ShowTitle();
-    ShowStatus(QStringLiteral("Restored what was typed before the program ended. It is not saved "
-                              "yet."));
-    recoveryCopy_->NoteEdit();
-    // On a full disk the old copy stays the only one.
-    if (recoveryCopy_->WriteNow())
-        recoveryCopy_->Discard(copy);
+    const ReplacedWork work = *found;
+    ReadReport report;
+    const auto read = [this, &work, &report] {
+        if (work.isWhole) {
+            ResetAnalysis(analysis_);
+            analysis_.state = work.state;
+            return true;
+        }
+        report = OpenProjectFile(ToUtf8(work.copy->path), analysis_);
+        if (report.format == FileFormat::Unrecognised)
+            return false;
+        TakeTexts(work.state, analysis_.state);
+        return true;
+    };
+    if (Replace(read, QStringLiteral("Brought back ") + ProjectName(work.file.CurrentProjectFile) +
+                          QStringLiteral(". It is not saved yet"))) {
+        analysis_.file = work.file;
+        ShowTitle();
+        recoveryCopy_->NoteBroughtBack(number);
+    }
+    for (const std::string& message : report.messages)
+        ShowMessage(this, ToQString(message));
+}
+
+void BRMainForm::ListReplaced() {
+    std::vector<RecentProjects::ReplacedEntry> entries;
+    for (const ReplacedWork& work : recoveryCopy_->Replaced())
+        entries.push_back({work.number, ProjectName(work.file.CurrentProjectFile), work.replaced});
+    recent_->ListReplaced(std::move(entries));
 }
 
 } // namespace quarnel

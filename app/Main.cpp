@@ -68,11 +68,13 @@ int main(int argc, char** argv) {
     quarnel::ResetProject(*window);
     window->StartUp();
     const quarnel::EndSignals endSignals([&window] { window->KeepRecoveryCopy(); });
-    const bool isRestored = window->OfferLeftCopies();
-    if (!projects.isEmpty() && !isRestored)
-        QMetaObject::invokeMethod(
-            window.get(),
-            [&window, path = FullPath(projects.constFirst())] { window->OpenNamed(path); },
-            Qt::QueuedConnection);
+    // In the event loop: only there a request to end is heard while a question stands.
+    QMetaObject::invokeMethod(
+        window.get(),
+        [&window, &projects] {
+            if (!window->OfferLeftCopies() && !projects.isEmpty())
+                window->OpenNamed(FullPath(projects.constFirst()));
+        },
+        Qt::QueuedConnection);
     return quarnel::QuarnelApplication::exec();
 }

@@ -1,8 +1,10 @@
 #include "app/RecentProjects.h"
 
 #include <QFileInfo>
+#include <QLocale>
 #include <QSettings>
 #include <algorithm>
+#include <utility>
 
 namespace quarnel {
 
@@ -11,13 +13,20 @@ namespace {
 constexpr qsizetype MostProjects = 10;
 const QString SettingsKey = QStringLiteral("recentProjects");
 
+/// As the text of an entry: no letter of a name is underlined, nor taken for a key or another line.
+QString AsEntry(QString text) {
+    text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+    text.replace(QLatin1Char('\t'), QLatin1Char(' '));
+    return text.replace(QLatin1Char('\n'), QLatin1Char(' '));
+}
+
 /// "&1 MW-3.qn2 - /data/site": the name first, since the folders are often the same.
 QString EntryText(qsizetype number, const QString& path) {
     const QFileInfo file(path);
     const QString mnemonic =
         number < 10 ? QStringLiteral("&%1").arg(number) : QStringLiteral("1&0");
-    QString text = file.fileName() + QStringLiteral(" - ") + file.path();
-    return mnemonic + QLatin1Char(' ') + text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+    return mnemonic + QLatin1Char(' ') +
+           AsEntry(file.fileName() + QStringLiteral(" - ") + file.path());
 }
 
 } // namespace
@@ -54,11 +63,29 @@ void RecentProjects::Fill() {
         entry->setEnabled(isThere);
         entry->setToolTip(isThere ? path : path + QStringLiteral(" is not there"));
     }
+    AddReplaced();
     addSeparator();
     QAction* forget =
         addAction(QStringLiteral("&Clear List"), this, [] { QSettings().remove(SettingsKey); });
     forget->setObjectName(QStringLiteral("mnuClearRecent"));
     forget->setEnabled(!paths.isEmpty());
+}
+
+void RecentProjects::ListReplaced(std::vector<ReplacedEntry> entries) {
+    replaced_ = std::move(entries);
+}
+
+void RecentProjects::AddReplaced() {
+    if (!replaced_.empty())
+        addSeparator();
+    for (const ReplacedEntry& entry : replaced_) {
+        QAction* back = addAction(
+            QStringLiteral("Bring Back %1, not saved, replaced %2")
+                .arg(AsEntry(entry.name), QLocale().toString(entry.replaced, QLocale::ShortFormat)),
+            this, [this, number = entry.number] { Q_EMIT BringBackChosen(number); });
+        back->setObjectName(QStringLiteral("mnuBringBack_") + QString::number(entry.number));
+        back->setToolTip(QStringLiteral("Go on with this project as it was, not saved yet"));
+    }
 }
 
 } // namespace quarnel

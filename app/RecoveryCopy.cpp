@@ -1,18 +1,13 @@
 #include "app/RecoveryCopy.h"
 
-#include "project/TextEncoding.h"
-#include "system/ReplaceFile.h"
 #include "widgets/QtTexts.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QFile>
+#include <QElapsedTimer>
 #include <QFileInfo>
-#include <QStandardPaths>
 #include <algorithm>
 #include <chrono>
 #include <new>
-#include <tuple>
+#include <system_error>
 #include <utility>
 
 namespace quarnel {
@@ -23,77 +18,9 @@ using namespace std::chrono_literals;
 
 /// A copy is at most this old.
 constexpr auto Interval = 30s;
-/// More windows of one process than this have no copy of their own.
-constexpr int MostNames = 1000;
-
-/// Beside a copy stands a text with the path of its project.
-QString PathNoteOf(const QString& copy) {
-    return copy + QStringLiteral(".path");
-}
-QString LockOf(const QString& copy) {
-    return copy + QStringLiteral(".lock");
-}
-
-/// A lock that is held as long as its process lives, however long that is.
-std::unique_ptr<QLockFile> TryLock(const QString& copy) {
-    auto lock = std::make_unique<QLockFile>(LockOf(copy));
-    lock->setStaleLockTime(0);
-    return lock->tryLock(0) ? std::move(lock) : nullptr;
-}
-
-/// All that is small enough to be compared every time: everything but readings and marks.
-auto SmallTexts(const ProjectState& state) {
-    return std::tie(state.SiteIDText, state.WellTestIDTxt, state.VolumeOfSlugText,
-                    state.WellGeoText, state.WellGeoVertUnitsDDL, state.WellGeoRadUnitsDDL,
-                    state.SSRibbon1Pressed, state.RecDatTimeUnitsDDL,
-                    state.RecDatWaterLevelUnitsDDL, state.RecDatDataTypeDDL,
-                    state.RecDatSlugTestTypeDDL, state.RecDatPreSlugHeadText, state.PlotText,
-                    state.CmboKTimeUnits, state.CmboKLengthUnits);
-}
-
-/// Those texts by themselves.
-ProjectState WithoutReadings(const ProjectState& state) {
-    ProjectState texts;
-    texts.SiteIDText = state.SiteIDText;
-    texts.WellTestIDTxt = state.WellTestIDTxt;
-    texts.VolumeOfSlugText = state.VolumeOfSlugText;
-    texts.WellGeoText = state.WellGeoText;
-    texts.WellGeoVertUnitsDDL = state.WellGeoVertUnitsDDL;
-    texts.WellGeoRadUnitsDDL = state.WellGeoRadUnitsDDL;
-    texts.SSRibbon1Pressed = state.SSRibbon1Pressed;
-    texts.RecDatTimeUnitsDDL = state.RecDatTimeUnitsDDL;
-    texts.RecDatWaterLevelUnitsDDL = state.RecDatWaterLevelUnitsDDL;
-    texts.RecDatDataTypeDDL = state.RecDatDataTypeDDL;
-    texts.RecDatSlugTestTypeDDL = state.RecDatSlugTestTypeDDL;
-    texts.RecDatPreSlugHeadText = state.RecDatPreSlugHeadText;
-    texts.PlotText = state.PlotText;
-    texts.CmboKTimeUnits = state.CmboKTimeUnits;
-    texts.CmboKLengthUnits = state.CmboKLengthUnits;
-    return texts;
-}
-
-FileFailure SaveCopy(const ProjectState& state, const std::string& path,
-                     const std::string& projectFile) {
-    try {
-        const FileFailure failure =
-            SaveFileBytes(path, EncodeFileText(ProjectFileText(state).text));
-        return failure == FileFailure::None
-                   ? SaveFileBytes(ToUtf8(PathNoteOf(ToQString(path))), projectFile)
-                   : failure;
-    } catch (const std::bad_alloc&) {
-        return FileFailure::OutOfMemory;
-    }
-}
-
-std::string PathIn(const QString& note) {
-    QFile file(note);
-    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
-}
-
-void RemoveCopy(const QString& copy) {
-    QFile::remove(copy);
-    QFile::remove(PathNoteOf(copy));
-}
+/// So long at a time, in milliseconds, is copied on the way from one key to the next: a small part
+/// of a frame.
+constexpr int CopyingTime = 2;
 
 } // namespace
 
@@ -105,6 +32,9 @@ RecoveryCopy::RecoveryCopy(const Analysis& analysis, QObject* parent)
     timer_->setInterval(Interval);
     connect(timer_, &QTimer::timeout, this, &RecoveryCopy::WriteIfChanged);
     timer_->start();
+    copying_ = new QTimer(this);
+    copying_->setObjectName(QStringLiteral("RecoveryCopying"));
+    connect(copying_, &QTimer::timeout, this, [this] { Try([this] { CopySome(); }); });
     NoteReplaced();
 }
 
@@ -112,63 +42,114 @@ RecoveryCopy::~RecoveryCopy() {
     TakeOutcome(true);
 }
 
-QString RecoveryCopy::Folder() {
-    return QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) +
-           QStringLiteral("/recovery");
+void RecoveryCopy::NoteEdit() {
+    rowsChanged_ = areRowsUnsaved_ = isCopyStale_ = true;
 }
 
 bool RecoveryCopy::HasChanged() const {
-    return rowsChanged_ || SmallTexts(analysis_.state) != SmallTexts(known_);
+    return rowsChanged_ || !HaveSameTexts(analysis_.state, known_);
 }
 
 bool RecoveryCopy::HasUnsavedChanges() const {
-    return areRowsUnsaved_ || SmallTexts(analysis_.state) != SmallTexts(saved_);
-}
-
-void RecoveryCopy::NoteKept() {
-    rowsChanged_ = false;
-    known_ = WithoutReadings(analysis_.state);
+    return areRowsUnsaved_ || !HaveSameTexts(analysis_.state, saved_);
 }
 
 void RecoveryCopy::NoteReplaced() {
-    NoteKept();
-    areRowsUnsaved_ = false;
+    StopCopying();
+    TakeOutcome(true);
+    known_ = WithoutReadings(analysis_.state);
     saved_ = known_;
+    rowsChanged_ = areRowsUnsaved_ = false;
+    // What it may be restored as is another project's path by now.
+    if (own_)
+        RemoveCopy(own_->path);
 }
 
 void RecoveryCopy::NoteSaved() {
-    TakeOutcome(true);
     NoteReplaced();
-    if (!path_.isEmpty())
-        RemoveCopy(path_);
+    RemoveOutdated();
+}
+
+// ---- Writing -----------------------------------------------------------------------------------
+
+void RecoveryCopy::Try(const std::function<void()>& part) {
+    FileFailure failure = FileFailure::None;
+    try {
+        part();
+    } catch (const std::bad_alloc&) {
+        failure = FileFailure::OutOfMemory;
+    } catch (const std::system_error&) { // no thread to be had
+        failure = FileFailure::OutOfMemory;
+    }
+    if (failure == FileFailure::None)
+        return;
+    StopCopying();
+    TellFailure(failure);
 }
 
 void RecoveryCopy::WriteIfChanged() {
-    TakeOutcome(false);
-    if (!writing_.valid() && HasChanged())
-        Write();
+    Try([this] {
+        TakeOutcome(false);
+        if (!writing_.valid() && !copier_.IsCopying() && HasChanged() && BeginCopy())
+            copying_->start(0);
+    });
 }
 
 bool RecoveryCopy::WriteNow() {
     TakeOutcome(true);
-    if (HasChanged())
-        Write();
+    Try([this] {
+        if (HasChanged() && BeginCopy())
+            CopyRest();
+    });
     TakeOutcome(true);
     return !HasChanged();
 }
 
-void RecoveryCopy::Write() {
-    if (!HoldName()) {
+bool RecoveryCopy::BeginCopy() {
+    if (!own_)
+        own_ = HoldNewCopy();
+    if (!own_) {
         TellFailure(FileFailure::PathFileAccess);
-        return;
+        return false;
     }
-    // The typing goes on while another thread turns the project into a file.
-    auto state = std::make_shared<const ProjectState>(analysis_.state);
-    writing_ = std::async(std::launch::async, [state, path = ToUtf8(path_),
-                                               projectFile = analysis_.file.CurrentProjectFile] {
-        return SaveCopy(*state, path, projectFile);
-    });
-    NoteKept();
+    copier_.Start(analysis_.state);
+    isCopyStale_ = false;
+    return true;
+}
+
+void RecoveryCopy::CopySome() {
+    if (std::exchange(isCopyStale_, false))
+        copier_.Start(analysis_.state);
+    QElapsedTimer clock;
+    clock.start();
+    while (clock.elapsed() < CopyingTime)
+        if (copier_.CopyPiece(analysis_.state))
+            return StartWriting();
+}
+
+void RecoveryCopy::CopyRest() {
+    while (!copier_.CopyPiece(analysis_.state))
+        continue;
+    StartWriting();
+}
+
+/// The typing goes on while another thread turns the copy into a file, and frees it.
+void RecoveryCopy::StartWriting() {
+    copying_->stop();
+    CopiedState copy = copier_.Take();
+    ProjectState known = copy.texts;
+    writing_ =
+        std::async(std::launch::async, [copy = std::move(copy), path = ToUtf8(own_->path),
+                                        projectFile = analysis_.file.CurrentProjectFile]() mutable {
+            return SaveCopy(std::move(copy), path, projectFile);
+        });
+    known_ = std::move(known);
+    rowsChanged_ = false;
+}
+
+void RecoveryCopy::StopCopying() {
+    copying_->stop();
+    copier_ = StateCopier();
 }
 
 void RecoveryCopy::TakeOutcome(bool wait) {
@@ -177,6 +158,7 @@ void RecoveryCopy::TakeOutcome(bool wait) {
     const FileFailure failure = writing_.get();
     if (failure == FileFailure::None) {
         failureIsTold_ = false;
+        RemoveOutdated();
         return;
     }
     rowsChanged_ = true; // to be tried again
@@ -184,58 +166,91 @@ void RecoveryCopy::TakeOutcome(bool wait) {
 }
 
 void RecoveryCopy::TellFailure(FileFailure failure) {
-    if (!std::exchange(failureIsTold_, true))
+    if (failureIsTold_)
+        return;
+    try {
         Q_EMIT WritingFailed(ToQString(FileErrorMessage(failure)));
+        failureIsTold_ = true;
+    } catch (const std::bad_alloc&) {
+        // The next failure is told instead.
+    }
 }
 
-bool RecoveryCopy::HoldName() {
-    if (!path_.isEmpty())
-        return true;
-    // Only for the user: the copy holds what a client told them.
-    if (!QDir().mkpath(Folder()))
-        return false;
-    QFile::setPermissions(Folder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    const QString start = Folder() + QStringLiteral("/%1-").arg(QCoreApplication::applicationPid());
-    for (int i = 0; i < MostNames; ++i) {
-        const QString path = start + QString::number(i) + QStringLiteral(".qn2");
-        if (QFile::exists(path))
-            continue;
-        if (auto lock = TryLock(path)) {
-            lock_ = std::move(lock);
-            path_ = path;
-            return true;
-        }
-    }
-    return false;
+void RecoveryCopy::RemoveOutdated() {
+    for (const HeldCopy& copy : std::exchange(outdated_, {}))
+        RemoveCopy(copy.path);
 }
 
 void RecoveryCopy::Remove() {
-    TakeOutcome(true);
     timer_->stop();
-    if (path_.isEmpty())
-        return;
-    RemoveCopy(path_);
-    lock_.reset();
-    path_.clear();
+    StopCopying();
+    TakeOutcome(true);
+    RemoveOutdated();
+    if (own_)
+        RemoveCopy(own_->path);
+    own_.reset();
+    for (const ReplacedWork& work : replaced_)
+        if (work.copy)
+            RemoveCopy(work.copy->path);
+    replaced_.clear();
+    Q_EMIT ReplacedChanged();
 }
+
+// ---- The way back ------------------------------------------------------------------------------
 
 std::vector<LeftCopy> RecoveryCopy::TakeLeftCopies() {
     std::vector<LeftCopy> copies;
-    const QFileInfoList files =
-        QDir(Folder()).entryInfoList({QStringLiteral("*.qn2")}, QDir::Files, QDir::Time);
-    for (const QFileInfo& file : files) {
-        auto lock = TryLock(file.absoluteFilePath());
-        if (lock == nullptr)
-            continue;
-        taken_.push_back(std::move(lock));
-        copies.push_back({file.absoluteFilePath(), PathIn(PathNoteOf(file.absoluteFilePath())),
-                          file.lastModified()});
+    for (HeldCopy& copy : HoldLeftCopies()) {
+        taken_.push_back(copy);
+        std::string project = ProjectOfCopy(copy.path);
+        QDateTime written = QFileInfo(copy.path).lastModified();
+        copies.push_back({std::move(copy), std::move(project), std::move(written)});
     }
     return copies;
 }
 
-void RecoveryCopy::Discard(const LeftCopy& copy) {
-    RemoveCopy(copy.path);
+void RecoveryCopy::NoteRestored(const HeldCopy& copy) {
+    outdated_.push_back(copy);
+    NoteEdit();
+    // On a full disk the old copy stays the only one.
+    WriteNow();
+}
+
+std::optional<ReplacedWork> RecoveryCopy::KeepUnsaved() {
+    const bool isOnDisk = WriteNow();
+    if (!HasUnsavedChanges())
+        return std::nullopt;
+    ReplacedWork work;
+    work.number = lastNumber_ + 1;
+    work.file = analysis_.file;
+    work.isWhole = !isOnDisk;
+    work.state = isOnDisk ? WithoutReadings(analysis_.state) : analysis_.state;
+    return work;
+}
+
+void RecoveryCopy::SetAside(ReplacedWork work) {
+    lastNumber_ = work.number;
+    work.replaced = QDateTime::currentDateTime();
+    work.copy = std::exchange(own_, std::nullopt);
+    // One that was restored while the disk was full has but the copy that it was restored from.
+    if (work.isWhole && !outdated_.empty() && (!work.copy || !QFileInfo::exists(work.copy->path)))
+        work.copy = outdated_.back();
+    outdated_.clear();
+    replaced_.push_back(std::move(work));
+    Q_EMIT ReplacedChanged();
+}
+
+void RecoveryCopy::NoteBroughtBack(int number) {
+    const auto work =
+        std::find_if(replaced_.begin(), replaced_.end(),
+                     [number](const ReplacedWork& one) { return one.number == number; });
+    const std::optional<HeldCopy> copy = work->copy;
+    replaced_.erase(work);
+    Q_EMIT ReplacedChanged();
+    if (copy)
+        outdated_.push_back(*copy);
+    NoteEdit();
+    WriteNow();
 }
 
 } // namespace quarnel

@@ -9,14 +9,17 @@
 
 namespace quarnel {
 
-bool WantsToRestore(QWidget* parent, const LeftCopy& copy) {
-    const QString name = copy.projectFile.empty()
-                             ? QStringLiteral("a project that was not saved yet")
-                             : ToQString(copy.projectFile);
+QString ProjectName(const std::string& projectFile) {
+    return projectFile.empty() ? QStringLiteral("a project that was not saved yet")
+                               : ToQString(projectFile);
+}
+
+RecoveryAnswer AskForLeftCopy(QWidget* parent, const LeftCopy& copy) {
     QMessageBox box(QMessageBox::Question, ApplicationTitle(),
                     QStringLiteral("Quarnel ended before it could be closed. There is a copy of "
                                    "%1, written %2.")
-                        .arg(name, QLocale().toString(copy.written, QLocale::ShortFormat)),
+                        .arg(ProjectName(copy.projectFile),
+                             QLocale().toString(copy.written, QLocale::ShortFormat)),
                     QMessageBox::NoButton, parent);
     box.setObjectName(QStringLiteral("RecoveryOffer"));
     box.setTextFormat(Qt::PlainText);
@@ -28,7 +31,9 @@ bool WantsToRestore(QWidget* parent, const LeftCopy& copy) {
     // Who leaves the box keeps the data.
     box.setEscapeButton(restore);
     box.exec();
-    return box.clickedButton() != discard;
+    if (box.clickedButton() == nullptr)
+        return RecoveryAnswer::None;
+    return box.clickedButton() == discard ? RecoveryAnswer::Discard : RecoveryAnswer::Restore;
 }
 
 } // namespace quarnel

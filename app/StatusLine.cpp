@@ -8,6 +8,14 @@
 
 namespace quarnel {
 
+namespace {
+
+QString ImportCaption() {
+    return QStringLiteral("I&mport Readings...");
+}
+
+} // namespace
+
 StatusLine::StatusLine(QWidget* parent)
     : QWidget(parent) {
     time_ = new QLabel;
@@ -17,11 +25,9 @@ StatusLine::StatusLine(QWidget* parent)
     text_->setObjectName(QStringLiteral("StatusText"));
     text_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     text_->setTextFormat(Qt::PlainText);
-    offer_ = new QPushButton(QStringLiteral("I&mport Readings..."));
+    offer_ = new QPushButton(ImportCaption());
     offer_->setObjectName(QStringLiteral("StatusOffer"));
-    offer_->setToolTip(QStringLiteral("Look at what was to be pasted as at a logger's file: "
-                                      "separated by commas, semicolons or blanks"));
-    connect(offer_, &QPushButton::clicked, this, &StatusLine::ImportWanted);
+    connect(offer_, &QPushButton::clicked, this, [this] { Q_EMIT OfferTaken(offered_); });
     auto* columns = new QHBoxLayout(this);
     columns->setContentsMargins(0, 0, 0, 0);
     columns->addWidget(time_);
@@ -38,15 +44,25 @@ void StatusLine::Say(const QString& text) {
     time_->setVisible(!text.isEmpty());
     text_->setText(text);
     text_->setToolTip(text);
-    WithdrawOffer();
+    Withdraw(offered_);
 }
 
-void StatusLine::SayAndOfferImport(const QString& text) {
+void StatusLine::SayAndOffer(const QString& text, StatusOffer offer) {
     Say(text);
-    offer_->show();
+    offered_ = offer;
+    const bool imports = offer == StatusOffer::ImportReadings;
+    offer_->setText(imports ? ImportCaption() : QStringLiteral("Brin&g Back"));
+    offer_->setToolTip(
+        imports ? QStringLiteral("Look at what was to be pasted as at a logger's file: separated "
+                                 "by commas, semicolons or blanks")
+                : QStringLiteral("Go on with the former project as it was, not saved yet"));
+    offer_->setVisible(offer != StatusOffer::None);
 }
 
-void StatusLine::WithdrawOffer() {
+void StatusLine::Withdraw(StatusOffer offer) {
+    if (offered_ != offer)
+        return;
+    offered_ = StatusOffer::None;
     offer_->hide();
 }
 

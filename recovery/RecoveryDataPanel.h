@@ -43,6 +43,8 @@ public:
 Q_SIGNALS:
     /// A unit or type list changed, so headings elsewhere follow.
     void HeadingsChanged();
+    /// The user changed, added or removed readings.
+    void ReadingsEdited();
     /// The clipboard's `text` was pasted, as far as it could be, of which `rows` rows.
     void Pasted(const QString& text, std::size_t rows);
     /// "Check Data/Show Y's" has made the points anew.

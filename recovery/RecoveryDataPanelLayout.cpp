@@ -68,6 +68,7 @@ RecoveryDataPanel::RecoveryDataPanel(ProjectState& state, RecoveryData& checked,
     ConnectLists();
     connect(this, &RecoveryDataPanel::HeadingsChanged, this, &RecoveryDataPanel::Edited);
     connect(model_, &RecoveryGridModel::SettingsChanged, this, &RecoveryDataPanel::ShowSettings);
+    connect(model_, &RecoveryGridModel::RowsEdited, this, &RecoveryDataPanel::ReadingsEdited);
     connect(model_, &QAbstractItemModel::dataChanged, this, &RecoveryDataPanel::Edited);
     connect(model_, &QAbstractItemModel::rowsInserted, this, &RecoveryDataPanel::Edited);
     connect(model_, &QAbstractItemModel::rowsRemoved, this, &RecoveryDataPanel::Edited);

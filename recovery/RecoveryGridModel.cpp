@@ -64,6 +64,7 @@ void RecoveryGridModel::Exchange(RowExchange& exchange) {
     if (exchange.at < lastChanged)
         Q_EMIT dataChanged(index(static_cast<int>(exchange.at), FirstDataColumn),
                            index(static_cast<int>(lastChanged) - 1, LastDataColumn));
+    Q_EMIT RowsEdited();
 }
 
 int RecoveryGridModel::rowCount(const QModelIndex& parent) const {

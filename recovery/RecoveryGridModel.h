@@ -39,6 +39,8 @@ public:
 Q_SIGNALS:
     /// A step of the history has changed the settings of the readings along with the rows.
     void SettingsChanged();
+    /// Rows were edited; a mere showing of cells tells of no edit.
+    void RowsEdited();
 
 private:
     void Exchange(RowExchange& exchange);

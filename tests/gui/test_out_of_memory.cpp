@@ -3,6 +3,7 @@
 
 #include "tests/gui/WindowTestSupport.h"
 
+#include "app/RecoveryCopy.h"
 #include "recovery/RecoveryGridModel.h"
 #include "tests/FailingMemory.h"
 
@@ -59,6 +60,32 @@ private Q_SLOTS:
             QCOMPARE(model.rowCount(), rows);
         }
         QVERIFY(failures > 1);
+    }
+
+    /// A copy of the project is no reason to come between two keys with a box.
+    void ARecoveryCopyThatFindsNoMemoryIsToldInTheStatusBar() {
+        Program program;
+        program.State().WellTestIDTxt[WellLabel] = "a label too long to be held in place";
+        auto& copy = program.Find<RecoveryCopy>(QString()); // the only one
+        auto& status = program.Find<QLabel>(u"StatusText"_s);
+        int failures = 0;
+        bool done = false;
+        for (std::size_t failAt = 1; !done; ++failAt) {
+            copy.NoteEdit();
+            status.clear();
+            Answers noBox;
+            test::LetMemoryFailAt(failAt);
+            const bool isKept = copy.WriteNow();
+            done = test::failingMemory.count < failAt;
+            test::LetMemoryFailAt(0);
+            if (status.text().startsWith(u"No recovery copy could be written: "_s))
+                ++failures;
+            QVERIFY(isKept || failures > 0);
+            QVERIFY2(noBox.AllGiven(), noBox.Complaints());
+        }
+        QCOMPARE(failures, 1); // told once
+        QVERIFY(copy.WriteNow());
+        copy.Remove();
     }
 
     void TheTrapOpensAgainAfterABoxThatCouldNotBeShown() {

@@ -4,10 +4,12 @@
 #include "tests/gui/SourceFile.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -109,6 +111,48 @@ private Q_SLOTS:
         QCOMPARE(program_.state(), QProcess::Running);
     }
 
+    /// What was typed is offered at the next start, and a request to end is heard meanwhile.
+    void WhatWasTypedOutlivesARequestToEnd() {
+        Start({});
+        QCOMPARE(TitleOfWindow(u"^Quarnel: "_s), Title);
+        Ask({u"search"_s, u"--onlyvisible"_s, u"--name"_s, u"^Quarnel: "_s, u"windowfocus"_s,
+             u"--sync"_s, u"type"_s, u"7713"_s});
+        QString copy;
+        // The keys are on their way through the server: a request that comes first finds nothing.
+        for (int tries = 0; copy.isEmpty(); ++tries) {
+            QTest::qWait(50 << std::min(tries, 5));
+            End(program_);
+            QCOMPARE(program_.exitStatus(), QProcess::NormalExit);
+            QCOMPARE(program_.exitCode(), 0);
+            copy = Copy();
+            if (copy.isEmpty()) {
+                Start({});
+                TitleOfWindow(u"^Quarnel: "_s);
+                Ask({u"search"_s, u"--onlyvisible"_s, u"--name"_s, u"^Quarnel: "_s,
+                     u"windowfocus"_s, u"--sync"_s, u"type"_s, u"7713"_s});
+            }
+        }
+        QVERIFY2(copy.contains(u"7713"_s), qPrintable(copy));
+
+        // Ended while the question stands: nothing was answered.
+        Start({u"pratt-county-1998.qn2"_s});
+        QCOMPARE(TitleOfWindow(u"^Quarnel$"_s), u"Quarnel"_s);
+        End(program_);
+        QCOMPARE(program_.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(Copy(), copy);
+
+        Start({u"pratt-county-1998.qn2"_s});
+        QCOMPARE(TitleOfWindow(u"^Quarnel$"_s), u"Quarnel"_s);
+        Ask({u"search"_s, u"--onlyvisible"_s, u"--name"_s, u"^Quarnel$"_s, u"windowfocus"_s,
+             u"--sync"_s, u"key"_s, u"Return"_s});
+        while (!Ask({u"search"_s, u"--onlyvisible"_s, u"--name"_s, u"^Quarnel$"_s}).isEmpty() &&
+               !program_.waitForFinished(20))
+            continue;
+        QCOMPARE(TitleOfWindow(u"^Quarnel: "_s), Title);
+        End(program_);
+        QCOMPARE(Copy(), copy);
+    }
+
     void TwoProjectsAreRefused() {
         const Ended ended = Finish({u"a.qn2"_s, u"b.qn2"_s}, display_);
         QCOMPARE(ended.status, 2);
@@ -130,12 +174,23 @@ private:
         environment.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
         environment.remove(u"WAYLAND_DISPLAY"_s);
         environment.insert(u"XDG_CONFIG_HOME"_s, home_.path());
+        environment.insert(u"XDG_DATA_HOME"_s, home_.path());
         environment.insert(u"XDG_RUNTIME_DIR"_s, home_.path());
         environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
         environment.remove(u"DISPLAY"_s);
         if (!display.isEmpty())
             environment.insert(u"DISPLAY"_s, display);
         return environment;
+    }
+
+    /// The one recovery copy there is; "" without one.
+    QString Copy() const {
+        const QDir folder(home_.path() + u"/quarnel/quarnel/recovery"_s);
+        const QStringList names = folder.entryList({u"*.qn2"_s}, QDir::Files);
+        QFile file(folder.filePath(names.value(0)));
+        return names.size() == 1 && file.open(QIODevice::ReadOnly)
+                   ? QString::fromUtf8(file.readAll())
+                   : QString();
     }
 
     void Start(const QStringList& arguments) {
