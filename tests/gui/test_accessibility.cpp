@@ -305,7 +305,7 @@ private Q_SLOTS:
         ActiveProgram program;
         LeftCopy copy;
         copy.written = QDateTime::currentDateTime();
-        QCOMPARE(FaultsOfModal<QMessageBox>([&] { WantsToRestore(&program.Window(), copy); }),
+        QCOMPARE(FaultsOfModal<QMessageBox>([&] { AskForLeftCopy(&program.Window(), copy); }),
                  QString());
     }
 

@@ -614,7 +614,9 @@ private Q_SLOTS:
         QCOMPARE(program.Site(UstNo).text(), QString());
         QCOMPARE(program.Cell(1, TimeColumn), u"0.1"_s);
         QCOMPARE(program.SelectedTab(), 1);
-        QCOMPARE(program.Status(), u"Opened "_s + Example(u"pratt-county-1998.qn2"_s));
+        QCOMPARE(program.Status(),
+                 u"Opened "_s + Example(u"pratt-county-1998.qn2"_s) +
+                     u". What was not saved is kept, of a project that was not saved yet"_s);
     }
 
     void AccentsAndOtherScriptsAreShownAsTheyWereSaved() {
