@@ -1,22 +1,15 @@
 #include "app/StatusLine.h"
 
+#include "widgets/SaidLine.h"
+
 #include <QHBoxLayout>
-#include <QLabel>
-#include <QLocale>
 #include <QPushButton>
-#include <QTime>
 
 namespace quarnel {
 
 StatusLine::StatusLine(QWidget* parent)
     : QWidget(parent) {
-    time_ = new QLabel;
-    time_->setObjectName(QStringLiteral("StatusTime"));
-    time_->setToolTip(QStringLiteral("When this was done"));
-    text_ = new QLabel;
-    text_->setObjectName(QStringLiteral("StatusText"));
-    text_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    text_->setTextFormat(Qt::PlainText);
+    said_ = new SaidLine(QStringLiteral("Status"));
     offer_ = new QPushButton(QStringLiteral("I&mport Readings..."));
     offer_->setObjectName(QStringLiteral("StatusOffer"));
     offer_->setToolTip(QStringLiteral("Look at what was to be pasted as at a logger's file: "
@@ -24,20 +17,15 @@ StatusLine::StatusLine(QWidget* parent)
     connect(offer_, &QPushButton::clicked, this, &StatusLine::ImportWanted);
     auto* columns = new QHBoxLayout(this);
     columns->setContentsMargins(0, 0, 0, 0);
-    columns->addWidget(time_);
-    columns->addWidget(text_, 1);
+    columns->addWidget(said_, 1);
     columns->addWidget(offer_);
     // Nothing above moves when the offer comes.
     setMinimumHeight(offer_->sizeHint().height());
-    Say(QString());
+    WithdrawOffer();
 }
 
 void StatusLine::Say(const QString& text) {
-    time_->setText(text.isEmpty() ? QString()
-                                  : QLocale().toString(QTime::currentTime(), QLocale::ShortFormat));
-    time_->setVisible(!text.isEmpty());
-    text_->setText(text);
-    text_->setToolTip(text);
+    said_->Say(text);
     WithdrawOffer();
 }
 

@@ -3,10 +3,11 @@
 #include <QString>
 #include <QWidget>
 
-class QLabel;
 class QPushButton;
 
 namespace quarnel {
+
+class SaidLine;
 
 /// The line at the bottom of the main window: what was done last and at what time, and with some of
 /// it the offer to import the readings that a paste could not take.
@@ -26,8 +27,7 @@ Q_SIGNALS:
     void ImportWanted();
 
 private:
-    QLabel* time_ = nullptr;
-    QLabel* text_ = nullptr;
+    SaidLine* said_ = nullptr;
     QPushButton* offer_ = nullptr;
 };
 

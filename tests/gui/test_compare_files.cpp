@@ -36,7 +36,8 @@ private Q_SLOTS:
     void CopiesChosenRowsWithHeadings();
     void CopiesTheTableWithoutFormulas();
     void SavesTheTableAsCsvAndPdf();
-    void TheChosenKindCountsWhereTheNameHasNoEnding();
+    void ANameWithoutAnEndingGetsThatOfTheChosenKind();
+    void SaysItselfWhatWasSaved();
     void NeverSavesOverAProject();
     void WritesARecordForEachChosenRow();
     void AsksBeforeItReplacesRecords();
@@ -101,12 +102,12 @@ void TestCompareFiles::SavesTheTableAsCsvAndPdf() {
         QVERIFY2(shown.contains(part), qPrintable(part));
 }
 
-void TestCompareFiles::TheChosenKindCountsWhereTheNameHasNoEnding() {
+void TestCompareFiles::ANameWithoutAnEndingGetsThatOfTheChosenKind() {
     CompareProgram program;
     program.ShowFour();
     for (const bool isPdf : {false, true}) {
         Answers answers;
-        const QString name = isPdf ? u"as-pdf"_s : u"as-csv"_s;
+        const QString name = isPdf ? u"MW-3.1"_s : u"table"_s;
         answers.Dialog<QFileDialog>([&](QFileDialog& dialog) {
             if (isPdf)
                 dialog.selectNameFilter(u"PDF (*.pdf)(*.pdf)"_s);
@@ -116,21 +117,60 @@ void TestCompareFiles::TheChosenKindCountsWhereTheNameHasNoEnding() {
         });
         program.Click(u"CompareSave"_s);
         QVERIFY2(answers.AllGiven(), answers.Complaints());
-        QVERIFY(BytesOf(program.Path(name)).startsWith(isPdf ? "%PDF-" : "number,"));
+        QVERIFY(!QFile::exists(program.Path(name)));
+        const QByteArray saved = BytesOf(program.Path(name + (isPdf ? u".pdf"_s : u".csv"_s)));
+        QVERIFY(saved.startsWith(isPdf ? "%PDF-" : "number,"));
     }
+    // What stands there under the whole name is asked for.
+    Answers answers;
+    answers.FileName(program.Path(u"table"_s))
+        .BoxAbout(u"table.csv"_s, QMessageBox::No)
+        .CancelFileName();
+    program.Click(u"CompareSave"_s);
+    QVERIFY2(answers.AllGiven(), answers.Complaints());
+}
+
+void TestCompareFiles::SaysItselfWhatWasSaved() {
+    CompareProgram program;
+    program.ShowFour();
+    auto& text = program.Find<QLabel>(u"CompareStatusText"_s);
+    QVERIFY(program.Frm().isAncestorOf(&text));
+    QCOMPARE(text.text(), QString());
+    const int height = text.parentWidget()->height();
+    Answers answers;
+    answers.FileName(program.Path(u"table.csv"_s));
+    program.Click(u"CompareSave"_s);
+    QCOMPARE(text.text(), u"Saved table as "_s + program.Path(u"table.csv"_s));
+    QVERIFY(!program.Find<QLabel>(u"CompareStatusTime"_s).text().isEmpty());
+    QCOMPARE(text.parentWidget()->height(), height);
+    // The main window, which may be all that is left on the screen, says it too.
+    QCOMPARE(program.Find<QLabel>(u"StatusText"_s).text(), text.text());
+    QVERIFY(QDir(program.Path(QString())).mkpath(u"full/test 1-record.txt"_s));
+    program.ClickRow(0);
+    AnswerRecordDialog(answers, program.Path(u"full"_s), TextFilter);
+    answers.BoxAbout(u"Replace 1 file?"_s, QMessageBox::Yes)
+        .Box(u"Quarnel"_s, u"75 Path/File access error"_s);
+    program.Click(u"CompareRecord"_s);
+    QCOMPARE(text.text(), u"Not saved: "_s + program.Path(u"full/test 1-record.txt"_s));
+    answers.FileName(program.Path(u"plot.svg"_s));
+    Find<QAction>(program.Find(u"ComparePlot"_s), u"SavePicture"_s).trigger();
+    QCOMPARE(text.text(), u"Saved plot as "_s + program.Path(u"plot.svg"_s));
+    QVERIFY2(answers.AllGiven(), answers.Complaints());
 }
 
 void TestCompareFiles::NeverSavesOverAProject() {
     CompareProgram program;
     program.ShowFour();
-    const QByteArray before = BytesOf(program.Path(u"test 2.qn2"_s));
+    program.Write(u"own.csv"_s, Falling("MW-3", 0.03));
+    program.DropAndRead({u"own.csv"_s});
+    const QByteArray before = BytesOf(program.Path(u"own.csv"_s));
     Answers answers;
-    answers.FileName(program.Path(u"test 2.qn2"_s))
+    answers.FileName(program.Path(u"own.csv"_s))
         .BoxAbout(u"already exists"_s, QMessageBox::Yes)
         .Box(u"Quarnel"_s, u"The table needs a file of its own."_s);
     program.Click(u"CompareSave"_s);
     QVERIFY2(answers.AllGiven(), answers.Complaints());
-    QCOMPARE(BytesOf(program.Path(u"test 2.qn2"_s)), before);
+    QCOMPARE(BytesOf(program.Path(u"own.csv"_s)), before);
 }
 
 void TestCompareFiles::WritesARecordForEachChosenRow() {

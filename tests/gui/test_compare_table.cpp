@@ -18,10 +18,13 @@ private Q_SLOTS:
     void UnitsAreThoseOfTheListsOrTheFirstRow();
     void GroupsFollowTheirList();
     void StatisticsAreThoseOfAllGroupsOrTheChosenRows();
+    void StatisticsAreThoseOfAllChosenWells();
+    void TheCaptionOfThePlotNamesAllChosenWells();
     void StatisticsCanBeSelected();
     void PlotShowsTheGroupOfTheChosenRowOrTheChosenRows();
     void PlotDividesByTheTimeLag();
     void MovesAndRemovesRows();
+    void RemoveChoosesTheNeighbourThatIsSeen();
     void ModelKeepsItsPromises();
 };
 
@@ -129,9 +132,58 @@ void TestCompareTable::StatisticsAreThoseOfAllGroupsOrTheChosenRows() {
     program.ClickRow(3);
     QVERIFY(program.Statistics().startsWith(u"MW-2: 1 of 1"_s));
     QVERIFY(!program.Statistics().contains(u"MW-1"_s));
-    QVERIFY(program.Statistics().endsWith(SkinLine));
+    // One test alone agrees with nothing.
+    QVERIFY(!program.Statistics().contains(SkinLine));
     program.ClickRow(3, Qt::ControlModifier);
     QCOMPARE(program.Statistics(), all);
+}
+
+void TestCompareTable::StatisticsAreThoseOfAllChosenWells() {
+    CompareProgram program;
+    program.ShowFour();
+    program.Write(u"test 11.qn2"_s, Falling("MW-3", 0.03));
+    program.DropAndRead({u"test 11.qn2"_s});
+    program.ClickRow(3);
+    program.ClickRow(1, Qt::ControlModifier);
+    program.ClickRow(0, Qt::ControlModifier);
+    QVERIFY2(program.Statistics().startsWith(u"MW-1: 3 of 3 tests counted; "_s),
+             qPrintable(program.Statistics()));
+    QVERIFY(program.Statistics().contains(u"\n\nMW-2: 1 of 1 tests counted; "_s));
+    QVERIFY(program.Statistics().endsWith(u"\n\n"_s + SkinLine));
+    QCOMPARE(program.Statistics().count(u"tests counted"_s), 2);
+}
+
+void TestCompareTable::TheCaptionOfThePlotNamesAllChosenWells() {
+    CompareProgram program;
+    auto caption = [&program] {
+        return program.Find<QLabel>(u"ComparePlotCaption"_s).text().replace(u"&z"_s, u"z"_s);
+    };
+    program.Show();
+    QCOMPARE(caption(), u"Normalized plot:"_s);
+    program.ShowFour();
+    program.Write(u"test 11.qn2"_s, Falling("Pump & Co", 0.03));
+    program.Write(u"test 12.qn2"_s, Falling("MW-4", 0.03));
+    WriteBytes(program.Path(u"test 13.qn2"_s), "no project");
+    program.DropAndRead({u"test 11.qn2"_s, u"test 12.qn2"_s, u"test 13.qn2"_s});
+    QCOMPARE(caption(), u"Normalized plot of MW-1:"_s);
+    program.ClickRow(3);
+    QCOMPARE(caption(), u"Normalized plot of MW-2:"_s);
+    program.ClickRow(0, Qt::ControlModifier);
+    program.ClickRow(1, Qt::ControlModifier);
+    program.ClickRow(4, Qt::ControlModifier);
+    QCOMPARE(caption(), u"Normalized plot of MW-1, MW-2, Pump && Co:"_s);
+    program.ClickRow(5, Qt::ControlModifier);
+    QCOMPARE(caption(), u"Normalized plot of 4 groups:"_s);
+    program.ClickRow(6);
+    QCOMPARE(caption(), u"Normalized plot:"_s);
+    // No name is too long for the window.
+    program.Write(u"test 14.qn2"_s, Falling(std::string(500, 'W'), 0.03));
+    const int width = program.Frm().width();
+    program.DropAndRead({u"test 14.qn2"_s});
+    program.ClickRow(7);
+    QCOMPARE(program.Frm().width(), width);
+    QVERIFY(program.Find(u"ComparePlot"_s).width() < width);
+    QVERIFY(program.Find<QLabel>(u"ComparePlotCaption"_s).toolTip().contains(u"WWWW"_s));
 }
 
 void TestCompareTable::StatisticsCanBeSelected() {
@@ -185,6 +237,12 @@ void TestCompareTable::MovesAndRemovesRows() {
             numbers << file.mid(5, file.size() - 9);
         return numbers.join(u' ');
     };
+    const auto chosen = [&program] {
+        QList<int> rows;
+        for (const QModelIndex& index : program.Grid().selectionModel()->selectedRows())
+            rows << index.row();
+        return rows;
+    };
     program.ClickRow(1);
     program.Click(u"CompareUp"_s);
     QCOMPARE(files(), u"2 1 3 10"_s);
@@ -201,9 +259,31 @@ void TestCompareTable::MovesAndRemovesRows() {
     QCOMPARE(files(), u"3 10 2 1"_s);
     program.Click(u"CompareRemove"_s);
     QCOMPARE(files(), u"3 10"_s);
-    QVERIFY(!program.Button(u"CompareRemove"_s).isEnabled());
+    // The keyboard goes on with the neighbour, which is chosen.
+    QCOMPARE(chosen(), QList<int>{1});
     QCOMPARE(program.Grid().currentIndex().row(), 1);
+    program.Click(u"CompareUp"_s);
+    program.Click(u"CompareRemove"_s);
+    QCOMPARE(files(), u"3"_s);
+    QCOMPARE(chosen(), QList<int>{0});
+    program.Click(u"CompareRemove"_s);
+    QCOMPARE(files(), QString());
+    QVERIFY(!program.Button(u"CompareRemove"_s).isEnabled());
     QVERIFY(QFile::exists(program.Path(u"test 1.qn2"_s)));
+}
+
+void TestCompareTable::RemoveChoosesTheNeighbourThatIsSeen() {
+    CompareProgram program;
+    program.ShowFour();
+    program.ClickHeading(CompareNumber); // now the last stands first
+    QCOMPARE(program.Column(CompareNumber), QStringList({u"4"_s, u"3"_s, u"2"_s, u"1"_s}));
+    program.ClickRow(0);
+    program.ClickRow(2, Qt::ControlModifier);
+    program.Click(u"CompareRemove"_s);
+    QCOMPARE(program.Column(CompareFile), QStringList({u"test 3.qn2"_s, u"test 1.qn2"_s}));
+    const QModelIndexList chosen = program.Grid().selectionModel()->selectedRows();
+    QCOMPARE(chosen.size(), 1);
+    QCOMPARE(chosen.constFirst().row(), 1);
 }
 
 void TestCompareTable::ModelKeepsItsPromises() {
