@@ -37,6 +37,7 @@ const QList<FileKind>& PictureKinds() {
 Inks ScreenInks(const QPalette& palette) {
     const QColor base = palette.color(QPalette::Base);
     Inks inks;
+    inks.ground = base;
     inks.ink = palette.color(QPalette::Text);
     inks.grid = Between(base, inks.ink, 0.2);
     inks.grey = WithContrast(Between(base, inks.ink, 0.5), base, inks.ink, SignContrast);
