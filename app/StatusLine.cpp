@@ -1,10 +1,9 @@
 #include "app/StatusLine.h"
 
+#include "widgets/SaidLine.h"
+
 #include <QHBoxLayout>
-#include <QLabel>
-#include <QLocale>
 #include <QPushButton>
-#include <QTime>
 
 namespace quarnel {
 
@@ -18,32 +17,21 @@ QString ImportCaption() {
 
 StatusLine::StatusLine(QWidget* parent)
     : QWidget(parent) {
-    time_ = new QLabel;
-    time_->setObjectName(QStringLiteral("StatusTime"));
-    time_->setToolTip(QStringLiteral("When this was done"));
-    text_ = new QLabel;
-    text_->setObjectName(QStringLiteral("StatusText"));
-    text_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    text_->setTextFormat(Qt::PlainText);
+    said_ = new SaidLine(QStringLiteral("Status"));
     offer_ = new QPushButton(ImportCaption());
     offer_->setObjectName(QStringLiteral("StatusOffer"));
     connect(offer_, &QPushButton::clicked, this, [this] { Q_EMIT OfferTaken(offered_); });
     auto* columns = new QHBoxLayout(this);
     columns->setContentsMargins(0, 0, 0, 0);
-    columns->addWidget(time_);
-    columns->addWidget(text_, 1);
+    columns->addWidget(said_, 1);
     columns->addWidget(offer_);
     // Nothing above moves when the offer comes.
     setMinimumHeight(offer_->sizeHint().height());
-    Say(QString());
+    offer_->hide();
 }
 
 void StatusLine::Say(const QString& text) {
-    time_->setText(text.isEmpty() ? QString()
-                                  : QLocale().toString(QTime::currentTime(), QLocale::ShortFormat));
-    time_->setVisible(!text.isEmpty());
-    text_->setText(text);
-    text_->setToolTip(text);
+    said_->Say(text);
     Withdraw(offered_);
 }
 

@@ -3,10 +3,11 @@
 #include <QString>
 #include <QWidget>
 
-class QLabel;
 class QPushButton;
 
 namespace quarnel {
+
+class SaidLine;
 
 /// What the status line may offer with its text: to import the readings that a paste could not
 /// take, or to bring back the unsaved work that another project has replaced.
@@ -30,8 +31,7 @@ Q_SIGNALS:
     void OfferTaken(StatusOffer offer);
 
 private:
-    QLabel* time_ = nullptr;
-    QLabel* text_ = nullptr;
+    SaidLine* said_ = nullptr;
     QPushButton* offer_ = nullptr;
     StatusOffer offered_ = StatusOffer::None;
 };

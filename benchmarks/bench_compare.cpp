@@ -101,9 +101,10 @@ void OpenAndParse(benchmark::State& state) {
 std::vector<quarnel::CompareRow> Rows(std::size_t jobs, const quarnel::CompareKeep& keep) {
     std::vector<quarnel::CompareRow> rows;
     rows.reserve(Projects);
+    quarnel::PathResolver paths;
     quarnel::ReadCompareRows(
         Files(), jobs,
-        [&keep](const std::string& file) { return quarnel::ReadCompareRow(file, ".", keep); },
+        [&](const std::string& file) { return quarnel::ReadCompareRow(file, ".", keep, paths); },
         [&rows](std::size_t, quarnel::CompareRow row) { rows.push_back(std::move(row)); });
     return rows;
 }

@@ -95,11 +95,12 @@ bool ReadProjects(const CompareRequest& request, std::vector<CompareRow>& rows) 
     if (request.recordFolder)
         records.emplace(*request.recordFolder, files);
     rows.reserve(files.size());
+    PathResolver paths;
     const CompareReader read = [&](const std::string& file) {
         const AnalysisRun run = RunAnalysis(file, separator);
         if (records)
             records->Write(run);
-        return MakeCompareRow(run, CompareKeep());
+        return MakeCompareRow(run, CompareKeep(), paths);
     };
     ReadCompareRows(files, request.jobs, read,
                     [&rows](std::size_t, CompareRow row) { rows.push_back(std::move(row)); });

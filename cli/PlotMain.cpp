@@ -109,10 +109,11 @@ int PlotNormalized(const std::vector<std::string>& files, const std::string& out
     const std::string separator = SystemDecimalSeparator();
     CompareKeep keep;
     keep.points = true;
+    PathResolver paths;
     std::vector<CompareRow> rows;
     ReadCompareRows(
         files, DefaultJobs(),
-        [&](const std::string& file) { return ReadCompareRow(file, separator, keep); },
+        [&](const std::string& file) { return ReadCompareRow(file, separator, keep, paths); },
         [&rows](std::size_t, CompareRow row) { rows.push_back(std::move(row)); });
     const Comparison comparison = CompareRows(rows, CompareSettings());
     const bool isWell = SayFaults(rows, comparison);

@@ -4,6 +4,7 @@
 #include "kcompute/NumberToText.h"
 #include "project/FixedLists.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace quarnel {
@@ -91,8 +92,12 @@ void AddGroup(const Comparison& comparison, std::size_t index, std::vector<Compa
             {RepeatText(remark.id, *group.repeats, comparison.unit.length), index, remark.level});
 }
 
-void AddSkinNote(std::vector<CompareLine>& lines) {
-    lines.push_back({std::string(SkinNote), std::nullopt, std::nullopt});
+/// Tests that stand alone agree with nothing: there the note would say what nobody took from them.
+void AddSkinNote(const Comparison& comparison, std::vector<CompareLine>& lines) {
+    if (std::ranges::any_of(lines, [&comparison](const CompareLine& line) {
+            return line.group && comparison.groups[*line.group].repeats;
+        }))
+        lines.push_back({std::string(SkinNote), std::nullopt, std::nullopt});
 }
 
 std::string HeadDependenceText(const RepeatTests& repeats) {
@@ -203,14 +208,16 @@ std::vector<CompareLine> CompareLines(const Comparison& comparison) {
         lines.push_back({StatisticsText(std::string(AllTests), comparison.countedCount,
                                         comparison.testCount, comparison.all, comparison.unit),
                          std::nullopt, std::nullopt});
-    AddSkinNote(lines);
+    AddSkinNote(comparison, lines);
     return lines;
 }
 
-std::vector<CompareLine> CompareLines(const Comparison& comparison, std::size_t group) {
+std::vector<CompareLine> CompareLines(const Comparison& comparison,
+                                      std::span<const std::size_t> groups) {
     std::vector<CompareLine> lines;
-    AddGroup(comparison, group, lines);
-    AddSkinNote(lines);
+    for (const std::size_t group : groups)
+        AddGroup(comparison, group, lines);
+    AddSkinNote(comparison, lines);
     return lines;
 }
 

@@ -31,7 +31,7 @@ enum CompareColumn : std::size_t {
 /// Whether a column holds numbers, which stand to the right and sort by value.
 bool IsNumberColumn(std::size_t column);
 
-/// Stands below the lines whatever they say.
+/// Stands below what is said of repeated tests, whatever that is.
 inline constexpr std::string_view SkinNote =
     "Agreement does not rule out a skin around the screen.";
 inline constexpr std::string_view NoTestCountedText = "No test is counted.";
@@ -59,10 +59,11 @@ std::optional<double> CompareSortValue(const CompareRow& row, const Comparison& 
                                        std::size_t index, std::size_t column);
 
 /// The statistics and the remarks on repeated tests of every group in turn, of all rows together
-/// where there are 2 or more groups, and the note that always stands below.
+/// where there are 2 or more groups, and below them the note, where a well has repeated tests.
 std::vector<CompareLine> CompareLines(const Comparison& comparison);
-/// The same of one group alone.
-std::vector<CompareLine> CompareLines(const Comparison& comparison, std::size_t group);
+/// The same of some groups, without what is said of all rows together.
+std::vector<CompareLine> CompareLines(const Comparison& comparison,
+                                      std::span<const std::size_t> groups);
 
 /// The sentence of a remark; `unit` names the length unit of heads.
 std::string RepeatText(RepeatId id, const RepeatTests& repeats, int lengthUnit);

@@ -29,6 +29,7 @@ namespace quarnel {
 
 class CompareGrid;
 class DrawingWidget;
+class SaidLine;
 
 /// The window "Compare Projects": projects on disk side by side. It changes none of them; the
 /// project that is being edited is only in it as its saved file.
@@ -48,7 +49,7 @@ public:
 Q_SIGNALS:
     /// The user wants to work on the project at `path` (the name's own bytes).
     void OpenRequested(const std::string& path);
-    /// A file could not be written; `said` names it.
+    /// A file was written or could not be; `said` names it. The window itself says it too.
     void Told(const QString& said);
 
 protected:
@@ -75,8 +76,7 @@ private:
     QCheckBox* BuildTimeLag();
     QLayout* BuildOutput();
     QWidget* BuildProgress();
-    QPushButton* AddButton(QLayout* row, const QString& name, const QString& text,
-                           const QString& toolTip, void (CompareProjectsFrm::*command)());
+    QWidget* BuildSaid();
     QComboBox* AddList(QBoxLayout* row, const QString& caption, QComboBox* list);
 
     // Reading.
@@ -94,6 +94,7 @@ private:
     std::vector<std::size_t> ChosenPlaces() const; ///< ascending
     std::vector<std::size_t> ChosenIds() const;
     std::size_t CurrentId() const;
+    std::size_t NeighbourOfChosen() const;
     void ChangeRows(const CompareTableModel::RowChange& change,
                     const std::vector<std::size_t>& chosenIds, std::size_t currentId);
     void RemoveChosen();
@@ -107,10 +108,11 @@ private:
     // What is shown.
     void ShowComparison();
     void ShowChoice();
-    void ShowStatistics(std::optional<std::size_t> group);
-    void ShowPlot(std::optional<std::size_t> group);
-    std::optional<std::size_t> ChosenGroup() const;
-    std::vector<std::size_t> PlottedTests(std::optional<std::size_t> group) const;
+    void ShowStatistics(const std::vector<std::size_t>& groups);
+    void ShowPlot(const std::vector<std::size_t>& groups);
+    QString PlotCaption(const std::vector<std::size_t>& groups) const;
+    std::vector<std::size_t> ChosenGroups() const; ///< in the order of their first chosen rows
+    std::vector<std::size_t> PlottedTests(const std::vector<std::size_t>& groups) const;
     void ShowOpenProject();
 
     // What goes out.
@@ -123,6 +125,7 @@ private:
     bool SaveTo(const QString& what, const QString& path,
                 const std::function<FileFailure(const std::string&)>& save);
     OutputOwner Owner();
+    void Tell(const QString& said);
     void WriteRecords();
     bool ReadForRecord(const std::string& project, AnalysisRun& run);
     void WriteTextRecords(const QString& folder, const std::vector<std::string>& projects);
@@ -151,6 +154,7 @@ private:
     std::vector<QPushButton*> tableButtons_;  ///< that need a row
     QWidget* progress_ = nullptr;
     QProgressBar* bar_ = nullptr;
+    SaidLine* said_ = nullptr;
     QTimer* openProjectLook_ = nullptr;
     QTimer* takeRows_ = nullptr; ///< runs while there are rows to take
 };

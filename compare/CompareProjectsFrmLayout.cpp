@@ -5,7 +5,9 @@
 #include "output/DrawingWidget.h"
 #include "project/FixedLists.h"
 #include "widgets/ChoiceList.h"
+#include "widgets/CommandButton.h"
 #include "widgets/QtTexts.h"
+#include "widgets/SaidLine.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -15,7 +17,6 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QSplitter>
@@ -33,8 +34,9 @@ constexpr int FirstCharacters = 110;
 constexpr int FirstLines = 32;
 /// Least sizes in lines of text and characters.
 constexpr int LeastGridLines = 6;
-/// The texts of a picture have sizes of their own, whatever the font is.
-constexpr QSize LeastPlotSize(300, 200);
+/// The texts of a picture have sizes of their own, whatever the font is. Beside the statistics it
+/// fits a screen of 512 points.
+constexpr QSize LeastPlotSize(270, 200);
 constexpr int LeastStatisticsCharacters = 24;
 /// How often the window looks whether the open project has changed, in ms.
 constexpr int OpenProjectInterval = 500;
@@ -70,6 +72,7 @@ CompareProjectsFrm::CompareProjectsFrm(const Analysis& analysis,
     rows->addWidget(scroll, 1);
     rows->addWidget(BuildProgress());
     rows->addLayout(BuildOutput());
+    rows->addWidget(BuildSaid());
     takeRows_ = new QTimer(this);
     takeRows_->setSingleShot(true);
     takeRows_->setInterval(TakeRowsInterval);
@@ -113,38 +116,27 @@ QWidget* CompareProjectsFrm::BuildContent() {
     return content;
 }
 
-QPushButton* CompareProjectsFrm::AddButton(QLayout* row, const QString& name, const QString& text,
-                                           const QString& toolTip,
-                                           void (CompareProjectsFrm::*command)()) {
-    auto* button = new QPushButton(text);
-    button->setObjectName(name);
-    button->setToolTip(toolTip);
-    // Enter belongs to the table.
-    button->setAutoDefault(false);
-    connect(button, &QPushButton::clicked, this, command);
-    row->addWidget(button);
-    return button;
-}
-
 QLayout* CompareProjectsFrm::BuildCommands() {
     auto* row = new QHBoxLayout;
-    AddButton(row, QStringLiteral("CompareAdd"), QStringLiteral("&Add Projects..."),
-              QStringLiteral("Add projects, as many as you like at once; files and folders can be "
-                             "dropped on this window too"),
-              &CompareProjectsFrm::ChooseProjects);
+    AddCommandButton(
+        row, this, QStringLiteral("CompareAdd"), QStringLiteral("&Add Projects..."),
+        QStringLiteral("Add projects, as many as you like at once; files and folders can be "
+                       "dropped on this window too"),
+        &CompareProjectsFrm::ChooseProjects);
     choiceButtons_ = {
-        AddButton(row, QStringLiteral("CompareRemove"), QStringLiteral("&Remove"),
-                  QStringLiteral("Take the chosen rows off the table; no file changes"),
-                  &CompareProjectsFrm::RemoveChosen),
-        AddButton(row, QStringLiteral("CompareUp"), QStringLiteral("Move &Up"),
-                  QStringLiteral("Move the chosen rows up in the order of testing"),
-                  &CompareProjectsFrm::MoveChosenUp),
-        AddButton(row, QStringLiteral("CompareDown"), QStringLiteral("Move &Down"),
-                  QStringLiteral("Move the chosen rows down in the order of testing"),
-                  &CompareProjectsFrm::MoveChosenDown)};
-    tableButtons_ = {AddButton(row, QStringLiteral("CompareReload"), QStringLiteral("Read A&gain"),
-                               QStringLiteral("Read all files again as they are on disk now"),
-                               &CompareProjectsFrm::ReadAgain)};
+        AddCommandButton(row, this, QStringLiteral("CompareRemove"), QStringLiteral("&Remove"),
+                         QStringLiteral("Take the chosen rows off the table; no file changes"),
+                         &CompareProjectsFrm::RemoveChosen),
+        AddCommandButton(row, this, QStringLiteral("CompareUp"), QStringLiteral("Move &Up"),
+                         QStringLiteral("Move the chosen rows up in the order of testing"),
+                         &CompareProjectsFrm::MoveChosenUp),
+        AddCommandButton(row, this, QStringLiteral("CompareDown"), QStringLiteral("Move &Down"),
+                         QStringLiteral("Move the chosen rows down in the order of testing"),
+                         &CompareProjectsFrm::MoveChosenDown)};
+    tableButtons_ = {
+        AddCommandButton(row, this, QStringLiteral("CompareReload"), QStringLiteral("Read A&gain"),
+                         QStringLiteral("Read all files again as they are on disk now"),
+                         &CompareProjectsFrm::ReadAgain)};
     row->addStretch(1);
     return row;
 }
@@ -225,8 +217,11 @@ QWidget* CompareProjectsFrm::BuildPlot() {
         "Y/H0 (logarithmic) against time: used points are filled. Of a long test every point that "
         "differs on paper is drawn. Right click to copy the picture or to save it."));
     plot_->setMinimumSize(LeastPlotSize);
-    connect(plot_, &DrawingWidget::Told, this, &CompareProjectsFrm::Told);
+    connect(plot_, &DrawingWidget::Told, this, &CompareProjectsFrm::Tell);
     plotCaption_ = new QLabel;
+    plotCaption_->setObjectName(QStringLiteral("ComparePlotCaption"));
+    // The names of wells have no length that a window could be sure of.
+    plotCaption_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     plotCaption_->setBuddy(plot_);
     auto* side = new QWidget;
     auto* rows = new QVBoxLayout(side);
@@ -258,30 +253,37 @@ QWidget* CompareProjectsFrm::BuildProgress() {
     auto* row = new QHBoxLayout(progress_);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(bar_, 1);
-    AddButton(row, QStringLiteral("CompareCancel"), QStringLiteral("Ca&ncel"),
-              QStringLiteral("Stop reading; the rows that have come stay"),
-              &CompareProjectsFrm::CancelReading);
+    AddCommandButton(row, this, QStringLiteral("CompareCancel"), QStringLiteral("Ca&ncel"),
+                     QStringLiteral("Stop reading; the rows that have come stay"),
+                     &CompareProjectsFrm::CancelReading);
     return progress_;
 }
 
 QLayout* CompareProjectsFrm::BuildOutput() {
     auto* row = new QHBoxLayout;
     tableButtons_.push_back(
-        AddButton(row, QStringLiteral("CompareCopy"), QStringLiteral("&Copy Table"),
-                  QStringLiteral("Copy all rows as text, as spreadsheets take it"),
-                  &CompareProjectsFrm::CopyTable));
+        AddCommandButton(row, this, QStringLiteral("CompareCopy"), QStringLiteral("&Copy Table"),
+                         QStringLiteral("Copy all rows as text, as spreadsheets take it"),
+                         &CompareProjectsFrm::CopyTable));
     tableButtons_.push_back(
-        AddButton(row, QStringLiteral("CompareSave"), QStringLiteral("&Save As..."),
-                  QStringLiteral("Save the table as CSV, or table, lines and plots as PDF"),
-                  &CompareProjectsFrm::SaveTable));
-    choiceButtons_.push_back(
-        AddButton(row, QStringLiteral("CompareRecord"), QStringLiteral("Record of the &Test..."),
-                  QStringLiteral("Write what defends a K later, for each chosen row"),
-                  &CompareProjectsFrm::WriteRecords));
+        AddCommandButton(row, this, QStringLiteral("CompareSave"), QStringLiteral("&Save As..."),
+                         QStringLiteral("Save the table as CSV, or table, lines and plots as PDF"),
+                         &CompareProjectsFrm::SaveTable));
+    choiceButtons_.push_back(AddCommandButton(
+        row, this, QStringLiteral("CompareRecord"), QStringLiteral("Record of the &Test..."),
+        QStringLiteral("Write what defends a K later, for each chosen row"),
+        &CompareProjectsFrm::WriteRecords));
     row->addStretch(1);
-    AddButton(row, QStringLiteral("CompareClose"), QStringLiteral("Cl&ose"), QString(),
-              &QDialog::reject);
+    AddCommandButton(row, this, QStringLiteral("CompareClose"), QStringLiteral("Cl&ose"), QString(),
+                     &QDialog::reject);
     return row;
+}
+
+/// Its room stays when it says nothing, so that nothing moves when it speaks.
+QWidget* CompareProjectsFrm::BuildSaid() {
+    said_ = new SaidLine(QStringLiteral("CompareStatus"));
+    said_->setMinimumHeight(fontMetrics().lineSpacing());
+    return said_;
 }
 
 } // namespace quarnel

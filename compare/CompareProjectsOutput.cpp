@@ -13,6 +13,7 @@
 #include "system/ReplaceFile.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
+#include "widgets/SaidLine.h"
 
 #include <QCheckBox>
 #include <QClipboard>
@@ -32,10 +33,16 @@ namespace {
 
 const QString Title = QStringLiteral("Compare Projects");
 const QString PdfFilter = QStringLiteral("PDF (*.pdf)");
+const QString PdfEnding = QStringLiteral(".pdf");
 /// Names that a question lists before it counts the others.
 constexpr qsizetype MostNames = 20;
 /// The PDF of the records of several tests.
 const QString RecordsPdfName = QStringLiteral("slug-test-records.pdf");
+
+QList<FileKind> TableKinds() {
+    return {{QStringLiteral("CSV (*.csv)(*.csv)"), QStringLiteral(".csv")},
+            {QStringLiteral("PDF (*.pdf)(*.pdf)"), PdfEnding}};
+}
 
 FileFailure SaveText(const std::string& path, const std::string& text) {
     return SaveFileBytes(path, text);
@@ -86,7 +93,12 @@ public:
 } // namespace
 
 OutputOwner CompareProjectsFrm::Owner() {
-    return {this, analysis_.file, [this](const QString& said) { Q_EMIT Told(said); }};
+    return {this, analysis_.file, [this](const QString& said) { Tell(said); }};
+}
+
+void CompareProjectsFrm::Tell(const QString& said) {
+    said_->Say(said);
+    Q_EMIT Told(said);
 }
 
 // ---- Copies -------------------------------------------------------------------------------------
@@ -139,18 +151,11 @@ bool CompareProjectsFrm::SaveTo(const QString& what, const QString& path,
 }
 
 void CompareProjectsFrm::SaveTable() {
-    QString kind;
-    const QString path = ChooseNameToSave(
-        this, QStringLiteral("Save As"),
-        {QStringLiteral("CSV (*.csv)(*.csv)"), QStringLiteral("PDF (*.pdf)(*.pdf)")}, QString(),
-        &kind);
+    const QString path = ChooseNameOfKind(this, QStringLiteral("Save As"), TableKinds());
     if (path.isEmpty())
         return;
     RememberFolderOf(path);
-    const auto endsIn = [&path](const QString& ending) {
-        return path.endsWith(ending, Qt::CaseInsensitive);
-    };
-    if (endsIn(QStringLiteral(".pdf")) || (kind == PdfFilter && !endsIn(QStringLiteral(".csv")))) {
+    if (path.endsWith(PdfEnding, Qt::CaseInsensitive)) {
         SavePdf(path);
         return;
     }

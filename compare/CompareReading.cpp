@@ -34,10 +34,11 @@ void CompareReading::Run(const std::vector<std::string>& files, const std::stop_
     CompareKeep keep;
     keep.points = true;
     keep.remarkTexts = true;
+    PathResolver paths;
     ReadCompareRows(
         files, DefaultJobs(),
-        [&separator, keep](const std::string& file) {
-            return ReadCompareRow(file, separator, keep);
+        [&separator, keep, &paths](const std::string& file) {
+            return ReadCompareRow(file, separator, keep, paths);
         },
         [this](std::size_t index, CompareRow row) { Keep(index, std::move(row)); }, stop);
 }

@@ -8,14 +8,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
-#include <system_error>
 
 namespace quarnel {
 
 namespace {
-
-namespace fs = std::filesystem;
 
 void TakeTexts(const ProjectState& state, CompareRow& row) {
     row.siteName = TrimBlanks(state.SiteIDText[SiteName]);
@@ -27,15 +23,16 @@ void TakeTexts(const ProjectState& state, CompareRow& row) {
     row.timeUnit = state.RecDatTimeUnitsDDL;
 }
 
-void TakeStatistics(const StatisticsPage& page, CompareRow& row) {
-    row.firstYCm = page.firstYCm;
-    row.headMax = page.greatestUsedHead;
-    row.headMin = page.leastUsedHead;
-    if (page.adjustedInterval) {
+void TakeStatistics(Diagnostics& diagnostics, CompareRow& row) {
+    row.firstYCm = diagnostics.Points().FirstYCm();
+    const UsedHeadRange heads = diagnostics.UsedHeads();
+    row.headMax = heads.greatest;
+    row.headMin = heads.least;
+    if (diagnostics.AdjustedInterval()) {
         row.halfWidthKind = HalfWidthKind::Adjusted;
-        row.halfWidthPercent = 100 * page.fit.autocorrelation->adjustedHalfWidth.value();
-    } else if (page.interval) {
-        row.halfWidthPercent = 100 * page.fit.scatter->halfWidth.value();
+        row.halfWidthPercent = 100 * diagnostics.Fit().autocorrelation->adjustedHalfWidth.value();
+    } else if (diagnostics.Interval()) {
+        row.halfWidthPercent = 100 * diagnostics.Fit().scatter->halfWidth.value();
     }
 }
 
@@ -80,7 +77,7 @@ void TakeComputation(const Analysis& analysis, const CompareKeep& keep, CompareR
     row.usedCount = static_cast<std::size_t>(computation.usedCount);
     row.slopePerSec = computation.line.slope;
     Diagnostics diagnostics(analysis.computation, state);
-    TakeStatistics(diagnostics.Statistics(), row);
+    TakeStatistics(diagnostics, row);
     TakeChecks(diagnostics.Checks(), DiagnosticsLines(computation, state), keep.remarkTexts, row);
     if (keep.points)
         TakePoints(diagnostics.Points(), computation, row);
@@ -88,10 +85,10 @@ void TakeComputation(const Analysis& analysis, const CompareKeep& keep, CompareR
 
 } // namespace
 
-CompareRow MakeCompareRow(const AnalysisRun& run, const CompareKeep& keep) {
+CompareRow MakeCompareRow(const AnalysisRun& run, const CompareKeep& keep, PathResolver& paths) {
     CompareRow row;
     row.file = run.file;
-    row.resolvedFile = ResolvedPath(run.file);
+    row.resolvedFile = paths.Resolve(run.file);
     row.isRead = run.isRead;
     row.failure = run.failure;
     if (!run.isRead)
@@ -105,16 +102,8 @@ CompareRow MakeCompareRow(const AnalysisRun& run, const CompareKeep& keep) {
 }
 
 CompareRow ReadCompareRow(const std::string& path, std::string_view decimalSeparator,
-                          const CompareKeep& keep) {
-    return MakeCompareRow(RunAnalysis(path, decimalSeparator), keep);
-}
-
-std::string ResolvedPath(const std::string& path) {
-    std::error_code failure;
-    const fs::path whole = fs::absolute(path, failure);
-    const fs::path resolved = fs::weakly_canonical(whole, failure);
-    // Where a folder may not be looked into the name itself has to do.
-    return failure ? whole.lexically_normal().string() : resolved.string();
+                          const CompareKeep& keep, PathResolver& paths) {
+    return MakeCompareRow(RunAnalysis(path, decimalSeparator), keep, paths);
 }
 
 std::string_view FileNameOf(std::string_view path) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "compare/PathResolver.h"
 #include "diagnostics/ValidityChecks.h"
 #include "kcompute/AnalysisRun.h"
 
@@ -61,15 +62,12 @@ struct CompareRow {
 };
 
 /// What is left of an analysis as a row.
-CompareRow MakeCompareRow(const AnalysisRun& run, const CompareKeep& keep);
+CompareRow MakeCompareRow(const AnalysisRun& run, const CompareKeep& keep, PathResolver& paths);
 
 /// Reads the project at `path`, prepares and computes it, and keeps the row. May be called on
 /// several threads at a time. A path that is no project gives a row with the failure.
 CompareRow ReadCompareRow(const std::string& path, std::string_view decimalSeparator,
-                          const CompareKeep& keep);
-
-/// The path without links, "." and ".."; what of it does not exist stays as it is written.
-std::string ResolvedPath(const std::string& path);
+                          const CompareKeep& keep, PathResolver& paths);
 
 /// The file's name without its folders.
 std::string_view FileNameOf(std::string_view path);

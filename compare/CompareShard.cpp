@@ -74,6 +74,7 @@ private:
     void SetK();
 
     CsvReader reader_;
+    mutable PathResolver paths_;
     Grouping grouping_;
     std::optional<CompareUnit> unit_;
     std::vector<CompareRow> rows_;
@@ -130,7 +131,7 @@ void ShardReader::TakeTexts(const Columns& columns, CompareRow& row) const {
     row.file = ForeignText(columns[CsvFile]);
     // A name that lost bytes on its way is no name to know a file by.
     if (row.file.find(Replacement) == std::string::npos)
-        row.resolvedFile = ResolvedPath(row.file);
+        row.resolvedFile = paths_.Resolve(row.file);
     row.wellLabel = ForeignText(columns[CsvWellLabel]);
     row.testDate = ForeignText(columns[CsvTestDate]);
     row.slugTestType = columns[CsvSlugTestType];

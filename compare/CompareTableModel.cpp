@@ -1,5 +1,6 @@
 #include "compare/CompareTableModel.h"
 
+#include "compare/PathResolver.h"
 #include "compare/ProjectPaths.h"
 #include "diagnostics/DiagnosticsLines.h"
 #include "project/PlainText.h"

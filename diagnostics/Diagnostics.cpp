@@ -95,6 +95,26 @@ std::optional<double> Diagnostics::ReadingStep() {
     return *readingStepCm_;
 }
 
+HeadWindowRow Diagnostics::WindowRow(HeadWindowRowIndex row) {
+    return rows_ ? (*rows_)[row] : ComputeHeadWindow(*computation_, Points(), WindowOf(row));
+}
+
+UsedHeadRange Diagnostics::UsedHeads() {
+    const auto [least, greatest] = std::ranges::minmax(Points().UsedY());
+    return {least / Points().FirstY(), greatest / Points().FirstY()};
+}
+
+std::optional<KInterval> Diagnostics::Interval() {
+    return Fit().scatter ? IntervalOf(computation_->KInCmPerSec, Fit().scatter->halfWidth)
+                         : std::nullopt;
+}
+
+std::optional<KInterval> Diagnostics::AdjustedInterval() {
+    return Fit().autocorrelation
+               ? IntervalOf(computation_->KInCmPerSec, Fit().autocorrelation->adjustedHalfWidth)
+               : std::nullopt;
+}
+
 StatisticsPage Diagnostics::MakeStatistics() {
     StatisticsPage page;
     page.pointCount = Points().Order().size();
@@ -103,14 +123,10 @@ StatisticsPage Diagnostics::MakeStatistics() {
     page.firstYCm = Points().FirstYCm();
     page.readingStepCm = ReadingStep();
     page.fit = Fit();
-    const auto [least, greatest] = std::ranges::minmax(Points().UsedY());
-    page.leastUsedHead = least / Points().FirstY();
-    page.greatestUsedHead = greatest / Points().FirstY();
-    if (page.fit.scatter)
-        page.interval = IntervalOf(page.kCmPerSec, page.fit.scatter->halfWidth);
-    if (page.fit.autocorrelation)
-        page.adjustedInterval =
-            IntervalOf(page.kCmPerSec, page.fit.autocorrelation->adjustedHalfWidth);
+    page.leastUsedHead = UsedHeads().least;
+    page.greatestUsedHead = UsedHeads().greatest;
+    page.interval = Interval();
+    page.adjustedInterval = AdjustedInterval();
     page.slugVolume = SlugVolumeOf(*computation_, page.firstYCm, slugVolumeLitre_);
     page.hvorslev = HvorslevOf(*computation_, WindowRows()[Row025To015]);
     return page;
@@ -145,7 +161,9 @@ const HeadWindowsPage& Diagnostics::Windows() {
 const ChecksPage& Diagnostics::Checks() {
     if (!checks_)
         checks_ = ChecksPage{
-            ComputeChecks(*computation_, Points(), WindowRows(), StaticLevel(), ReadingStep())};
+            ComputeChecks(*computation_, Points(), {WindowRow(Row100To030), WindowRow(Row030To020)},
+                          HasUsedTail(Points()) ? StaticLevel() : std::vector<SensitivityEntry>(),
+                          ReadingStep())};
     return *checks_;
 }
 
@@ -157,7 +175,7 @@ const SensitivityPage& Diagnostics::SensitivityTo(double percent) {
 }
 
 std::vector<std::size_t> Diagnostics::HeadRangePoints() {
-    return PointsInHeadWindow(Points(), HeadWindows[Row030To020 - Row100To030]);
+    return PointsInHeadWindow(Points(), WindowOf(Row030To020));
 }
 
 std::vector<std::size_t> Diagnostics::FirstSegmentPoints() {

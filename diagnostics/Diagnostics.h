@@ -22,6 +22,12 @@ struct KInterval {
     double high = 0;
 };
 
+/// Y/H0 of the used points.
+struct UsedHeadRange {
+    double least = 0;
+    double greatest = 0;
+};
+
 /// Hvorslev's K beside the computation's.
 struct HvorslevComparison {
     double kCmPerSec = 0;
@@ -70,6 +76,11 @@ public:
 
     const Computation& Source() const { return *computation_; }
     const TestSeries& Points();
+    const FitStatistics& Fit();
+    UsedHeadRange UsedHeads();
+    /// As the page "Statistics" has them.
+    std::optional<KInterval> Interval();
+    std::optional<KInterval> AdjustedInterval();
     const StatisticsPage& Statistics();
     const HeadWindowsPage& Windows();
     const ChecksPage& Checks();
@@ -87,8 +98,8 @@ public:
 private:
     StatisticsPage MakeStatistics();
     HeadWindowsPage MakeWindows();
-    const FitStatistics& Fit();
     const std::vector<HeadWindowRow>& WindowRows();
+    HeadWindowRow WindowRow(HeadWindowRowIndex row);
     const std::vector<SensitivityEntry>& StaticLevel();
     std::optional<double> ReadingStep();
 

@@ -7,6 +7,7 @@
 #include "diagnostics/SensitivityPageWidget.h"
 #include "diagnostics/StatisticsPageWidget.h"
 #include "output/PrintDocument.h"
+#include "widgets/CommandButton.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
 
@@ -14,7 +15,6 @@
 #include <QClipboard>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QTabWidget>
@@ -107,32 +107,21 @@ QTabWidget* DiagnosticsFrm::BuildTabs() {
     return tabs_;
 }
 
-QPushButton* DiagnosticsFrm::AddButton(QLayout* row, const QString& name, const QString& text,
-                                       const QString& toolTip, void (DiagnosticsFrm::*command)()) {
-    auto* button = new QPushButton(text);
-    button->setObjectName(name);
-    button->setToolTip(toolTip);
-    // Enter in a number must not press a button.
-    button->setAutoDefault(false);
-    connect(button, &QPushButton::clicked, this, command);
-    row->addWidget(button);
-    return button;
-}
-
 QLayout* DiagnosticsFrm::BuildButtons() {
     auto* row = new QHBoxLayout;
     outputButtons_ = {
-        AddButton(row, QStringLiteral("DiagnosticsCopy"), QStringLiteral("&Copy"),
-                  QStringLiteral("Copy this page as text, as spreadsheets take it"),
-                  &DiagnosticsFrm::Copy),
-        AddButton(row, QStringLiteral("DiagnosticsPrint"), QStringLiteral("&Print..."),
-                  QStringLiteral("Print all pages as one sheet"), &DiagnosticsFrm::Print),
-        AddButton(row, QStringLiteral("DiagnosticsSavePdf"), QStringLiteral("Save as P&DF..."),
-                  QStringLiteral("Save all pages as one sheet in a PDF file"),
-                  &DiagnosticsFrm::SaveAsPdf)};
+        AddCommandButton(row, this, QStringLiteral("DiagnosticsCopy"), QStringLiteral("&Copy"),
+                         QStringLiteral("Copy this page as text, as spreadsheets take it"),
+                         &DiagnosticsFrm::Copy),
+        AddCommandButton(row, this, QStringLiteral("DiagnosticsPrint"), QStringLiteral("&Print..."),
+                         QStringLiteral("Print all pages as one sheet"), &DiagnosticsFrm::Print),
+        AddCommandButton(row, this, QStringLiteral("DiagnosticsSavePdf"),
+                         QStringLiteral("Save as P&DF..."),
+                         QStringLiteral("Save all pages as one sheet in a PDF file"),
+                         &DiagnosticsFrm::SaveAsPdf)};
     row->addStretch(1);
-    AddButton(row, QStringLiteral("DiagnosticsClose"), QStringLiteral("C&lose"), QString(),
-              &QDialog::reject);
+    AddCommandButton(row, this, QStringLiteral("DiagnosticsClose"), QStringLiteral("C&lose"),
+                     QString(), &QDialog::reject);
     return row;
 }
 

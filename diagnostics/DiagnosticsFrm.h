@@ -54,8 +54,6 @@ private:
     QWidget* BuildHead();
     QTabWidget* BuildTabs();
     QLayout* BuildButtons();
-    QPushButton* AddButton(QLayout* row, const QString& name, const QString& text,
-                           const QString& toolTip, void (DiagnosticsFrm::*command)());
 
     /// Makes the diagnostics anew where computation or slug volume are others.
     void Renew();

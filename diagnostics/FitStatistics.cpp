@@ -1,6 +1,7 @@
 #include "diagnostics/FitStatistics.h"
 
 #include <algorithm>
+#include <array>
 #include <boost/math/distributions/students_t.hpp>
 #include <cmath>
 
@@ -10,6 +11,8 @@ namespace {
 
 /// r1 beyond this would leave less than a two-hundredth of the points.
 constexpr double GreatestLag1 = 0.99;
+/// Quantiles below this many degrees of freedom are kept once they are known.
+constexpr std::size_t KeptQuantiles = 256;
 
 double SumOfSquares(const std::vector<double>& values) {
     double sum = 0;
@@ -80,7 +83,17 @@ void AddScatter(const Series& used, FitStatistics& statistics, double syy) {
 } // namespace
 
 double TQuantile975(double df) {
-    return boost::math::quantile(boost::math::students_t(df), 0.975);
+    // Whole ones come back with nearly every project, and each takes longer than the fit itself.
+    thread_local std::array<double, KeptQuantiles> kept{};
+    const auto quantile = [df] {
+        return boost::math::quantile(boost::math::students_t(df), 0.975);
+    };
+    if (!(df >= 1 && df < static_cast<double>(KeptQuantiles)) || df != std::floor(df))
+        return quantile();
+    double& whole = kept[static_cast<std::size_t>(df)];
+    if (whole == 0)
+        whole = quantile();
+    return whole;
 }
 
 FitStatistics ComputeFitStatistics(const Series& used, double slope, double intercept) {

@@ -81,6 +81,12 @@ std::optional<double> ChangePercent(const Computation& computation, std::optiona
     return std::isfinite(change) ? std::optional<double>(change) : std::nullopt;
 }
 
+HeadWindowRow ComputeHeadWindow(const Computation& computation, const TestSeries& series,
+                                const HeadWindow& window) {
+    WindowPoints points;
+    return RowOf(window.name, computation, series.Used(), points.Gather(series, window));
+}
+
 std::vector<HeadWindowRow> ComputeHeadWindows(const Computation& computation,
                                               const TestSeries& series,
                                               std::optional<double> markedRSquared) {

@@ -57,6 +57,15 @@ std::vector<HeadWindowRow> ComputeHeadWindows(const Computation& computation,
                                               const TestSeries& series,
                                               std::optional<double> markedRSquared);
 
+/// The row of one window alone.
+HeadWindowRow ComputeHeadWindow(const Computation& computation, const TestSeries& series,
+                                const HeadWindow& window);
+
+/// The window of a row from Row100To030 to Row020To010.
+constexpr const HeadWindow& WindowOf(HeadWindowRowIndex row) {
+    return HeadWindows[row - Row100To030];
+}
+
 /// The places in the list of the points in `window`, in order of time.
 std::vector<std::size_t> PointsInHeadWindow(const TestSeries& series, const HeadWindow& window);
 

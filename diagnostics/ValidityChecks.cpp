@@ -51,7 +51,7 @@ public:
     void CheckFirstChange(std::optional<double> readingStepCm);
     void CheckSwing();
     void CheckDuration();
-    void CheckCurvature(const std::vector<HeadWindowRow>& windows);
+    void CheckCurvature(const CurvatureWindows& windows);
     void CheckEnd(const std::vector<SensitivityEntry>& staticLevel);
     void CheckTimes();
     std::vector<CheckFinding> Take() { return std::move(findings_); }
@@ -142,9 +142,8 @@ void Checker::CheckDuration() {
         Add(CheckId::Short, CheckLevel::Note, seconds).count = count;
 }
 
-void Checker::CheckCurvature(const std::vector<HeadWindowRow>& windows) {
-    const HeadWindowRow& early = windows[Row100To030];
-    const HeadWindowRow& late = windows[Row030To020];
+void Checker::CheckCurvature(const CurvatureWindows& windows) {
+    const auto& [early, late] = windows;
     if (early.pointCount < FewestOfWindow || late.pointCount < FewestOfWindow)
         return;
     if (!(early.kCmPerSec.value_or(0) > 0) || !(late.kCmPerSec.value_or(0) > 0))
@@ -254,6 +253,11 @@ bool IsFewPoints(std::size_t usedCount) {
     return usedCount < FewUsed;
 }
 
+bool HasUsedTail(const TestSeries& series) {
+    return std::ranges::any_of(series.UsedY(),
+                               [&series](double y) { return IsInTail(y, series.FirstY()); });
+}
+
 bool IsInTail(double y, double firstY) {
     return y < TailPart * firstY;
 }
@@ -275,7 +279,7 @@ bool IsOscillating(std::span<const double> y, double firstY) {
 }
 
 std::vector<CheckFinding> ComputeChecks(const Computation& computation, const TestSeries& series,
-                                        const std::vector<HeadWindowRow>& windows,
+                                        const CurvatureWindows& windows,
                                         const std::vector<SensitivityEntry>& staticLevel,
                                         std::optional<double> readingStepCm) {
     Checker checker(computation, series);

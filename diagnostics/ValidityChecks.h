@@ -55,9 +55,16 @@ struct CheckFinding {
 /// The name of a check in files: "LE_RW_END".
 std::string_view CheckName(CheckId id);
 
-/// All checks that fire, in their order. `staticLevel` are the two entries of the static level.
+/// The two windows whose K tell whether the points lie on a curve.
+struct CurvatureWindows {
+    HeadWindowRow early; ///< Row100To030
+    HeadWindowRow late;  ///< Row030To020
+};
+
+/// All checks that fire, in their order. `staticLevel` are the two entries of the static level; it
+/// is looked at only where HasUsedTail.
 std::vector<CheckFinding> ComputeChecks(const Computation& computation, const TestSeries& series,
-                                        const std::vector<HeadWindowRow>& windows,
+                                        const CurvatureWindows& windows,
                                         const std::vector<SensitivityEntry>& staticLevel,
                                         std::optional<double> readingStepCm);
 
@@ -75,6 +82,8 @@ bool IsCurvedDown(double ratioOfK);
 bool IsFewPoints(std::size_t usedCount);
 /// Whether the level is within the last 5 % of the first change in head.
 bool IsInTail(double y, double firstY);
+/// The same of any point that entered the fit.
+bool HasUsedTail(const TestSeries& series);
 /// Whether a recovery that fell to 0.30 in `seconds` with `validCount` readings was too short.
 bool IsShort(double seconds, std::size_t validCount);
 /// Whether after a Y > 0 three or more readings in a row lie below -0.05 H0; Y in order of time.

@@ -40,8 +40,8 @@ struct DrawingCircle {
 /// How many series of marks can be told apart: each has a colour and a shape of its own.
 inline constexpr int MarkSeriesCount = 12;
 
-/// A mark of one of several series of points. The series gives both its colour, the same on every
-/// surface, and its shape, since no colour may be the only sign of something.
+/// A mark of one of several series of points. The series gives both its colour and its shape, since
+/// no colour may be the only sign of something.
 struct DrawingMark {
     double x = 0, y = 0;
     double radius = 0;

@@ -1,6 +1,7 @@
 #include "output/DrawingPainter.h"
 
 #include "output/FontMeasure.h"
+#include "widgets/Colours.h"
 #include "widgets/QtTexts.h"
 
 #include <QPolygonF>
@@ -164,7 +165,7 @@ void PaintCircles(QPainter& painter, const Drawing& drawing, const Inks& inks) {
     }
 }
 
-/// The colours of the series, of a middle lightness that stands out from white and from dark.
+/// The colours of the series, of a middle lightness.
 constexpr std::array<QRgb, MarkSeriesCount> SeriesColours = {
     0xFF1F77B4, 0xFFD95F02, 0xFF1B9E77, 0xFFB5399C, 0xFF7570B3, 0xFFA6761D,
     0xFFE7298A, 0xFF4D8F1F, 0xFF8C6D5C, 0xFF0E8FA8, 0xFFC2403B, 0xFF777777};
@@ -220,14 +221,17 @@ std::array<QPolygonF, MarkSeriesCount> SeriesShapes() {
             Figure(6, 0)};
 }
 
-void PaintMarks(QPainter& painter, const std::vector<DrawingMark>& marks) {
+void PaintMarks(QPainter& painter, const std::vector<DrawingMark>& marks, const Inks& inks) {
     if (marks.empty())
         return;
+    std::array<QColor, MarkSeriesCount> colours;
+    for (int series = 0; series < MarkSeriesCount; ++series)
+        colours[static_cast<std::size_t>(series)] = SeriesColour(series, inks);
     const std::array<QPolygonF, MarkSeriesCount> shapes = SeriesShapes();
     for (const DrawingMark& mark : marks) {
         const auto series =
             static_cast<std::size_t>(std::clamp(mark.series, 0, MarkSeriesCount - 1));
-        const QColor colour(SeriesColours[series]);
+        const QColor& colour = colours[series];
         painter.setPen(QPen(colour, MarkWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
         painter.setBrush(mark.isFilled ? QBrush(colour) : QBrush(Qt::NoBrush));
         const QPointF centre(std::round(mark.x), std::round(mark.y));
@@ -243,12 +247,17 @@ void PaintMarks(QPainter& painter, const std::vector<DrawingMark>& marks) {
 
 } // namespace
 
+QColor SeriesColour(int series, const Inks& inks) {
+    return WithContrast(QColor(SeriesColours[static_cast<std::size_t>(series)]), inks.ground,
+                        inks.ink, SignContrast);
+}
+
 void PaintDrawing(QPainter& painter, const Drawing& drawing, const Inks& inks) {
     painter.save();
     PaintAreas(painter, drawing, inks);
     PaintLines(painter, drawing, inks);
     PaintCircles(painter, drawing, inks);
-    PaintMarks(painter, drawing.marks);
+    PaintMarks(painter, drawing.marks, inks);
     painter.setPen(inks.ink);
     const QFont font = PaintingFont(painter, inks);
     const FontMeasure measure(font);

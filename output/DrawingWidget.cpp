@@ -12,14 +12,11 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
-#include <QFileDialog>
-#include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
 #include <QPainter>
 #include <QStyleOptionFocusRect>
 #include <algorithm>
-#include <array>
 #include <memory>
 #include <string>
 
@@ -27,44 +24,20 @@ namespace quarnel {
 
 namespace {
 
-struct PictureKind {
-    const char* filter;
-    const char* ending;
-};
-constexpr std::array<PictureKind, 3> PictureKinds = {
-    {{"PDF (*.pdf)", "pdf"}, {"SVG (*.svg)", "svg"}, {"PNG (*.png)", "png"}}};
-
-/// Asks for the name of a picture. One that ends in no kind of picture, as "MW-3.1" does, gets the
-/// ending of the chosen kind, before the dialog asks whether the file exists.
-class PictureDialog : public QFileDialog {
-public:
-    using QFileDialog::QFileDialog;
-
-protected:
-    void accept() override {
-        auto* name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        if (name != nullptr && !IsFolder(name->text()) && !IsPicture(name->text()))
-            name->setText(name->text() + QLatin1Char('.') + defaultSuffix());
-        QFileDialog::accept();
-    }
-
-private:
-    bool IsFolder(const QString& name) const {
-        return name.isEmpty() || directory().exists(name + QLatin1Char('/'));
-    }
-    static bool IsPicture(const QString& name) {
-        return std::any_of(PictureKinds.begin(), PictureKinds.end(), [&](const PictureKind& kind) {
-            return name.endsWith(QLatin1Char('.') + QLatin1String(kind.ending),
-                                 Qt::CaseInsensitive);
-        });
-    }
-};
+const QList<FileKind>& PictureKinds() {
+    static const QList<FileKind> kinds = {
+        {QStringLiteral("PDF (*.pdf)(*.pdf)"), QStringLiteral(".pdf")},
+        {QStringLiteral("SVG (*.svg)(*.svg)"), QStringLiteral(".svg")},
+        {QStringLiteral("PNG (*.png)(*.png)"), QStringLiteral(".png")}};
+    return kinds;
+}
 
 } // namespace
 
 Inks ScreenInks(const QPalette& palette) {
     const QColor base = palette.color(QPalette::Base);
     Inks inks;
+    inks.ground = base;
     inks.ink = palette.color(QPalette::Text);
     inks.grid = Between(base, inks.ink, 0.2);
     inks.grey = WithContrast(Between(base, inks.ink, 0.5), base, inks.ink, SignContrast);
@@ -224,23 +197,10 @@ void DrawingWidget::Copy() {
 }
 
 void DrawingWidget::SaveAsPicture() {
-    PictureDialog dialog(this, QStringLiteral("Save Plot as Picture"), FolderToStartIn());
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    QStringList filters;
-    for (const PictureKind& kind : PictureKinds)
-        filters.append(QLatin1String(kind.filter));
-    dialog.setNameFilters(filters);
-    dialog.setDefaultSuffix(QLatin1String(PictureKinds.front().ending));
-    connect(&dialog, &QFileDialog::filterSelected, &dialog,
-            [&dialog, &filters](const QString& filter) {
-                const auto kind =
-                    static_cast<std::size_t>(std::max<qsizetype>(0, filters.indexOf(filter)));
-                dialog.setDefaultSuffix(QLatin1String(PictureKinds[kind].ending));
-            });
-    SuggestName(dialog, SuggestedFileName(project_, nameEnding_));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+    const QString path = ChooseNameOfKind(this, QStringLiteral("Save Plot as Picture"),
+                                          PictureKinds(), SuggestedFileName(project_, nameEnding_));
+    if (path.isEmpty())
         return;
-    const QString path = dialog.selectedFiles().constFirst();
     SaveOutput({this, project_, [this](const QString& said) { Q_EMIT Told(said); }},
                QStringLiteral("plot"), path,
                [this](const std::string& name) { return ExportPlot(ForPictures(), name); });

@@ -7,6 +7,7 @@
 #include <QMessageBox>
 #include <QSettings>
 #include <QStandardPaths>
+#include <algorithm>
 
 namespace quarnel {
 
@@ -43,6 +44,13 @@ public:
         setNameFilters(filters);
     }
 
+    void MakeForSaving(const QString& suggestedName) {
+        setObjectName(QStringLiteral("SaveProjectDialog"));
+        setAcceptMode(AcceptSave);
+        setFileMode(AnyFile);
+        SuggestName(*this, suggestedName);
+    }
+
     /// The chosen name, "" when there is none.
     QString Choose() {
         if (exec() != QDialog::Accepted)
@@ -50,6 +58,14 @@ public:
         if (!nameWithQuotes_.isEmpty())
             return nameWithQuotes_;
         return selectedFiles().isEmpty() ? QString() : TrimmedName(selectedFiles().constFirst());
+    }
+
+    /// From now on a name ends in one of the kinds.
+    void SetKinds(const QList<FileKind>& kinds) {
+        kinds_ = kinds;
+        // For a desktop's own dialog, which does not ask this one.
+        SetDefaultSuffix();
+        connect(this, &QFileDialog::filterSelected, this, &ProjectFileDialog::SetDefaultSuffix);
     }
 
     /// The chosen names.
@@ -64,7 +80,7 @@ protected:
     void accept() override {
         auto* name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
         if (name != nullptr)
-            name->setText(TrimmedName(name->text()));
+            name->setText(WithEnding(TrimmedName(name->text())));
         if (name != nullptr && HasQuotesOfItsOwn(name->text()))
             AcceptNameWithQuotes(*name);
         else
@@ -72,6 +88,25 @@ protected:
     }
 
 private:
+    const FileKind& ChosenKind() const {
+        const auto chosen =
+            std::find_if(kinds_.begin(), kinds_.end(), [this](const FileKind& kind) {
+                return kind.filter.startsWith(selectedNameFilter());
+            });
+        return chosen == kinds_.end() ? kinds_.constFirst() : *chosen;
+    }
+
+    void SetDefaultSuffix() { setDefaultSuffix(ChosenKind().ending); }
+
+    QString WithEnding(const QString& name) const {
+        const bool isWhole =
+            std::any_of(kinds_.begin(), kinds_.end(), [&name](const FileKind& kind) {
+                return name.endsWith(kind.ending, Qt::CaseInsensitive);
+            });
+        const bool isFolder = name.isEmpty() || directory().exists(name + QLatin1Char('/'));
+        return kinds_.isEmpty() || isWhole || isFolder ? name : name + ChosenKind().ending;
+    }
+
     /// Qt takes double quotes for the marks around each of several names and drops what stands
     /// outside; only one pair around the whole is that here.
     bool HasQuotesOfItsOwn(const QString& name) const {
@@ -114,6 +149,7 @@ private:
         return file.exists();
     }
 
+    QList<FileKind> kinds_; ///< none where a name counts as it is typed
     QString nameWithQuotes_;
 };
 
@@ -144,16 +180,21 @@ QString ChooseNameToSave(QWidget* parent) {
 }
 
 QString ChooseNameToSave(QWidget* parent, const QString& caption, const QStringList& filters,
-                         const QString& suggestedName, QString* chosenFilter) {
+                         const QString& suggestedName) {
     ProjectFileDialog dialog(parent, caption, filters);
-    dialog.setObjectName(QStringLiteral("SaveProjectDialog"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    SuggestName(dialog, suggestedName);
-    const QString name = dialog.Choose();
-    if (chosenFilter != nullptr)
-        *chosenFilter = dialog.selectedNameFilter();
-    return name;
+    dialog.MakeForSaving(suggestedName);
+    return dialog.Choose();
+}
+
+QString ChooseNameOfKind(QWidget* parent, const QString& caption, const QList<FileKind>& kinds,
+                         const QString& suggestedName) {
+    QStringList filters;
+    for (const FileKind& kind : kinds)
+        filters.append(kind.filter);
+    ProjectFileDialog dialog(parent, caption, filters);
+    dialog.MakeForSaving(suggestedName);
+    dialog.SetKinds(kinds);
+    return dialog.Choose();
 }
 
 void SuggestName(QFileDialog& dialog, const QString& name) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -25,10 +26,20 @@ QString ChooseNameToSave(QWidget* parent);
 
 /// The same for another kind of file. A filter is what the dialog shows, followed by its patterns
 /// in parentheses: "Quarnel 2 (*.res)(*.res)". The dialog opens with `suggestedName`, in which all
-/// but the ending is selected. `chosenFilter`, where it is given, gets what the dialog showed of
-/// the one that was chosen.
+/// but the ending is selected.
 QString ChooseNameToSave(QWidget* parent, const QString& caption, const QStringList& filters,
-                         const QString& suggestedName = {}, QString* chosenFilter = nullptr);
+                         const QString& suggestedName = {});
+
+/// A kind of file that its ending tells.
+struct FileKind {
+    QString filter; ///< as above
+    QString ending; ///< ".pdf"
+};
+
+/// The same for a file of one of several kinds. A name that ends in none of them, as "MW-3.1" does,
+/// gets the ending of the chosen kind, before the dialog asks whether the file exists.
+QString ChooseNameOfKind(QWidget* parent, const QString& caption, const QList<FileKind>& kinds,
+                         const QString& suggestedName = {});
 
 /// Puts a suggested name into a dialog for saving; "" is none.
 void SuggestName(QFileDialog& dialog, const QString& name);

@@ -47,4 +47,7 @@ FileBytes ReadFileBytes(const std::string& path);
 /// Whether both names lead to one file, by whichever links. Not where one of them does not exist.
 bool IsSameFile(const std::string& a, const std::string& b);
 
+/// Whether something of that name exists that is no symbolic link itself; its folder may be one.
+bool ExistsAndIsNoLink(const std::string& path);
+
 } // namespace quarnel

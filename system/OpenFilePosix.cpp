@@ -131,4 +131,9 @@ bool IsSameFile(const std::string& a, const std::string& b) {
            one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
 
+bool ExistsAndIsNoLink(const std::string& path) {
+    struct stat info {};
+    return lstat(path.c_str(), &info) == 0 && !S_ISLNK(info.st_mode);
+}
+
 } // namespace quarnel

@@ -36,7 +36,8 @@ protected:
 };
 
 CompareRow Read(const std::string& path, const CompareKeep& keep = {}) {
-    return ReadCompareRow(path, ".", keep);
+    PathResolver paths;
+    return ReadCompareRow(path, ".", keep, paths);
 }
 
 std::vector<std::string> Names(const std::vector<CheckId>& checks) {

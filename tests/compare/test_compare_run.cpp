@@ -189,10 +189,11 @@ TEST(CompareRunTest, OneWorkerAndManyGiveTheSameBytes) {
     std::string expected;
     for (const std::size_t jobs : {1U, 2U, 8U, 64U}) {
         std::vector<CompareRow> rows;
+        PathResolver paths;
         ReadCompareRows(
             files, jobs,
-            [](const std::string& file) {
-                return ReadCompareRow(file, ",", {.points = true, .remarkTexts = true});
+            [&paths](const std::string& file) {
+                return ReadCompareRow(file, ",", {.points = true, .remarkTexts = true}, paths);
             },
             [&rows](std::size_t, CompareRow row) { rows.push_back(std::move(row)); });
         const std::string csv = CompareCsv(rows, CompareRows(rows, {}));

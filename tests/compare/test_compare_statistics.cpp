@@ -75,16 +75,30 @@ TEST(CompareStatisticsTest, LinesOfNoneOneTwoAndThreeTests) {
 TEST(CompareStatisticsTest, OneGroupHasNoLineOfAll) {
     const Comparison comparison = Compared({RowWithK("MW-1", 1)});
     const auto lines = CompareLines(comparison);
-    ASSERT_EQ(lines.size(), 2U);
-    EXPECT_EQ(lines[1].text, SkinNote);
+    // One test agrees with no other: nothing is said of a skin.
+    ASSERT_EQ(lines.size(), 1U);
     EXPECT_EQ(comparison.all->n, 1U);
-    EXPECT_EQ(Texts(CompareLines(comparison, 0)), Texts(lines));
+    EXPECT_EQ(Texts(CompareLines(comparison, std::array<std::size_t, 1>{0})), Texts(lines));
 }
 
-TEST(CompareStatisticsTest, NoRowsGiveTheNoteAlone) {
+TEST(CompareStatisticsTest, NoRowsGiveNoLines) {
     const Comparison comparison = Compared({});
-    EXPECT_EQ(Texts(CompareLines(comparison)), Names{std::string(SkinNote)});
+    EXPECT_EQ(Texts(CompareLines(comparison)), Names{});
     EXPECT_FALSE(comparison.all.has_value());
+}
+
+TEST(CompareStatisticsTest, TheNoteStandsBelowRepeatedTestsAlone) {
+    const Comparison comparison = Compared({RowWithK("MW-1", 1), RowWithK("MW-2", 1),
+                                            RowWithK("MW-2", 1), RowWithK("", 1), RowWithK("", 1)});
+    const auto endsInNote = [&comparison](std::initializer_list<std::size_t> groups) {
+        const std::vector<std::size_t> chosen = groups;
+        return CompareLines(comparison, chosen).back().text == SkinNote;
+    };
+    EXPECT_FALSE(endsInNote({0}));
+    EXPECT_TRUE(endsInNote({1}));
+    EXPECT_TRUE(endsInNote({1, 0}));
+    EXPECT_FALSE(endsInNote({2})); // nobody knows whether they are of one well
+    EXPECT_EQ(CompareLines(comparison).back().text, SkinNote);
 }
 
 TEST(CompareStatisticsTest, KNotAboveZeroStaysInTheTableOnly) {

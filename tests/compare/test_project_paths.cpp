@@ -1,3 +1,4 @@
+#include "compare/PathResolver.h"
 #include "compare/ProjectPaths.h"
 
 #include <filesystem>
@@ -52,6 +53,30 @@ TEST_F(ProjectPathsTest, WhatIsNoFolderHasNone) {
     EXPECT_TRUE(ProjectsIn((folder_ / "missing").native()).empty());
     Write("a.qn2");
     EXPECT_TRUE(ProjectsIn((folder_ / "a.qn2").native()).empty());
+}
+
+TEST_F(ProjectPathsTest, ResolvedPathsOfOneRunAreThoseOfEachPathAlone) {
+    fs::create_directories(folder_ / "wells/north");
+    Write("wells/a.qn2");
+    Write("wells/north/b.qn2");
+    fs::create_symlink(folder_ / "wells/a.qn2", folder_ / "wells/link.qn2");
+    fs::create_symlink(folder_ / "wells", folder_ / "other");
+    fs::create_symlink(folder_ / "gone.qn2", folder_ / "wells/broken.qn2");
+    PathResolver paths;
+    for (const char* name :
+         {"wells/a.qn2", "wells/link.qn2", "other/a.qn2", "other/link.qn2", "wells/north/b.qn2",
+          "wells/north/../a.qn2", "other/north/../a.qn2", "wells/./a.qn2", "wells/", "wells",
+          "wells/north/.", "wells/north/..", "wells/missing.qn2", "nowhere/a.qn2",
+          "wells/broken.qn2", "wells//a.qn2", ""}) {
+        const std::string path = (folder_ / name).native();
+        EXPECT_EQ(paths.Resolve(path), ResolvedPath(path)) << name;
+    }
+    const std::string whole = fs::canonical(folder_ / "wells/a.qn2").native();
+    for (const char* name : {"wells/a.qn2", "wells/link.qn2", "other/a.qn2", "other/link.qn2"})
+        EXPECT_EQ(paths.Resolve((folder_ / name).native()), whole) << name;
+    EXPECT_EQ(paths.Resolve("/tmp"), ResolvedPath("/tmp"));
+    EXPECT_EQ(paths.Resolve("CMakeCache.txt"), ResolvedPath("CMakeCache.txt"));
+    EXPECT_EQ(paths.Resolve(""), ResolvedPath(""));
 }
 
 TEST(SortNaturally, GoesByTheNameOfTheFileAlone) {

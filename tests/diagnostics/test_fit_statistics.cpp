@@ -2,6 +2,7 @@
 
 #include "tests/diagnostics/WorkedCases.h"
 
+#include <boost/math/distributions/students_t.hpp>
 #include <numeric>
 
 namespace quarnel {
@@ -96,6 +97,14 @@ TEST(FitStatistics, StudentsTIsTheWorkedOne) {
     ASSERT_EQ(df.size(), expected.size());
     for (std::size_t i = 0; i < df.size(); ++i)
         ExpectWorked(TQuantile975(df[i]), expected[i], std::to_string(df[i]), worked.tolerance);
+}
+
+TEST(FitStatistics, StudentsTStaysTheSameHoweverOftenItIsAsked) {
+    for (const double df : {1.0, 1.5, 2.0, 59.0, 255.0, 256.0, 59.000001, 1e6}) {
+        const double exact = boost::math::quantile(boost::math::students_t(df), 0.975);
+        for (int i = 0; i < 3; ++i)
+            EXPECT_EQ(TQuantile975(df), exact) << df;
+    }
 }
 
 TEST(FitStatistics, AreTheWorkedOnes) {

@@ -92,6 +92,20 @@ private:
     std::unique_ptr<Program> program_;
 };
 
+/// A mark of the series, painted large on the ground of the inks.
+QImage PaintedMark(int series, bool isFilled, const Inks& inks) {
+    constexpr int Size = 60;
+    constexpr double TwipsAcross = 150;
+    QImage image(Size, Size, QImage::Format_RGB32);
+    image.fill(inks.ground);
+    Drawing drawing;
+    drawing.marks.push_back({TwipsAcross / 2, TwipsAcross / 2, TwipsAcross / 3, series, isFilled});
+    QPainter painter(&image);
+    painter.scale(Size / TwipsAcross, Size / TwipsAcross);
+    PaintDrawing(painter, drawing, inks);
+    return image;
+}
+
 QByteArray FileBytes(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -117,6 +131,41 @@ private Q_SLOTS:
         QVERIFY(stands(Qt::red, inks.halo));
         QVERIFY(stands(Qt::blue, inks.halo));
         QVERIFY(stands(Qt::red, inks.lineHalo));
+    }
+
+    void EverySeriesStandsOut_data() {
+        AddPalettes();
+        QTest::newRow("paper") << QPalette();
+    }
+    void EverySeriesStandsOut() {
+        QFETCH(QPalette, palette);
+        const Inks inks =
+            QByteArray(QTest::currentDataTag()) == "paper" ? Inks() : ScreenInks(palette);
+        for (int series = 0; series < MarkSeriesCount; ++series) {
+            QVERIFY2(Contrast(SeriesColour(series, inks), inks.ground) >= Least,
+                     qPrintable(QString::number(series)));
+            for (const bool isFilled : {false, true}) {
+                const QImage mark = PaintedMark(series, isFilled, inks);
+                double best = 0;
+                for (int y = 0; y < mark.height(); ++y)
+                    for (int x = 0; x < mark.width(); ++x)
+                        best = std::max(best, Contrast(mark.pixelColor(x, y), inks.ground));
+                QVERIFY2(best >= Least, qPrintable(QString::number(series)));
+            }
+        }
+    }
+
+    void EverySeriesHasAShapeOfItsOwn() {
+        QList<QImage> shapes;
+        for (int series = 0; series < MarkSeriesCount; ++series) {
+            QImage shape = PaintedMark(series, true, Inks());
+            for (int y = 0; y < shape.height(); ++y)
+                for (int x = 0; x < shape.width(); ++x)
+                    if (shape.pixelColor(x, y) != QColor(Qt::white))
+                        shape.setPixelColor(x, y, Qt::black);
+            QVERIFY(!shapes.contains(shape));
+            shapes.append(shape);
+        }
     }
 
     void WhatIsSeenOfTheLegendStandsOut_data() { AddPalettes(); }

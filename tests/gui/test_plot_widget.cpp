@@ -155,8 +155,7 @@ private Q_SLOTS:
         const QString path = folder_->filePath(u"named"_s);
         Answers answers;
         answers.Dialog<QFileDialog>([path](QFileDialog& dialog) {
-            dialog.selectNameFilter(u"PNG (*.png)"_s);
-            Q_EMIT dialog.filterSelected(u"PNG (*.png)"_s);
+            dialog.selectNameFilter(u"PNG (*.png)(*.png)"_s);
             auto* edit = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s);
             edit->setText(path);
             QTest::keyClick(edit, Qt::Key_Return);

@@ -128,6 +128,32 @@ private Q_SLOTS:
             QVERIFY(second.left() > first.right() && second.top() == first.top());
     }
 
+    void ComparingProjectsFitsTheScreen() {
+        Program program;
+        program.Choose(u"mnuCompareProjects"_s);
+        auto& frm = program.Find<QDialog>(u"CompareProjectsFrm"_s);
+        QVERIFY(frm.width() <= frm.screen()->availableSize().width());
+        QVERIFY(frm.height() <= frm.screen()->availableSize().height());
+        auto* content = frm.findChild<QScrollArea*>();
+        QCOMPARE(content->horizontalScrollBar()->maximum(), 0);
+        for (const char* name :
+             {"CompareAdd", "CompareRemove", "CompareUp", "CompareDown", "CompareReload",
+              "CompareLengthUnit", "CompareTimeUnit", "CompareGroup", "CompareGrid",
+              "CompareStatistics", "ComparePlot", "CompareTimeLag"}) {
+            QWidget& control = program.Find(QString::fromLatin1(name));
+            content->ensureWidgetVisible(&control);
+            const QRect place(control.mapTo(content->viewport(), QPoint()), control.size());
+            QVERIFY2(place.left() >= 0 && place.right() < content->viewport()->width(), name);
+            QVERIFY2(place.intersects(content->viewport()->rect()), name);
+        }
+        for (const char* name :
+             {"CompareCopy", "CompareSave", "CompareRecord", "CompareClose", "CompareStatusText"}) {
+            QWidget& control = program.Find(QString::fromLatin1(name));
+            const QRect place(control.mapTo(&frm, QPoint()), control.size());
+            QVERIFY2(frm.rect().contains(place), name);
+        }
+    }
+
     void TheWellPictureScalesAndIsSeenWhole() {
         ScreenProgram program;
         program.ClickTab(3);
