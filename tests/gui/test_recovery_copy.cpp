@@ -231,6 +231,7 @@ private Q_SLOTS:
         program.Find(u"RecDatGrid"_s).setFocus();
         QTest::keyClicks(&program.Find(u"RecDatGrid"_s), u"12.5"_s);
         program.Window().OpenPath(Example);
+        QCOMPARE(Copies().size(), 1);
         QVERIFY(Bytes(PathOf(Copies().constFirst())).contains("\"12.5\""));
     }
 
