@@ -30,6 +30,7 @@
 #include "recovery/RecoveryDataPanel.h"
 #include "wellgeometry/WellGeometryPanel.h"
 #include "widgets/MessageBoxes.h"
+#include "widgets/PageScroll.h"
 #include "widgets/Panel.h"
 #include "widgets/QtTexts.h"
 
@@ -41,7 +42,6 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QScopedValueRollback>
-#include <QScrollArea>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QTimer>
@@ -163,12 +163,7 @@ QWidget* BRMainForm::MakePanel(int panel, Panel* content) {
     rows->addWidget(title);
     if (content == nullptr)
         return frame;
-    auto* scroll = new QScrollArea;
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setWidgetResizable(true);
-    scroll->setWidget(content);
-    rows->addWidget(scroll, 1);
+    rows->addWidget(new PageScroll(content), 1);
     return frame;
 }
 

@@ -1,6 +1,7 @@
 #include "app/GeneralTools.h"
 
 #include "output/Drawing.h"
+#include "widgets/ScreenFit.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -33,9 +34,9 @@ void CentreWindow(QWidget* window) {
 }
 
 void MoveToCentre(QWidget* window) {
-    const QRect area = window->screen()->availableGeometry();
-    window->move(area.left() + (area.width() - window->width()) / 2,
-                 area.top() + (area.height() - window->height()) / 2);
+    QRect centred(QPoint(), window->size().boundedTo(ScreenRoom(*window).size()));
+    centred.moveCenter(ScreenRoom(*window).center());
+    window->setGeometry(centred);
 }
 
 void CommitEdits() {

@@ -10,7 +10,7 @@ void SizeWindowToScreen(QWidget* window, int widthMargin, int heightMargin, int 
 
 /// Makes a window as large as its contents ask for and centres it on its screen.
 void CentreWindow(QWidget* window);
-/// Centres a window on its screen in the size it has.
+/// Centres a window on its screen in the size it has, as far as the screen has room for that.
 void MoveToCentre(QWidget* window);
 
 /// Puts what the user is typing in a grid's cell into the grid, as leaving the cell does.

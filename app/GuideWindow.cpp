@@ -1,9 +1,10 @@
 #include "app/GuideWindow.h"
 
+#include "widgets/ScreenFit.h"
+
 #include <QDesktopServices>
 #include <QDialogButtonBox>
 #include <QPushButton>
-#include <QScreen>
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QVBoxLayout>
@@ -60,7 +61,7 @@ GuideWindow::GuideWindow(QWidget* parent)
 QSize GuideWindow::sizeHint() const {
     const QFontMetrics metrics(text_->font());
     return QSize(metrics.averageCharWidth() * LineCharacters, metrics.lineSpacing() * Lines)
-        .boundedTo(screen()->availableSize() * 9 / 10);
+        .boundedTo(ScreenRoom(*this).size());
 }
 
 void GuideWindow::ShowChapter(const QString& heading) {

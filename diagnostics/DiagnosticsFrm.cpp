@@ -9,14 +9,13 @@
 #include "output/PrintDocument.h"
 #include "widgets/CommandButton.h"
 #include "widgets/MessageBoxes.h"
+#include "widgets/PageScroll.h"
 #include "widgets/QtTexts.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QScreen>
-#include <QScrollArea>
 #include <QTabWidget>
 #include <algorithm>
 
@@ -59,7 +58,7 @@ DiagnosticsFrm::DiagnosticsFrm(const Analysis& analysis, QWidget* parent)
     layout->addLayout(BuildButtons());
     const QSize forFont(fontMetrics().averageCharWidth() * FirstCharacters,
                         fontMetrics().lineSpacing() * FirstLines);
-    resize(FirstSize.expandedTo(forFont).boundedTo(screen()->availableSize()));
+    resize(FirstSize.expandedTo(forFont));
     Release();
 }
 
@@ -74,12 +73,8 @@ QWidget* DiagnosticsFrm::BuildHead() {
     bold.setBold(true);
     sentence_->setFont(bold);
     stateLine_ = MakeSentence(QStringLiteral("DiagnosticsState"));
-    sentenceArea_ = new QScrollArea;
-    sentenceArea_->setFrameShape(QFrame::NoFrame);
-    sentenceArea_->setFocusPolicy(Qt::NoFocus);
+    sentenceArea_ = new PageScroll(sentence_);
     sentenceArea_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    sentenceArea_->setWidgetResizable(true);
-    sentenceArea_->setWidget(sentence_);
     rows->addWidget(sentenceArea_);
     rows->addWidget(stateLine_);
     return head;

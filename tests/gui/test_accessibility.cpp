@@ -10,6 +10,8 @@
 #include <QAccessible>
 #include <QClipboard>
 #include <QComboBox>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -24,11 +26,21 @@ QAccessibleInterface& Accessible(QObject& object) {
     return *QAccessible::queryAccessibleInterface(&object);
 }
 
+/// Where a control stands on the screen while no page is scrolled.
+QPoint PlaceOf(const QWidget& control) {
+    QPoint place = control.mapToGlobal(QPoint());
+    for (const QWidget* outer = control.parentWidget(); outer; outer = outer->parentWidget())
+        if (const auto* page = qobject_cast<const QScrollArea*>(outer))
+            place +=
+                QPoint(page->horizontalScrollBar()->value(), page->verticalScrollBar()->value());
+    return place;
+}
+
 /// Stops from the topmost control on: where the keyboard was at first says nothing of the order.
 QList<QWidget*> FromTheTop(QList<QWidget*> stops) {
     const auto top = std::min_element(stops.begin(), stops.end(), [](QWidget* a, QWidget* b) {
-        const QPoint at = a->mapToGlobal(QPoint());
-        const QPoint bt = b->mapToGlobal(QPoint());
+        const QPoint at = PlaceOf(*a);
+        const QPoint bt = PlaceOf(*b);
         return at.y() != bt.y() ? at.y() < bt.y() : at.x() < bt.x();
     });
     std::rotate(stops.begin(), top, stops.end());
@@ -176,6 +188,7 @@ private Q_SLOTS:
         ActiveProgram program;
         program.ClickTab(3);
         auto& above = program.Find<QAbstractButton>(u"SSRibbon1"_s);
+        QCoreApplication::processEvents();
         const QRect before = above.geometry();
         QVERIFY(above.font().bold());
         QTest::mouseClick(&program.Find(u"SSRibbon2"_s), Qt::LeftButton);

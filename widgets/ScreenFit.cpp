@@ -1,0 +1,45 @@
+#include "widgets/ScreenFit.h"
+
+#include <QDialog>
+#include <QEvent>
+#include <QScreen>
+#include <algorithm>
+
+namespace quarnel {
+
+namespace {
+
+/// Of the free width each side leaves so many parts; of the height the title bar gets most.
+constexpr int PartsAtTheSide = 20;
+constexpr int PartsAbove = 12;
+constexpr int PartsBelow = 60;
+
+void Fit(QDialog& dialog) {
+    const QRect room = ScreenRoom(dialog);
+    dialog.resize(dialog.size().boundedTo(room.size()));
+    // One that has no place of its own yet is placed by the toolkit.
+    if (!dialog.testAttribute(Qt::WA_Moved))
+        return;
+    const QPoint place(std::clamp(dialog.x(), room.left(), room.right() + 1 - dialog.width()),
+                       std::clamp(dialog.y(), room.top(), room.bottom() + 1 - dialog.height()));
+    if (dialog.frameGeometry() == dialog.geometry() && place != dialog.pos())
+        dialog.setGeometry(QRect(place, dialog.size()));
+}
+
+} // namespace
+
+QRect ScreenRoom(const QWidget& window) {
+    const QRect area = window.screen()->availableGeometry();
+    const int side = area.width() / PartsAtTheSide;
+    return area.adjusted(side, area.height() / PartsAbove, -side, -area.height() / PartsBelow);
+}
+
+bool ScreenFit::eventFilter(QObject* receiver, QEvent* event) {
+    if (event->type() == QEvent::Show && !event->spontaneous())
+        if (auto* dialog = qobject_cast<QDialog*>(receiver);
+            dialog != nullptr && dialog->isWindow())
+            Fit(*dialog);
+    return QObject::eventFilter(receiver, event);
+}
+
+} // namespace quarnel
