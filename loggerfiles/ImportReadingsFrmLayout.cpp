@@ -29,9 +29,17 @@ ImportReadingsFrm::ImportReadingsFrm(LoggerSource source, std::shared_ptr<const 
     importState_->setObjectName(QStringLiteral("ImportState"));
     importState_->setWordWrap(true);
     importState_->setTextFormat(Qt::PlainText);
+    whyNot_ = new QLabel;
+    whyNot_->setObjectName(QStringLiteral("ImportWhyNot"));
+    whyNot_->setWordWrap(true);
+    whyNot_->setTextFormat(Qt::PlainText);
+    QFont bold = whyNot_->font();
+    bold.setBold(true);
+    whyNot_->setFont(bold);
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(new PageScroll(BuildContent()), 1);
     rows->addWidget(importState_);
+    rows->addWidget(whyNot_);
     rows->addLayout(BuildButtons());
     MakePlan();
     resize(900, 640);
