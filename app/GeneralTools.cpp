@@ -5,6 +5,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QDialog>
 #include <QInputMethod>
 #include <QScreen>
 
@@ -29,7 +30,9 @@ void SizeWindowToScreen(QWidget* window, int widthMargin, int heightMargin, int 
 }
 
 void CentreWindow(QWidget* window) {
+    // The toolkit alone goes no farther than two thirds of the screen.
     window->adjustSize();
+    window->resize(window->size().expandedTo(window->sizeHint()));
     MoveToCentre(window);
 }
 
@@ -37,6 +40,14 @@ void MoveToCentre(QWidget* window) {
     QRect centred(QPoint(), window->size().boundedTo(ScreenRoom(*window).size()));
     centred.moveCenter(ScreenRoom(*window).center());
     window->setGeometry(centred);
+}
+
+void ShowDialog(QDialog* dialog) {
+    if (!dialog->testAttribute(Qt::WA_Moved) && !dialog->isVisible())
+        CentreWindow(dialog);
+    dialog->show();
+    dialog->raise();
+    dialog->activateWindow();
 }
 
 void CommitEdits() {

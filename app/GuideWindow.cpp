@@ -1,5 +1,6 @@
 #include "app/GuideWindow.h"
 
+#include "app/GeneralTools.h"
 #include "widgets/ScreenFit.h"
 
 #include <QDesktopServices>
@@ -56,6 +57,14 @@ GuideWindow::GuideWindow(QWidget* parent)
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(text_, 1);
     rows->addWidget(buttons);
+}
+
+void GuideWindow::ShowBeside(QWidget& window, const QString& heading) {
+    auto* guide = window.findChild<GuideWindow*>(QString(), Qt::FindDirectChildrenOnly);
+    if (guide == nullptr)
+        guide = new GuideWindow(&window);
+    ShowDialog(guide);
+    guide->ShowChapter(heading);
 }
 
 QSize GuideWindow::sizeHint() const {

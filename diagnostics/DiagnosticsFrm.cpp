@@ -11,11 +11,13 @@
 #include "widgets/MessageBoxes.h"
 #include "widgets/PageScroll.h"
 #include "widgets/QtTexts.h"
+#include "widgets/TabKeys.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QTabBar>
 #include <QTabWidget>
 #include <algorithm>
 
@@ -92,6 +94,7 @@ QTabWidget* DiagnosticsFrm::BuildTabs() {
     for (std::size_t i = 0; i < PageCount; ++i)
         tabs_->addTab(pages_[i], ToQString(DiagnosticsPageTitles[i]));
     connect(tabs_, &QTabWidget::currentChanged, this, &DiagnosticsFrm::ShowCurrentPage);
+    TurnByPageKeys(*tabs_->tabBar(), *this);
     connect(windows_, &HeadWindowsPageWidget::MarkHeadRange, this, &DiagnosticsFrm::MarkHeadRange);
     connect(windows_, &HeadWindowsPageWidget::MarkFirstSegment, this,
             &DiagnosticsFrm::MarkFirstSegment);
@@ -115,8 +118,8 @@ QLayout* DiagnosticsFrm::BuildButtons() {
                          QStringLiteral("Save all pages as one sheet in a PDF file"),
                          &DiagnosticsFrm::SaveAsPdf)};
     row->addStretch(1);
-    AddCommandButton(row, this, QStringLiteral("DiagnosticsClose"), QStringLiteral("C&lose"),
-                     QString(), &QDialog::reject);
+    close_ = AddCommandButton(row, this, QStringLiteral("DiagnosticsClose"),
+                              QStringLiteral("C&lose"), QString(), &QDialog::reject);
     return row;
 }
 
@@ -230,6 +233,9 @@ void DiagnosticsFrm::resizeEvent(QResizeEvent* event) {
 void DiagnosticsFrm::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     ShowState();
+    // As to one who comes by keys: the frame around the tab shows where they go.
+    setAttribute(Qt::WA_KeyboardFocusChange);
+    (tabs_->isEnabled() ? static_cast<QWidget*>(tabs_) : close_)->setFocus(Qt::ShortcutFocusReason);
 }
 
 void DiagnosticsFrm::hideEvent(QHideEvent* event) {

@@ -91,6 +91,7 @@ private:
     SensitivityPageWidget* sensitivity_ = nullptr;
     ResidualsPageWidget* residuals_ = nullptr;
     std::array<QPushButton*, 3> outputButtons_{};
+    QPushButton* close_ = nullptr;
 };
 
 } // namespace quarnel

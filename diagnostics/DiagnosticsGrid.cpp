@@ -233,8 +233,9 @@ int DiagnosticsGrid::ColumnWidth(int column) {
 }
 
 void DiagnosticsGrid::FitHeight() {
+    const int oneLine = fontMetrics().height() + CellMargin; // as in all grids
     for (int row = 0; row < model_.rowCount(); ++row)
-        setRowHeight(row, sizeHintForRow(row) + CellMargin / 2);
+        setRowHeight(row, std::max(sizeHintForRow(row), oneLine));
     int height = 2 * frameWidth() + verticalHeader()->length();
     if (!horizontalHeader()->isHidden())
         height += horizontalHeader()->sizeHint().height();

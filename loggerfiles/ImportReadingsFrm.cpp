@@ -226,6 +226,7 @@ void ImportReadingsFrm::ShowMessages() {
     if (messages_->toPlainText() != text)
         messages_->setPlainText(text);
     importState_->setText(ToQString(plan_->StateLine()));
+    importState_->setVisible(!importState_->text().isEmpty());
     ShowWhetherOk();
 }
 

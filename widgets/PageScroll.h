@@ -11,8 +11,12 @@ class PageScroll : public QScrollArea {
 public:
     explicit PageScroll(QWidget* content = nullptr);
 
+    /// Scrolls the pages around a control so that it is seen.
+    static void BringIntoView(QWidget& control);
+
 private:
-    void FollowKeyboard(QWidget* now);
+    void FollowKeyboard(QWidget* before, QWidget* now);
+    void ShowWithMargin(QWidget& control);
 };
 
 } // namespace quarnel

@@ -4,6 +4,7 @@
 #include "tests/gui/AccessibilityWalk.h"
 #include "tests/gui/ActiveProgram.h"
 #include "tests/gui/ImportTestSupport.h"
+#include "tests/gui/MenuTestSupport.h"
 
 #include "app/RecoveryOffer.h"
 
@@ -159,6 +160,37 @@ private Q_SLOTS:
         }
     }
 
+    void ContextMenus_data() {
+        QTest::addColumn<QString>("control");
+        for (const char* control : {"Plot1", "ComputedKLabel", "RecDatGrid", "RecDatWeightGrid"})
+            QTest::newRow(control) << QString::fromLatin1(control);
+    }
+
+    void ContextMenus() {
+        QFETCH(QString, control);
+        ActiveProgram program;
+        program.Window().OpenPath(Example);
+        program.ClickTab(5);
+        program.Press("CmdComputeK");
+        if (control == u"RecDatGrid"_s)
+            program.ClickTab(4);
+        QStringList faults;
+        int entries = 0;
+        const auto look = [&](QMenu& menu) {
+            faults = FaultsOfTree(menu, {});
+            for (const QAction* action : menu.actions()) {
+                entries += action->isSeparator() ? 0 : 1;
+                if (!action->isSeparator() && QKeySequence::mnemonic(action->text()).isEmpty())
+                    faults << u"No letter: "_s + action->text();
+            }
+        };
+        auto& widget = program.Find(control);
+        auto* area = qobject_cast<QAbstractScrollArea*>(&widget);
+        WithMenu(area != nullptr ? *area->viewport() : widget, look);
+        QCOMPARE(faults, QStringList());
+        QVERIFY(entries > 0);
+    }
+
     // ---- What things are -----------------------------------------------------------------------
 
     void ThePicturesAreAChoiceOfOne() {
@@ -269,6 +301,19 @@ private Q_SLOTS:
         }
     }
 
+    void TheComparisonOfProjects() {
+        ActiveProgram program;
+        program.Choose(u"mnuCompareProjects"_s);
+        QWidget& window = program.Find(u"CompareProjectsFrm"_s);
+        QCOMPARE(Faults(window), QString());
+        Answers answers;
+        answers.FileName(Example);
+        QTest::mouseClick(&Find(window, u"CompareAdd"_s), Qt::LeftButton);
+        QTRY_VERIFY(Find<QTableView>(window, u"CompareGrid"_s).model()->rowCount() > 0);
+        QTRY_VERIFY(!Find(window, u"CompareProgress"_s).isVisible());
+        QCOMPARE(Faults(window), QString());
+    }
+
     void TheImportOfReadings_data() {
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("many readings") << SecondsTable(3000);
@@ -327,6 +372,13 @@ private Q_SLOTS:
         program.Window().OpenPath(Example);
         program.ClickTab(5);
         program.Press("CmdComputeK");
+        program.Press("CmdPrintPlot");
+        program.Press("CmdPrtSummary");
+        for (const auto& button : {u"CmdPlotPdf"_s, u"CmdReportPdf"_s, u"CmdPrtResults"_s})
+            QCOMPARE(FaultsOfModal<QFileDialog>(
+                         [&] { QTest::mouseClick(&program.Find(button), Qt::LeftButton); }),
+                     QString());
+        program.Window().activateWindow();
         for (const auto& command :
              {u"mnuOpenFile"_s, u"mnuSaveAs"_s, u"mnuImportReadings"_s, u"SavePlot"_s})
             QCOMPARE(FaultsOfModal<QFileDialog>([&] {
