@@ -37,9 +37,10 @@ void CentreWindow(QWidget* window) {
 }
 
 void MoveToCentre(QWidget* window) {
-    QRect centred(QPoint(), window->size().boundedTo(ScreenRoom(*window).size()));
-    centred.moveCenter(ScreenRoom(*window).center());
-    window->setGeometry(centred);
+    const QRect area = window->screen()->availableGeometry();
+    window->resize(window->size().boundedTo(ScreenRoom(*window).size()));
+    window->move(area.left() + (area.width() - window->width()) / 2,
+                 area.top() + (area.height() - window->height()) / 2);
 }
 
 void ShowDialog(QDialog* dialog) {

@@ -9,10 +9,9 @@ namespace quarnel {
 
 namespace {
 
-/// Of the free width each side leaves so many parts; of the height the title bar gets most.
-constexpr int PartsAtTheSide = 20;
+/// Of the free height a frame gets these parts, the title bar most of them.
 constexpr int PartsAbove = 12;
-constexpr int PartsBelow = 60;
+constexpr int PartsBelow = 24;
 
 void Fit(QDialog& dialog) {
     const QRect room = ScreenRoom(dialog);
@@ -20,8 +19,9 @@ void Fit(QDialog& dialog) {
     // One that has no place of its own yet is placed by the toolkit.
     if (!dialog.testAttribute(Qt::WA_Moved))
         return;
-    const QPoint place(std::clamp(dialog.x(), room.left(), room.right() + 1 - dialog.width()),
-                       std::clamp(dialog.y(), room.top(), room.bottom() + 1 - dialog.height()));
+    const QPoint place(
+        std::max(room.left(), std::min(dialog.x(), room.right() + 1 - dialog.width())),
+        std::max(room.top(), std::min(dialog.y(), room.bottom() + 1 - dialog.height())));
     if (dialog.frameGeometry() == dialog.geometry() && place != dialog.pos())
         dialog.setGeometry(QRect(place, dialog.size()));
 }
@@ -30,8 +30,7 @@ void Fit(QDialog& dialog) {
 
 QRect ScreenRoom(const QWidget& window) {
     const QRect area = window.screen()->availableGeometry();
-    const int side = area.width() / PartsAtTheSide;
-    return area.adjusted(side, area.height() / PartsAbove, -side, -area.height() / PartsBelow);
+    return area.adjusted(0, area.height() / PartsAbove, 0, -area.height() / PartsBelow);
 }
 
 bool ScreenFit::eventFilter(QObject* receiver, QEvent* event) {
