@@ -4,6 +4,7 @@
 #include "app/DroppedProject.h"
 #include "app/GeneralTools.h"
 #include "app/GuideWindow.h"
+#include "app/HelpKey.h"
 #include "app/MainGlobal.h"
 #include "app/RecentProjects.h"
 #include "app/RecoveryCopy.h"
@@ -30,8 +31,10 @@
 #include "recovery/RecoveryDataPanel.h"
 #include "wellgeometry/WellGeometryPanel.h"
 #include "widgets/MessageBoxes.h"
+#include "widgets/PageScroll.h"
 #include "widgets/Panel.h"
 #include "widgets/QtTexts.h"
+#include "widgets/TabKeys.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -41,7 +44,6 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QScopedValueRollback>
-#include <QScrollArea>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QTimer>
@@ -54,18 +56,6 @@
 #include <vector>
 
 namespace quarnel {
-
-namespace {
-
-void ShowDialog(QDialog* dialog) {
-    if (!dialog->testAttribute(Qt::WA_Moved) && !dialog->isVisible())
-        CentreWindow(dialog);
-    dialog->show();
-    dialog->raise();
-    dialog->activateWindow();
-}
-
-} // namespace
 
 BRMainForm::BRMainForm(QWidget* parent)
     : QMainWindow(parent) {
@@ -90,6 +80,7 @@ BRMainForm::BRMainForm(QWidget* parent)
     statusBar()->addWidget(status_, 1);
     setAcceptDrops(true);
     qApp->installEventFilter(this);
+    qApp->installEventFilter(new HelpKey(this));
 }
 
 void BRMainForm::BuildTabStrip(QVBoxLayout* rows) {
@@ -100,14 +91,7 @@ void BRMainForm::BuildTabStrip(QVBoxLayout* rows) {
     for (const std::string_view caption : TabCaptions)
         TabStrip2->addTab(ToQString(caption));
     connect(TabStrip2, &QTabBar::currentChanged, this, &BRMainForm::ClickTab);
-    const auto step = [this](int by) {
-        TabStrip2->setCurrentIndex((TabStrip2->currentIndex() + by + TabStrip2->count()) %
-                                   TabStrip2->count());
-    };
-    connect(new QShortcut(Qt::CTRL | Qt::Key_PageDown, this), &QShortcut::activated, this,
-            [step] { step(1); });
-    connect(new QShortcut(Qt::CTRL | Qt::Key_PageUp, this), &QShortcut::activated, this,
-            [step] { step(-1); });
+    TurnByPageKeys(*TabStrip2, *this);
     for (int tab = 1; tab <= TabStrip2->count(); ++tab) {
         const QKeySequence keys(Qt::ALT | static_cast<Qt::Key>(Qt::Key_0 + tab));
         TabStrip2->setTabToolTip(tab - 1, keys.toString(QKeySequence::NativeText));
@@ -140,8 +124,12 @@ void BRMainForm::BuildPanels(QVBoxLayout* rows) {
             ShowChecked(*working.recovery.RecoveryPoints);
     });
     connect(recoveryData_, &RecoveryDataPanel::Pasted, this, &BRMainForm::ShowPasted);
+    connect(recoveryData_, &RecoveryDataPanel::TookBack, this, [this](bool undone) {
+        ShowStatus(undone ? QStringLiteral("Took back the last change of the readings")
+                          : QStringLiteral("Made the last change of the readings again"));
+    });
     connect(wellGeometry_, &WellGeometryPanel::Accepted, this,
-            [this] { ShowChecked(RecoveryPointList()); });
+            [this] { ShowChecked(ReadingsAsTyped(analysis_.state)); });
     for (const Panel* content : contents_)
         if (content != compute_)
             connect(content, &Panel::Edited, this, &BRMainForm::ScheduleCurrencyCheck);
@@ -163,12 +151,7 @@ QWidget* BRMainForm::MakePanel(int panel, Panel* content) {
     rows->addWidget(title);
     if (content == nullptr)
         return frame;
-    auto* scroll = new QScrollArea;
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setWidgetResizable(true);
-    scroll->setWidget(content);
-    rows->addWidget(scroll, 1);
+    rows->addWidget(new PageScroll(content), 1);
     return frame;
 }
 
@@ -264,6 +247,8 @@ void BRMainForm::FocusPage() {
 void BRMainForm::GoTo(const FaultPlace& place) {
     wellGeometry_->GoTo(place);
     recoveryData_->GoTo(place);
+    if (QWidget* control = focusWidget())
+        PageScroll::BringIntoView(*control);
 }
 
 void BRMainForm::SelectTab(int tab) {
@@ -356,6 +341,11 @@ void BRMainForm::ShowWhetherCurrent() {
         diagnostics_->ShowStale(stale);
 }
 
+void BRMainForm::TakeKeyboard() {
+    activateWindow();
+    FocusPage();
+}
+
 void BRMainForm::ShowTitle() {
     // Qt takes "[*]" in a title for the mark of a changed document; doubled, it stands for itself.
     QString title = ToQString(MainWindowTitle(analysis_.file.CurrentProjectFile));
@@ -401,11 +391,8 @@ void BRMainForm::Exit() {
 void BRMainForm::ShowGuide() {
     constexpr std::array<const char*, 5> Chapters = {"Who and where", "Who and where", "The well",
                                                      "The readings", "K"};
-    if (guide_ == nullptr)
-        guide_ = new GuideWindow(this);
-    Open(guide_);
-    guide_->ShowChapter(
-        QString::fromUtf8(Chapters[static_cast<std::size_t>(TabStrip2->currentIndex())]));
+    GuideWindow::ShowBeside(
+        *this, QString::fromUtf8(Chapters[static_cast<std::size_t>(TabStrip2->currentIndex())]));
 }
 
 void BRMainForm::About() {

@@ -26,7 +26,6 @@ class ComputePanel;
 class ComputedYFrm;
 class DiagnosticsFrm;
 class Panel;
-class GuideWindow;
 class PrtPlotFrm;
 class PrtResults;
 class RecentProjects;
@@ -93,6 +92,8 @@ private:
     void HidePanels();
     /// Gives the keyboard to the page that is shown.
     void FocusPage();
+    /// Gets the keyboard for the page that is shown, whatever window had it.
+    void TakeKeyboard();
     /// Leads to the text that a message names.
     void GoTo(const FaultPlace& place);
     void ClickTab();
@@ -146,7 +147,6 @@ private:
     Analysis analysis_;
     RecoveryCopy* recoveryCopy_ = nullptr;
     RecentProjects* recent_ = nullptr;
-    GuideWindow* guide_ = nullptr;
     bool exitConfirmed_ = false;
     bool exitAsked_ = false; ///< "Confirm Exit" stands
     QTimer* currencyCheck_ = nullptr;

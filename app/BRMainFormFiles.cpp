@@ -189,6 +189,8 @@ void BRMainForm::CarryOut(const ImportPlan& plan) {
         recoveryData_->TakeReadings(std::move(imported.RecDatGrid), SettingsOf(imported));
     }
     SelectTab(RecoveryDataTab);
+    // A question over a window that closes right behind it leaves some desktops at a loss.
+    TakeKeyboard();
     ShowStatus(ToQString(ImportedText(plan)));
 }
 

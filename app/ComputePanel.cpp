@@ -36,6 +36,16 @@ namespace {
 /// Of spare width the plot takes so many parts, the grid beside it one.
 constexpr int PlotStretch = 3;
 
+/// What "Compute K/ Plot" has done. K itself is said by its label alone, in its units of the
+/// moment.
+QString ComputedText(const Analysis& analysis) {
+    if (!analysis.computation)
+        return QStringLiteral("K was not computed");
+    return QStringLiteral("Computed K from %1 of %2 points")
+        .arg(analysis.computation->usedCount)
+        .arg(analysis.computation->recovery.RecoveryPoints->size());
+}
+
 } // namespace
 
 ComputePanel::ComputePanel(Analysis& analysis, QWidget* parent)
@@ -126,14 +136,18 @@ QBoxLayout* ComputePanel::BuildKDisplay() {
     connect(CmboKLengthUnits, &QComboBox::activated, this, &ComputePanel::ChooseKLength);
     connect(CmboKTimeUnits, &QComboBox::activated, this, &ComputePanel::ChooseKTime);
 
-    caption->setBuddy(CmboKLengthUnits);
-    caption->setAccessibleName(CmboKLengthUnits->accessibleName());
+    // Alt+K leads to K itself, to be read and copied.
+    caption->setBuddy(ComputedKLabel);
+    auto* unit = new QLabel(QStringLiteral("&Unit"), this);
+    unit->setBuddy(CmboKLengthUnits);
+    unit->setAccessibleName(CmboKLengthUnits->accessibleName());
     auto* per = new QLabel(QStringLiteral("&/"), this);
     per->setBuddy(CmboKTimeUnits);
     per->setAccessibleName(CmboKTimeUnits->accessibleName());
     auto* row = new QHBoxLayout;
     row->addWidget(caption);
     row->addWidget(ComputedKLabel);
+    row->addWidget(unit);
     row->addWidget(CmboKLengthUnits);
     row->addWidget(per);
     row->addWidget(CmboKTimeUnits);
@@ -218,10 +232,14 @@ void ComputePanel::changeEvent(QEvent* event) {
         MakeGrey();
 }
 
-/// The layout has arranged the page by now.
-void ComputePanel::resizeEvent(QResizeEvent* event) {
-    Panel::resizeEvent(event);
-    SetTabOrder();
+/// The page is arranged anew not only where its size changes: larger letters break its rows too.
+/// The layout has done so by the time the event comes here.
+bool ComputePanel::event(QEvent* event) {
+    const bool done = Panel::event(event);
+    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Resize ||
+        event->type() == QEvent::Show)
+        SetTabOrder();
+    return done;
 }
 
 void ComputePanel::AddToPlotMenu(QAction* action) {
@@ -242,6 +260,7 @@ void ComputePanel::Compute() {
         ShowComputation();
         Q_EMIT ComputationChanged();
     }
+    Q_EMIT Told(ComputedText(analysis_));
     if (result.IsError())
         ShowMessage(this, ToQString(result.message));
     else if (!analysis_.computation->line.Falls())

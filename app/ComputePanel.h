@@ -42,14 +42,15 @@ Q_SIGNALS:
     void DetailsRequested();   ///< CmdDetails
     void PrintPlotRequested(); ///< CmdPrintPlot
     void SummaryRequested();   ///< CmdPrtSummary
-    /// A picture of the plot went into a file or could not be written; `said` names the file.
+    /// Something was done that the user is to read of: K computed or not, a picture of the plot
+    /// saved where or not.
     void Told(const QString& said);
     /// "Compute K/ Plot" has made or dropped the computation, or K is shown in other units.
     void ComputationChanged();
 
 protected:
     void changeEvent(QEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
     void SetTabOrder();

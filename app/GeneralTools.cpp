@@ -1,9 +1,11 @@
 #include "app/GeneralTools.h"
 
 #include "output/Drawing.h"
+#include "widgets/ScreenFit.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QDialog>
 #include <QInputMethod>
 #include <QScreen>
 
@@ -28,14 +30,25 @@ void SizeWindowToScreen(QWidget* window, int widthMargin, int heightMargin, int 
 }
 
 void CentreWindow(QWidget* window) {
+    // The toolkit alone goes no farther than two thirds of the screen.
     window->adjustSize();
+    window->resize(window->size().expandedTo(window->sizeHint()));
     MoveToCentre(window);
 }
 
 void MoveToCentre(QWidget* window) {
     const QRect area = window->screen()->availableGeometry();
+    window->resize(window->size().boundedTo(ScreenRoom(*window).size()));
     window->move(area.left() + (area.width() - window->width()) / 2,
                  area.top() + (area.height() - window->height()) / 2);
+}
+
+void ShowDialog(QDialog* dialog) {
+    if (!dialog->testAttribute(Qt::WA_Moved) && !dialog->isVisible())
+        CentreWindow(dialog);
+    dialog->show();
+    dialog->raise();
+    dialog->activateWindow();
 }
 
 void CommitEdits() {

@@ -1,9 +1,11 @@
 #include "app/GuideWindow.h"
 
+#include "app/GeneralTools.h"
+#include "widgets/ScreenFit.h"
+
 #include <QDesktopServices>
 #include <QDialogButtonBox>
 #include <QPushButton>
-#include <QScreen>
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QVBoxLayout>
@@ -57,10 +59,18 @@ GuideWindow::GuideWindow(QWidget* parent)
     rows->addWidget(buttons);
 }
 
+void GuideWindow::ShowBeside(QWidget& window, const QString& heading) {
+    auto* guide = window.findChild<GuideWindow*>(QString(), Qt::FindDirectChildrenOnly);
+    if (guide == nullptr)
+        guide = new GuideWindow(&window);
+    ShowDialog(guide);
+    guide->ShowChapter(heading);
+}
+
 QSize GuideWindow::sizeHint() const {
     const QFontMetrics metrics(text_->font());
     return QSize(metrics.averageCharWidth() * LineCharacters, metrics.lineSpacing() * Lines)
-        .boundedTo(screen()->availableSize() * 9 / 10);
+        .boundedTo(ScreenRoom(*this).size());
 }
 
 void GuideWindow::ShowChapter(const QString& heading) {

@@ -15,6 +15,9 @@ class GuideWindow : public QDialog {
 public:
     explicit GuideWindow(QWidget* parent = nullptr);
 
+    /// Opens the guide beside a window that is used meanwhile, or brings up the one that stands
+    /// there.
+    static void ShowBeside(QWidget& window, const QString& heading);
     /// Shows the chapter with this heading, for example "The readings"; the beginning for "".
     void ShowChapter(const QString& heading);
     QSize sizeHint() const override;

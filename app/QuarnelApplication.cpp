@@ -4,6 +4,7 @@
 #include "widgets/MessageBoxes.h"
 #include "widgets/PartNames.h"
 #include "widgets/QtTexts.h"
+#include "widgets/ScreenFit.h"
 #include "widgets/WheelGuard.h"
 
 #include <QEvent>
@@ -33,6 +34,7 @@ QuarnelApplication::QuarnelApplication(int& argc, char** argv)
     RegisterIcon();
     installEventFilter(new WheelGuard(this));
     installEventFilter(new PartNames(this));
+    installEventFilter(new ScreenFit(this));
     setWindowIcon(QIcon(QStringLiteral(":/app/quarnel.png")));
 }
 

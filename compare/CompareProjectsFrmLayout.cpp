@@ -6,10 +6,12 @@
 #include "project/FixedLists.h"
 #include "widgets/ChoiceList.h"
 #include "widgets/CommandButton.h"
+#include "widgets/PageScroll.h"
 #include "widgets/QtTexts.h"
+#include "widgets/ReflowLayout.h"
 #include "widgets/SaidLine.h"
+#include "widgets/ScreenFit.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -17,8 +19,6 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QProgressBar>
-#include <QScreen>
-#include <QScrollArea>
 #include <QSplitter>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -57,19 +57,8 @@ CompareProjectsFrm::CompareProjectsFrm(const Analysis& analysis,
     setWindowTitle(QStringLiteral("Compare Projects"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     setAcceptDrops(true);
-    auto* scroll = new QScrollArea;
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setWidgetResizable(true);
-    scroll->setWidget(BuildContent());
-    // The area itself looks after the keyboard only on its way from one of its controls to the
-    // next.
-    connect(qApp, &QApplication::focusChanged, scroll, [scroll](QWidget*, QWidget* now) {
-        if (now != nullptr && scroll->widget()->isAncestorOf(now))
-            scroll->ensureWidgetVisible(now);
-    });
     auto* rows = new QVBoxLayout(this);
-    rows->addWidget(scroll, 1);
+    rows->addWidget(new PageScroll(BuildContent()), 1);
     rows->addWidget(BuildProgress());
     rows->addLayout(BuildOutput());
     rows->addWidget(BuildSaid());
@@ -84,7 +73,7 @@ CompareProjectsFrm::CompareProjectsFrm(const Analysis& analysis,
     connect(openProjectLook_, &QTimer::timeout, this, &CompareProjectsFrm::ShowOpenProject);
     const QSize forFont(fontMetrics().averageCharWidth() * FirstCharacters,
                         fontMetrics().lineSpacing() * FirstLines);
-    resize(FirstSize.expandedTo(forFont).boundedTo(screen()->availableSize()));
+    resize(FirstSize.expandedTo(forFont));
     ShowComparison();
     ShowProgress();
 }
@@ -102,6 +91,9 @@ QWidget* CompareProjectsFrm::BuildContent() {
     auto* lower = new QSplitter(Qt::Horizontal);
     lower->addWidget(BuildStatistics());
     lower->addWidget(BuildPlot());
+    const int besideEachOther = statistics_->minimumWidth() * 3 / 2 + LeastPlotSize.width();
+    if (besideEachOther > ScreenRoom(*this).width())
+        lower->setOrientation(Qt::Vertical);
     lower->setStretchFactor(0, 2);
     lower->setStretchFactor(1, 3);
     auto* both = new QSplitter(Qt::Vertical);
@@ -117,7 +109,7 @@ QWidget* CompareProjectsFrm::BuildContent() {
 }
 
 QLayout* CompareProjectsFrm::BuildCommands() {
-    auto* row = new QHBoxLayout;
+    auto* row = new ReflowLayout;
     AddCommandButton(
         row, this, QStringLiteral("CompareAdd"), QStringLiteral("&Add Projects..."),
         QStringLiteral("Add projects, as many as you like at once; files and folders can be "
@@ -137,7 +129,6 @@ QLayout* CompareProjectsFrm::BuildCommands() {
         AddCommandButton(row, this, QStringLiteral("CompareReload"), QStringLiteral("Read A&gain"),
                          QStringLiteral("Read all files again as they are on disk now"),
                          &CompareProjectsFrm::ReadAgain)};
-    row->addStretch(1);
     return row;
 }
 

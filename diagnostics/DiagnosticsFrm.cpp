@@ -9,14 +9,15 @@
 #include "output/PrintDocument.h"
 #include "widgets/CommandButton.h"
 #include "widgets/MessageBoxes.h"
+#include "widgets/PageScroll.h"
 #include "widgets/QtTexts.h"
+#include "widgets/TabKeys.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QScreen>
-#include <QScrollArea>
+#include <QTabBar>
 #include <QTabWidget>
 #include <algorithm>
 
@@ -59,7 +60,7 @@ DiagnosticsFrm::DiagnosticsFrm(const Analysis& analysis, QWidget* parent)
     layout->addLayout(BuildButtons());
     const QSize forFont(fontMetrics().averageCharWidth() * FirstCharacters,
                         fontMetrics().lineSpacing() * FirstLines);
-    resize(FirstSize.expandedTo(forFont).boundedTo(screen()->availableSize()));
+    resize(FirstSize.expandedTo(forFont));
     Release();
 }
 
@@ -74,12 +75,8 @@ QWidget* DiagnosticsFrm::BuildHead() {
     bold.setBold(true);
     sentence_->setFont(bold);
     stateLine_ = MakeSentence(QStringLiteral("DiagnosticsState"));
-    sentenceArea_ = new QScrollArea;
-    sentenceArea_->setFrameShape(QFrame::NoFrame);
-    sentenceArea_->setFocusPolicy(Qt::NoFocus);
+    sentenceArea_ = new PageScroll(sentence_);
     sentenceArea_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    sentenceArea_->setWidgetResizable(true);
-    sentenceArea_->setWidget(sentence_);
     rows->addWidget(sentenceArea_);
     rows->addWidget(stateLine_);
     return head;
@@ -97,6 +94,7 @@ QTabWidget* DiagnosticsFrm::BuildTabs() {
     for (std::size_t i = 0; i < PageCount; ++i)
         tabs_->addTab(pages_[i], ToQString(DiagnosticsPageTitles[i]));
     connect(tabs_, &QTabWidget::currentChanged, this, &DiagnosticsFrm::ShowCurrentPage);
+    TurnByPageKeys(*tabs_->tabBar(), *this);
     connect(windows_, &HeadWindowsPageWidget::MarkHeadRange, this, &DiagnosticsFrm::MarkHeadRange);
     connect(windows_, &HeadWindowsPageWidget::MarkFirstSegment, this,
             &DiagnosticsFrm::MarkFirstSegment);
@@ -120,8 +118,8 @@ QLayout* DiagnosticsFrm::BuildButtons() {
                          QStringLiteral("Save all pages as one sheet in a PDF file"),
                          &DiagnosticsFrm::SaveAsPdf)};
     row->addStretch(1);
-    AddCommandButton(row, this, QStringLiteral("DiagnosticsClose"), QStringLiteral("C&lose"),
-                     QString(), &QDialog::reject);
+    close_ = AddCommandButton(row, this, QStringLiteral("DiagnosticsClose"),
+                              QStringLiteral("C&lose"), QString(), &QDialog::reject);
     return row;
 }
 
@@ -235,6 +233,9 @@ void DiagnosticsFrm::resizeEvent(QResizeEvent* event) {
 void DiagnosticsFrm::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     ShowState();
+    // As to one who comes by keys: the frame around the tab shows where they go.
+    setAttribute(Qt::WA_KeyboardFocusChange);
+    (tabs_->isEnabled() ? static_cast<QWidget*>(tabs_) : close_)->setFocus(Qt::ShortcutFocusReason);
 }
 
 void DiagnosticsFrm::hideEvent(QHideEvent* event) {

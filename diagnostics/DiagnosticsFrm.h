@@ -12,13 +12,13 @@
 
 class QLabel;
 class QPushButton;
-class QScrollArea;
 class QTabWidget;
 
 namespace quarnel {
 
 class DiagnosticsPageWidget;
 class HeadWindowsPageWidget;
+class PageScroll;
 class ResidualsPageWidget;
 class SensitivityPageWidget;
 
@@ -83,7 +83,7 @@ private:
     std::array<bool, PageCount> isShown_{};
 
     QLabel* sentence_ = nullptr;
-    QScrollArea* sentenceArea_ = nullptr;
+    PageScroll* sentenceArea_ = nullptr;
     QLabel* stateLine_ = nullptr;
     QTabWidget* tabs_ = nullptr;
     std::array<DiagnosticsPageWidget*, PageCount> pages_{};
@@ -91,6 +91,7 @@ private:
     SensitivityPageWidget* sensitivity_ = nullptr;
     ResidualsPageWidget* residuals_ = nullptr;
     std::array<QPushButton*, 3> outputButtons_{};
+    QPushButton* close_ = nullptr;
 };
 
 } // namespace quarnel

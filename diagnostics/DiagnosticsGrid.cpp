@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <algorithm>
 
@@ -17,6 +18,8 @@ namespace {
 
 constexpr int CellMargin = 6;
 /// Characters that the widest column shows at least in a line.
+/// A table narrower than its texts shows so many characters and scrolls.
+constexpr int LeastGridCharacters = 40;
 constexpr int LeastCharacters = 18;
 constexpr int BarCharacters = 24;
 
@@ -161,7 +164,7 @@ DiagnosticsGrid::DiagnosticsGrid(const QString& name, const QString& accessibleN
     setTabKeyNavigation(false);
     setCornerButtonEnabled(false);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollMode(ScrollPerPixel);
     verticalHeader()->hide();
     horizontalHeader()->setSectionsClickable(false);
     horizontalHeader()->setHighlightSections(false);
@@ -186,17 +189,31 @@ void DiagnosticsGrid::ShowTexts(PageTexts texts) {
 void DiagnosticsGrid::FitToTexts() {
     int total = 2 * frameWidth();
     for (int column = 0; column < model_.columnCount(); ++column) {
-        const bool isWide = column == wideColumn_;
         const int width = ColumnWidth(column);
-        horizontalHeader()->setSectionResizeMode(column, isWide ? QHeaderView::Stretch
-                                                                : QHeaderView::Fixed);
-        if (!isWide)
+        if (column != wideColumn_) {
+            horizontalHeader()->setSectionResizeMode(column, QHeaderView::Fixed);
             horizontalHeader()->resizeSection(column, width);
+        }
         total += width;
     }
-    setMinimumWidth(total);
+    neededWidth_ = total;
+    setMinimumWidth(std::min(total, fontMetrics().averageCharWidth() * LeastGridCharacters));
     if (wideColumn_ < 0)
         setMaximumWidth(total);
+    FitToWidth();
+}
+
+/// Where the window is too narrow for the texts, this table scrolls sideways, and not the page with
+/// its sentences.
+void DiagnosticsGrid::FitToWidth() {
+    if (wideColumn_ >= 0 && wideColumn_ < horizontalHeader()->count()) {
+        const bool isCut = width() < neededWidth_;
+        const QHeaderView::ResizeMode mode = isCut ? QHeaderView::Fixed : QHeaderView::Stretch;
+        if (horizontalHeader()->sectionResizeMode(wideColumn_) != mode)
+            horizontalHeader()->setSectionResizeMode(wideColumn_, mode);
+        if (isCut)
+            horizontalHeader()->resizeSection(wideColumn_, ColumnWidth(wideColumn_));
+    }
     FitHeight();
 }
 
@@ -216,11 +233,14 @@ int DiagnosticsGrid::ColumnWidth(int column) {
 }
 
 void DiagnosticsGrid::FitHeight() {
+    const int oneLine = fontMetrics().height() + CellMargin; // as in all grids
     for (int row = 0; row < model_.rowCount(); ++row)
-        setRowHeight(row, sizeHintForRow(row) + CellMargin / 2);
+        setRowHeight(row, std::max(sizeHintForRow(row), oneLine));
     int height = 2 * frameWidth() + verticalHeader()->length();
     if (!horizontalHeader()->isHidden())
         height += horizontalHeader()->sizeHint().height();
+    if (width() < neededWidth_)
+        height += horizontalScrollBar()->sizeHint().height();
     setFixedHeight(height);
 }
 
@@ -238,7 +258,7 @@ void DiagnosticsGrid::changeEvent(QEvent* event) {
 void DiagnosticsGrid::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
     if (event->size().width() != event->oldSize().width())
-        FitHeight();
+        FitToWidth();
 }
 
 void DiagnosticsGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {

@@ -73,6 +73,7 @@ protected:
 
 private:
     void FitToTexts();
+    void FitToWidth();
     int ColumnWidth(int column);
     void FitHeight();
     void CopySelection();
@@ -80,6 +81,7 @@ private:
     TextRowsModel model_;
     QAbstractItemDelegate* bars_;
     int wideColumn_;
+    int neededWidth_ = 0; ///< for all texts
 };
 
 } // namespace quarnel

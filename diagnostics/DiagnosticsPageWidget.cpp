@@ -9,9 +9,6 @@ namespace quarnel {
 
 DiagnosticsPageWidget::DiagnosticsPageWidget(const QString& name) {
     setObjectName(name);
-    setFrameShape(QFrame::NoFrame);
-    setWidgetResizable(true);
-    setFocusPolicy(Qt::NoFocus);
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "diagnostics/DiagnosticsPages.h"
-
-#include <QScrollArea>
+#include "widgets/PageScroll.h"
 
 class QLabel;
 class QVBoxLayout;
@@ -11,7 +10,7 @@ namespace quarnel {
 
 /// One page of the window "Diagnostics": it scrolls where its window is small, and says why where
 /// it has nothing to show.
-class DiagnosticsPageWidget : public QScrollArea {
+class DiagnosticsPageWidget : public PageScroll {
     Q_OBJECT
 public:
     explicit DiagnosticsPageWidget(const QString& name);

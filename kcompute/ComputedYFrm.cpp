@@ -6,13 +6,13 @@
 #include "recovery/RecoveryData.h"
 #include "widgets/MessageBoxes.h"
 #include "widgets/QtTexts.h"
+#include "widgets/ScreenFit.h"
 #include "widgets/StaleLabel.h"
 
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollBar>
 #include <QSplitter>
 #include <algorithm>
@@ -128,22 +128,36 @@ QSize ComputedYFrm::TextSize() const {
 }
 
 QSize ComputedYFrm::sizeHint() const {
+    const QSize room = ScreenRoom(*this).size();
+    if (splitter_->orientation() == Qt::Vertical)
+        return room;
     const QSize least = SummaryText->minimumSizeHint().expandedTo(SummaryText->minimumSize());
-    return (layout()->totalMinimumSize() - least + TextSize())
-        .boundedTo(screen()->availableSize() * 9 / 10);
+    return (layout()->totalMinimumSize() - least + TextSize()).boundedTo(room);
+}
+
+/// Text and grid beside each other, or where the screen is too narrow for both one below the other.
+void ComputedYFrm::Arrange() {
+    const QMargins margins = layout()->contentsMargins();
+    const int both = SummaryText->minimumWidth() + splitter_->handleWidth() +
+                     ComputeYGrid->minimumWidth() + margins.left() + margins.right();
+    splitter_->setOrientation(both > ScreenRoom(*this).width() ? Qt::Vertical : Qt::Horizontal);
+    layout()->activate();
 }
 
 /// Where it stands, larger if the lines there are now need it.
 void ComputedYFrm::Grow() {
-    const QRect area = screen()->availableGeometry();
-    QRect wanted(QPoint(), size().expandedTo(sizeHint()));
+    Arrange();
+    const QRect room = ScreenRoom(*this);
+    QRect wanted(QPoint(), size().expandedTo(sizeHint()).boundedTo(room.size()));
     wanted.moveCenter(geometry().center());
     wanted.moveTo(
-        std::max(area.left(), std::min(wanted.left(), area.right() + 1 - wanted.width())),
-        std::max(area.top(), std::min(wanted.top(), area.bottom() + 1 - wanted.height())));
+        std::max(room.left(), std::min(wanted.left(), room.right() + 1 - wanted.width())),
+        std::max(room.top(), std::min(wanted.top(), room.bottom() + 1 - wanted.height())));
     setGeometry(wanted);
-    const int gridWidth = ComputeYGrid->minimumWidth();
-    splitter_->setSizes({wanted.width() - gridWidth, gridWidth});
+    const bool areStacked = splitter_->orientation() == Qt::Vertical;
+    const int all = areStacked ? wanted.height() : wanted.width();
+    const int grid = areStacked ? all / 3 : ComputeYGrid->minimumWidth();
+    splitter_->setSizes({all - grid, grid});
 }
 
 void ComputedYFrm::BuildGrid() {

@@ -34,6 +34,7 @@ protected:
 private:
     void BuildGrid();
     QSize TextSize() const;
+    void Arrange();
     void Grow();
     void FillWhileShown();
     void ShowRowsOf(ComputationPtr computation);

@@ -82,7 +82,8 @@ void KLabel::keyPressEvent(QKeyEvent* event) {
 void KLabel::focusInEvent(QFocusEvent* event) {
     QLabel::focusInEvent(event);
     // Shows where the keyboard is.
-    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason ||
+        event->reason() == Qt::ShortcutFocusReason)
         setSelection(0, static_cast<int>(text().size()));
 }
 

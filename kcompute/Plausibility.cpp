@@ -2,6 +2,7 @@
 
 #include "kcompute/FirstChange.h"
 #include "project/Texts.h"
+#include "recovery/RecoveryDa.h"
 #include "wellgeometry/WellGeometry.h"
 
 #include <array>
@@ -79,6 +80,14 @@ std::optional<WellDimensions> WellAsTyped(const ProjectState& state) {
     typed.DecimalSeparator = state.DecimalSeparator;
     WellDimensions well;
     return CheckWellGeometry(typed, well).IsError() ? std::nullopt : std::optional(well);
+}
+
+RecoveryPointList ReadingsAsTyped(const ProjectState& state) {
+    ProjectState typed = state;
+    RecoveryData readings;
+    if (CheckRecoveryData(typed, readings).IsError() || ComputeRecoveryY(readings).IsError())
+        return {};
+    return *readings.RecoveryPoints;
 }
 
 std::string CheckedText(const std::optional<WellDimensions>& well,

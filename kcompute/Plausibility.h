@@ -19,6 +19,10 @@ inline constexpr double UnusualWideCasingCm = 2 * 100.0;
 /// as they are.
 std::optional<WellDimensions> WellAsTyped(const ProjectState& state);
 
+/// The points that the readings would give at their next check; none where it would find a fault.
+/// The texts stay as they are.
+RecoveryPointList ReadingsAsTyped(const ProjectState& state);
+
 /// What a check has read, in metric units, so that a unit chosen by mistake is seen: "Read: rw
 /// 0.3175 cm, rc 0.1626 cm, screen 1.52 m long, Lw 20.11 m, H 50.6 m, first Y 0.663 m". Where there
 /// is no well or no Y above 0 in `points` it is left out; "" without both. What lies beyond the

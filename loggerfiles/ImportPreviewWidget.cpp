@@ -308,20 +308,48 @@ void ImportPreviewWidget::PaintMarks(QPainter& painter) const {
         const int right = std::clamp(ColumnOfRow(*to), plot.left(), plot.right());
         painter.fillRect(QRect(left, plot.top(), right - left + 1, plot.height()), shade);
     }
-    for (const auto& [handle, caption] : {std::pair(ImportHandle::Start, QStringLiteral("Start")),
-                                          std::pair(ImportHandle::End, QStringLiteral("End"))}) {
-        if (!mark(handle))
-            continue;
-        const int x = ColumnOfRow(*mark(handle));
-        if (!plot.contains(x, plot.center().y()))
-            continue;
-        painter.setPen(QPen(accent, handles_[IndexOf(handle)]->hasFocus() ? 3 : 2));
+    for (const Caption& caption : Captions()) {
+        const int x = ColumnOfRow(*mark(caption.handle));
+        painter.setPen(QPen(accent, handles_[IndexOf(caption.handle)]->hasFocus() ? 3 : 2));
         painter.drawLine(x, plot.top(), x, plot.bottom());
         painter.setPen(palette().color(QPalette::Text));
-        const int width = fontMetrics().horizontalAdvance(caption);
-        painter.drawText(std::clamp(x - width / 2, 0, std::max(rect().width() - width, 0)),
-                         plot.top() - 4, caption);
+        painter.drawText(caption.rect, Qt::AlignCenter, caption.text);
     }
+}
+
+std::vector<ImportPreviewWidget::Caption> ImportPreviewWidget::Captions() const {
+    const QRect plot = Plot();
+    const int height = fontMetrics().height();
+    std::vector<Caption> captions;
+    for (const auto& [handle, text] : {std::pair(ImportHandle::Start, QStringLiteral("Start")),
+                                       std::pair(ImportHandle::End, QStringLiteral("End"))}) {
+        const auto row = marks_[IndexOf(handle)];
+        const int x = row ? ColumnOfRow(*row) : plot.left() - 1;
+        if (!plot.contains(x, plot.center().y()))
+            continue;
+        const int width = fontMetrics().horizontalAdvance(text);
+        // The unit of the axis stands left of the plot.
+        const int left =
+            std::clamp(x - width / 2, plot.left(), std::max(plot.left(), rect().width() - width));
+        captions.push_back({handle, text, QRect(left, plot.top() - height - 2, width, height)});
+    }
+    if (captions.size() == 2)
+        PartCaptions(captions[0].rect, captions[1].rect);
+    return captions;
+}
+
+/// Lines that are close move the words above them apart, each by half, as far as the edges allow.
+void ImportPreviewWidget::PartCaptions(QRect& first, QRect& second) const {
+    const int gap = fontMetrics().averageCharWidth();
+    const int lacking = first.right() + 1 + gap - second.left();
+    if (lacking <= 0)
+        return;
+    first.translate(-lacking / 2, 0);
+    second.translate(lacking - lacking / 2, 0);
+    const int intoPlot = std::max(0, Plot().left() - first.left());
+    const int intoWidget = std::min(0, rect().right() - second.right());
+    first.translate(intoPlot + intoWidget, 0);
+    second.translate(intoPlot + intoWidget, 0);
 }
 
 } // namespace quarnel

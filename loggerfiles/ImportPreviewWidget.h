@@ -7,6 +7,7 @@
 #include <array>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace quarnel {
 
@@ -41,6 +42,15 @@ public:
     double ViewFrom() const { return from_; }
     double ViewTo() const { return to_; }
 
+    /// The word above the line of start or end.
+    struct Caption {
+        ImportHandle handle;
+        QString text;
+        QRect rect;
+    };
+    /// Those that are seen; none stands on the other or on the axis.
+    std::vector<Caption> Captions() const;
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -72,6 +82,7 @@ private:
     void DrawCurve();
     void PaintAxes(QPainter& painter) const;
     void PaintMarks(QPainter& painter) const;
+    void PartCaptions(QRect& first, QRect& second) const;
     bool HasRows() const;
 
     std::shared_ptr<const ImportPlan> plan_;

@@ -214,11 +214,8 @@ void ImportReadingsFrm::ShowMessages() {
     QStringList lines;
     for (const std::string& message : plan_->messages)
         lines.append(ToQString(message));
-    // The sentence of the plan names an option of the terminal.
-    if (plan_->fault == ImportFault::DateOrder)
-        lines.last() = QStringLiteral("The dates of %1 can be read as month/day or day/month. "
-                                      "Please choose the order of the dates.")
-                           .arg(ToQString(file_->name));
+    if (!plan_->faultMessage.empty())
+        lines.last() = FaultText();
     if (plan_->readings && plan_->readings->AirPressureSubtracted())
         lines.append(QStringLiteral("The air pressure of %1 is subtracted.")
                          .arg(ToQString(choices_.readings.barometer->name)));
@@ -229,7 +226,43 @@ void ImportReadingsFrm::ShowMessages() {
     if (messages_->toPlainText() != text)
         messages_->setPlainText(text);
     importState_->setText(ToQString(plan_->StateLine()));
-    ok_->setEnabled(CanImport());
+    importState_->setVisible(!importState_->text().isEmpty());
+    ShowWhetherOk();
+}
+
+/// What stops the plan, as one says it beside the lists of this window.
+QString ImportReadingsFrm::FaultText() const {
+    // The sentence of the plan names an option of the terminal.
+    if (plan_->fault == ImportFault::DateOrder)
+        return QStringLiteral("The dates of %1 can be read as month/day or day/month. "
+                              "Please choose the order of the dates.")
+            .arg(ToQString(file_->name));
+    if (plan_->fault == ImportFault::Unit && plan_->readings->ChannelItself().unit.empty())
+        return QStringLiteral("The file names no unit. Please choose the unit of the readings.");
+    return ToQString(plan_->faultMessage);
+}
+
+/// Why OK is greyed, and what to do by mouse or keys; empty where it is not.
+QString ImportReadingsFrm::WhyNotText() const {
+    if (CanImport())
+        return {};
+    const auto box = std::find_if(boxes_.begin(), boxes_.end(),
+                                  [](const Box& one) { return !one.fault.empty(); });
+    QString why = box != boxes_.end() ? ToQString(box->fault) : FaultText();
+    if (box == boxes_.end() && plan_->fault == ImportFault::Start)
+        why += QStringLiteral(" Or type its time into Start (Alt+A).");
+    return QStringLiteral("OK is greyed: ") + why;
+}
+
+void ImportReadingsFrm::ShowWhetherOk() {
+    const QString why = WhyNotText();
+    ok_->setEnabled(why.isEmpty());
+    // A greyed button is passed over by the keyboard: the window itself says why.
+    for (QWidget* widget : {static_cast<QWidget*>(ok_), static_cast<QWidget*>(this)})
+        widget->setAccessibleDescription(why);
+    ok_->setToolTip(why);
+    whyNot_->setText(why);
+    whyNot_->setVisible(!why.isEmpty());
 }
 
 // ---- Lists -------------------------------------------------------------------------------------

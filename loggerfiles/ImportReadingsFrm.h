@@ -76,6 +76,9 @@ private:
     void ShowBoxes();
     void ShowBox(BoxIndex index, const std::string& text);
     void ShowMessages();
+    QString FaultText() const;
+    QString WhyNotText() const;
+    void ShowWhetherOk();
     void ShowThinning();
     std::string TimeText(std::optional<std::size_t> row) const;
     ImportMarks Marks() const;
@@ -122,6 +125,7 @@ private:
     ImportTableModel* table_ = nullptr;
     QPlainTextEdit* messages_ = nullptr;
     QLabel* importState_ = nullptr;
+    QLabel* whyNot_ = nullptr;
     QCheckBox* thin_ = nullptr;
     QPushButton* barometer_ = nullptr;
     QPushButton* ok_ = nullptr;

@@ -3,6 +3,7 @@
 #include "loggerfiles/ImportTableModel.h"
 #include "loggerfiles/LoggerFileDialogs.h"
 #include "widgets/GridView.h"
+#include "widgets/PageScroll.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -11,8 +12,6 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScreen>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace quarnel {
@@ -26,22 +25,24 @@ ImportReadingsFrm::ImportReadingsFrm(LoggerSource source, std::shared_ptr<const 
     setObjectName(QStringLiteral("ImportReadingsFrm"));
     setWindowTitle(ImportTitle());
     setModal(true);
-    auto* scroll = new QScrollArea;
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setWidgetResizable(true);
-    scroll->setWidget(BuildContent());
     importState_ = new QLabel;
     importState_->setObjectName(QStringLiteral("ImportState"));
     importState_->setWordWrap(true);
     importState_->setTextFormat(Qt::PlainText);
+    whyNot_ = new QLabel;
+    whyNot_->setObjectName(QStringLiteral("ImportWhyNot"));
+    whyNot_->setWordWrap(true);
+    whyNot_->setTextFormat(Qt::PlainText);
+    QFont bold = whyNot_->font();
+    bold.setBold(true);
+    whyNot_->setFont(bold);
     auto* rows = new QVBoxLayout(this);
-    rows->addWidget(scroll, 1);
+    rows->addWidget(new PageScroll(BuildContent()), 1);
     rows->addWidget(importState_);
+    rows->addWidget(whyNot_);
     rows->addLayout(BuildButtons());
     MakePlan();
-    // Magnified, a small screen has room for less than that.
-    resize(QSize(900, 640).boundedTo(screen()->availableSize()));
+    resize(900, 640);
     channel_->setFocus();
 }
 

@@ -12,10 +12,10 @@ namespace {
 
 constexpr double PaperEdge = 1080; ///< least distance of the text from the paper's edge
 constexpr double MostInset = 0.15; ///< of a small paper's width or height
-constexpr double TitlePoints = 16;
+constexpr double TitlePoints = 13;
 constexpr double HeadingPoints = 8.5;
 constexpr double TextPoints = 9.5;
-constexpr double KPoints = 14; ///< K is what the report is read for
+constexpr double KPoints = 20; ///< K is what the report is read for
 constexpr double TablePoints = 9;
 constexpr double FootPoints = 8;
 constexpr double Leading = 1.18; ///< line distance in heights of the text

@@ -17,7 +17,7 @@ namespace quarnel {
 /// row is cut by a page's end; long texts run over several lines. Pages are drawn one at a time, so
 /// that a logger's million readings do not have to be in memory as pages.
 ///
-/// K, what the report is read for, stands out in size and weight.
+/// K, what the report is read for, is larger and bolder than all else, the title too.
 ///
 /// The analysis must not change while its pages are in use, and the measure must outlive them.
 class ReportPages {

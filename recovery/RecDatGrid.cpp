@@ -118,13 +118,19 @@ void RecDatGrid::Paste() {
 }
 
 void RecDatGrid::Undo() {
+    const bool changes = Editor().CanUndo();
     Editor().Undo();
     ShowSelection();
+    if (changes)
+        Q_EMIT TookBack(true);
 }
 
 void RecDatGrid::Redo() {
+    const bool changes = Editor().CanRedo();
     Editor().Redo();
     ShowSelection();
+    if (changes)
+        Q_EMIT TookBack(false);
 }
 
 // ---- Focus -------------------------------------------------------------------------------------

@@ -35,6 +35,8 @@ public:
 Q_SIGNALS:
     /// The clipboard's `text` was pasted, as far as it could be, of which `rows` rows.
     void Pasted(const QString& text, std::size_t rows);
+    /// The last change was taken back or, `undone` false, made again.
+    void TookBack(bool undone);
     /// The grid got or lost the keyboard.
     void FocusChanged(bool hasFocus);
 

@@ -47,6 +47,8 @@ Q_SIGNALS:
     void ReadingsEdited();
     /// The clipboard's `text` was pasted, as far as it could be, of which `rows` rows.
     void Pasted(const QString& text, std::size_t rows);
+    /// The last change of the readings was taken back or, `undone` false, made again.
+    void TookBack(bool undone);
     /// "Check Data/Show Y's" has made the points anew.
     void Checked();
 

@@ -80,6 +80,7 @@ RecoveryDataPanel::RecoveryDataPanel(ProjectState& state, RecoveryData& checked,
             });
     connect(insertRows_, &InsertRowsPanel::Closed, grid_, [this] { grid_->setFocus(); });
     connect(grid_, &RecDatGrid::Pasted, this, &RecoveryDataPanel::Pasted);
+    connect(grid_, &RecDatGrid::TookBack, this, &RecoveryDataPanel::TookBack);
     connect(grid_, &RecDatGrid::FocusChanged, this, &RecoveryDataPanel::TakeTabStops);
     grid_->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(grid_, &QWidget::customContextMenuRequested, this, &RecoveryDataPanel::ShowContextMenu);
@@ -143,13 +144,15 @@ void RecoveryDataPanel::FitPreSlugLabel() {
     RecDatPreSlugHeadLbl->setMinimumWidth(widest);
 }
 
-/// Beside its button, as far as the page goes.
+/// Beside its button, as far as the page is seen.
 void RecoveryDataPanel::PlaceInsertRows() {
     insertRows_->adjustSize();
     const QWidget& button = *commands_.front();
     const QPoint wanted = button.mapTo(this, QPoint(button.width() + button.height() / 4, 0));
-    insertRows_->move(std::max(0, std::min(wanted.x(), width() - insertRows_->width())),
-                      std::max(0, std::min(wanted.y(), height() - insertRows_->height())));
+    const QRect seen = rect() & QRect(mapFromParent(QPoint()), parentWidget()->size());
+    insertRows_->move(
+        std::max(seen.left(), std::min(wanted.x(), seen.right() + 1 - insertRows_->width())),
+        std::max(seen.top(), std::min(wanted.y(), seen.bottom() + 1 - insertRows_->height())));
     insertRows_->raise();
 }
 

@@ -1,5 +1,7 @@
 #include "widgets/SaidLine.h"
 
+#include "widgets/ElidedLabel.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
@@ -12,10 +14,8 @@ SaidLine::SaidLine(const QString& name, QWidget* parent)
     time_ = new QLabel;
     time_->setObjectName(name + QStringLiteral("Time"));
     time_->setToolTip(QStringLiteral("When this was done"));
-    text_ = new QLabel;
+    text_ = new ElidedLabel;
     text_->setObjectName(name + QStringLiteral("Text"));
-    text_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    text_->setTextFormat(Qt::PlainText);
     auto* columns = new QHBoxLayout(this);
     columns->setContentsMargins(0, 0, 0, 0);
     columns->addWidget(time_);
@@ -27,8 +27,7 @@ void SaidLine::Say(const QString& text) {
     time_->setText(text.isEmpty() ? QString()
                                   : QLocale().toString(QTime::currentTime(), QLocale::ShortFormat));
     time_->setVisible(!text.isEmpty());
-    text_->setText(text);
-    text_->setToolTip(text);
+    text_->ShowText(text);
 }
 
 } // namespace quarnel

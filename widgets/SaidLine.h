@@ -7,7 +7,10 @@ class QLabel;
 
 namespace quarnel {
 
-/// What was done last and at what time, on one line; a text too long for it is in its tooltip.
+class ElidedLabel;
+
+/// What was done last and at what time, on one line; a text too long for it is
+/// shortened and whole in its tooltip.
 class SaidLine : public QWidget {
     Q_OBJECT
 public:
@@ -19,7 +22,7 @@ public:
 
 private:
     QLabel* time_ = nullptr;
-    QLabel* text_ = nullptr;
+    ElidedLabel* text_ = nullptr;
 };
 
 } // namespace quarnel

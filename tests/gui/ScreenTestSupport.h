@@ -2,6 +2,7 @@
 
 #include "tests/gui/WindowTestSupport.h"
 
+#include <QMap>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <algorithm>
@@ -36,6 +37,33 @@ public:
         return control.isVisible() && Page().viewport()->rect().contains(OnPage(control));
     }
 };
+
+/// Where everything that is seen stands, by name.
+inline QMap<QString, QRect> PlacesOf(QMainWindow& window) {
+    QMap<QString, QRect> places;
+    int unnamed = 0;
+    for (const QWidget* control : window.findChildren<QWidget*>()) {
+        QString name = control->objectName();
+        if (name.isEmpty())
+            name = QString::number(++unnamed);
+        if (control->isVisible() && control->window() == &window)
+            places[name + QLatin1Char('/') + QLatin1String(control->metaObject()->className())] = {
+                control->mapTo(&window, QPoint()), control->size()};
+    }
+    return places;
+}
+
+/// Compares what is seen in both; QTest's macros need a function of their own.
+inline void ExpectSamePlaces(const QMap<QString, QRect>& before,
+                             const QMap<QString, QRect>& after) {
+    int compared = 0;
+    for (auto place = before.begin(); place != before.end(); ++place)
+        if (after.contains(place.key())) {
+            QVERIFY2(after[place.key()] == place.value(), qPrintable(place.key()));
+            ++compared;
+        }
+    QVERIFY(compared > 30);
+}
 
 /// Runs the tests on an offscreen screen of this size, unless the caller chose a platform.
 template <class TestClass> int RunOnScreen(const char* size, int argc, char** argv) {

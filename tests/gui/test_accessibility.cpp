@@ -4,12 +4,15 @@
 #include "tests/gui/AccessibilityWalk.h"
 #include "tests/gui/ActiveProgram.h"
 #include "tests/gui/ImportTestSupport.h"
+#include "tests/gui/MenuTestSupport.h"
 
 #include "app/RecoveryOffer.h"
 
 #include <QAccessible>
 #include <QClipboard>
 #include <QComboBox>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -24,11 +27,21 @@ QAccessibleInterface& Accessible(QObject& object) {
     return *QAccessible::queryAccessibleInterface(&object);
 }
 
+/// Where a control stands on the screen while no page is scrolled.
+QPoint PlaceOf(const QWidget& control) {
+    QPoint place = control.mapToGlobal(QPoint());
+    for (const QWidget* outer = control.parentWidget(); outer; outer = outer->parentWidget())
+        if (const auto* page = qobject_cast<const QScrollArea*>(outer))
+            place +=
+                QPoint(page->horizontalScrollBar()->value(), page->verticalScrollBar()->value());
+    return place;
+}
+
 /// Stops from the topmost control on: where the keyboard was at first says nothing of the order.
 QList<QWidget*> FromTheTop(QList<QWidget*> stops) {
     const auto top = std::min_element(stops.begin(), stops.end(), [](QWidget* a, QWidget* b) {
-        const QPoint at = a->mapToGlobal(QPoint());
-        const QPoint bt = b->mapToGlobal(QPoint());
+        const QPoint at = PlaceOf(*a);
+        const QPoint bt = PlaceOf(*b);
         return at.y() != bt.y() ? at.y() < bt.y() : at.x() < bt.x();
     });
     std::rotate(stops.begin(), top, stops.end());
@@ -147,6 +160,37 @@ private Q_SLOTS:
         }
     }
 
+    void ContextMenus_data() {
+        QTest::addColumn<QString>("control");
+        for (const char* control : {"Plot1", "ComputedKLabel", "RecDatGrid", "RecDatWeightGrid"})
+            QTest::newRow(control) << QString::fromLatin1(control);
+    }
+
+    void ContextMenus() {
+        QFETCH(QString, control);
+        ActiveProgram program;
+        program.Window().OpenPath(Example);
+        program.ClickTab(5);
+        program.Press("CmdComputeK");
+        if (control == u"RecDatGrid"_s)
+            program.ClickTab(4);
+        QStringList faults;
+        int entries = 0;
+        const auto look = [&](QMenu& menu) {
+            faults = FaultsOfTree(menu, {});
+            for (const QAction* action : menu.actions()) {
+                entries += action->isSeparator() ? 0 : 1;
+                if (!action->isSeparator() && QKeySequence::mnemonic(action->text()).isEmpty())
+                    faults << u"No letter: "_s + action->text();
+            }
+        };
+        auto& widget = program.Find(control);
+        auto* area = qobject_cast<QAbstractScrollArea*>(&widget);
+        WithMenu(area != nullptr ? *area->viewport() : widget, look);
+        QCOMPARE(faults, QStringList());
+        QVERIFY(entries > 0);
+    }
+
     // ---- What things are -----------------------------------------------------------------------
 
     void ThePicturesAreAChoiceOfOne() {
@@ -176,6 +220,7 @@ private Q_SLOTS:
         ActiveProgram program;
         program.ClickTab(3);
         auto& above = program.Find<QAbstractButton>(u"SSRibbon1"_s);
+        QCoreApplication::processEvents();
         const QRect before = above.geometry();
         QVERIFY(above.font().bold());
         QTest::mouseClick(&program.Find(u"SSRibbon2"_s), Qt::LeftButton);
@@ -256,6 +301,19 @@ private Q_SLOTS:
         }
     }
 
+    void TheComparisonOfProjects() {
+        ActiveProgram program;
+        program.Choose(u"mnuCompareProjects"_s);
+        QWidget& window = program.Find(u"CompareProjectsFrm"_s);
+        QCOMPARE(Faults(window), QString());
+        Answers answers;
+        answers.FileName(Example);
+        QTest::mouseClick(&Find(window, u"CompareAdd"_s), Qt::LeftButton);
+        QTRY_VERIFY(Find<QTableView>(window, u"CompareGrid"_s).model()->rowCount() > 0);
+        QTRY_VERIFY(!Find(window, u"CompareProgress"_s).isVisible());
+        QCOMPARE(Faults(window), QString());
+    }
+
     void TheImportOfReadings_data() {
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("many readings") << SecondsTable(3000);
@@ -314,6 +372,13 @@ private Q_SLOTS:
         program.Window().OpenPath(Example);
         program.ClickTab(5);
         program.Press("CmdComputeK");
+        program.Press("CmdPrintPlot");
+        program.Press("CmdPrtSummary");
+        for (const auto& button : {u"CmdPlotPdf"_s, u"CmdReportPdf"_s, u"CmdPrtResults"_s})
+            QCOMPARE(FaultsOfModal<QFileDialog>(
+                         [&] { QTest::mouseClick(&program.Find(button), Qt::LeftButton); }),
+                     QString());
+        program.Window().activateWindow();
         for (const auto& command :
              {u"mnuOpenFile"_s, u"mnuSaveAs"_s, u"mnuImportReadings"_s, u"SavePlot"_s})
             QCOMPARE(FaultsOfModal<QFileDialog>([&] {

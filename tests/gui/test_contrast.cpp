@@ -3,6 +3,7 @@
 
 #include "tests/gui/WindowTestSupport.h"
 
+#include "output/PlotDrawing.h"
 #include "output/PlotWidget.h"
 #include "wellgeometry/WellSectionPicture.h"
 
@@ -249,6 +250,17 @@ private Q_SLOTS:
             QVERIFY(legend.circles[0].y + legend.circles[0].radius < std::min(line.y1, line.y2));
         Program empty;
         QVERIFY(empty.Find<PlotWidget>(u"Plot1"_s).ShownLegend().IsEmpty());
+    }
+
+    void TheLegendStandsInOneRowInTheMiddleAboveThePlot() {
+        ContrastProgram program((QApplication::palette()));
+        const Drawing& plot = program.Plot().Shown();
+        const Drawing& legend = program.Plot().ShownLegend();
+        const double row = ScreenPlotLayout(plot.width, plot.height).top / 2;
+        for (std::size_t i = 0; i < 2; ++i) {
+            QCOMPARE(legend.circles[i].y, row);
+            QCOMPARE(legend.labels[i].y, row);
+        }
     }
 
     void APictureHasTheLegendOnlyWhenItIsTicked() {

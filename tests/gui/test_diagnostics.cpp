@@ -1,3 +1,4 @@
+#include "tests/gui/MenuTestSupport.h"
 #include "tests/gui/WindowTestSupport.h"
 
 #include "diagnostics/DiagnosticsFrm.h"
@@ -120,26 +121,6 @@ public:
     PlotWidget& Plot() { return Find<PlotWidget>(u"Plot1"_s); }
 };
 
-/// Opens the menu of a right click on `area` and lets `act` work on it.
-void WithMenu(QWidget& area, const std::function<void(QMenu&)>& act) {
-    bool seen = false;
-    QTimer look;
-    QObject::connect(&look, &QTimer::timeout, &look, [&] {
-        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        if (menu == nullptr || seen)
-            return;
-        seen = true;
-        act(*menu);
-        menu->close();
-    });
-    look.start(5);
-    const QPoint centre = area.rect().center();
-    QContextMenuEvent event(QContextMenuEvent::Mouse, centre, area.mapToGlobal(centre));
-    QApplication::sendEvent(&area, &event);
-    if (!seen)
-        qFatal("There is no menu");
-}
-
 void ChooseInMenu(QWidget& area, const QString& name) {
     WithMenu(area, [&](QMenu& menu) {
         for (QAction* action : menu.actions())
@@ -203,6 +184,31 @@ private Q_SLOTS:
         QVERIFY(!program.Frm().isModal());
         QCOMPARE(program.Frm().windowTitle(), u"Diagnostics"_s);
         QCOMPARE(program.Frm().size(), QSize(760, 560));
+    }
+
+    void TheKeyboardBeginsAtTheTabsAndPageKeysTurnThem() {
+        DiagnosticsProgram program;
+        program.OpenPratt();
+        program.Compute();
+        program.ShowDiagnostics();
+        QVERIFY(QTest::qWaitForWindowActive(&program.Frm()));
+        QTRY_VERIFY(program.Tabs().tabBar()->hasFocus());
+        const QImage with = program.Tabs().tabBar()->grab().toImage();
+        QList<int> seen;
+        for (int i = 0; i < TabNames.size(); ++i) {
+            QTest::keyClick(program.Frm().windowHandle(), Qt::Key_PageDown, Qt::ControlModifier);
+            seen << program.Tabs().currentIndex();
+        }
+        QCOMPARE(seen, QList<int>({1, 2, 3, 4, 0}));
+        QTest::keyClick(program.Frm().windowHandle(), Qt::Key_PageUp, Qt::ControlModifier);
+        QCOMPARE(program.Tabs().currentIndex(), 4);
+        program.Tabs().setCurrentIndex(0);
+        // A frame shows where the keyboard is.
+        program.Button("DiagnosticsClose").setFocus();
+        QVERIFY(program.Tabs().tabBar()->grab().toImage() != with);
+        program.Click("DiagnosticsClose");
+        program.ShowDiagnostics();
+        QTRY_VERIFY(program.Tabs().tabBar()->hasFocus());
     }
 
     void ThePlotsMenuOpensIt() {

@@ -369,6 +369,63 @@ private Q_SLOTS:
         QCOMPARE(*form.Plan().start, std::size_t{30}); // only where none is found
     }
 
+    void WhoHasOnlyTheKeyboardReadsWhyOkIsGreyed() {
+        LoggerFiles files;
+        QByteArray text = "time (s),Displacement (m)\n";
+        for (int row = 0; row < 60; ++row)
+            text += QByteArray::number(row) + "," + QByteArray::number(0.5 - row / 200.0) + "\n";
+        ImportForm form(files.Write(u"a.csv"_s, text));
+        auto& why = form.Find<QLabel>(u"ImportWhyNot"_s);
+        const QString reason = u"OK is greyed: No start of the test was found. Please click the "
+                               u"first reading after the slug. Or type its time into Start "
+                               u"(Alt+A)."_s;
+        QVERIFY(why.isVisible());
+        QCOMPARE(why.text(), reason);
+        QCOMPARE(form.Ok().accessibleDescription(), reason);
+        QCOMPARE(form.Form().accessibleDescription(), reason);
+        QVERIFY(why.geometry().bottom() < form.Ok().y());
+        QVERIFY(form.Ok().y() - why.geometry().bottom() < 3 * why.fontMetrics().height());
+        QTest::keyClick(&form.Form(), Qt::Key_A, Qt::AltModifier);
+        QVERIFY(form.Find(u"ImportStart"_s).hasFocus());
+        QTest::keyClicks(&form.Find(u"ImportStart"_s), u"1"_s);
+        QTest::keyClick(&form.Find(u"ImportStart"_s), Qt::Key_Return);
+        QVERIFY(form.Ok().isEnabled());
+        QVERIFY(!why.isVisible());
+        QCOMPARE(form.Ok().accessibleDescription(), QString());
+        form.Type(u"ImportEnd"_s, u"never"_s);
+        QCOMPARE(why.text(), u"OK is greyed: 'never' is not a time."_s);
+    }
+
+    void AFileWithoutAUnitIsToldSo() {
+        LoggerFiles files;
+        ImportForm form(files.Write(u"a.csv"_s, SecondsTable(41, "time (s),Level")));
+        const QString sentence =
+            u"The file names no unit. Please choose the unit of the readings."_s;
+        QCOMPARE(form.Messages(), QStringList{sentence});
+        QCOMPARE(form.Label(u"ImportWhyNot"_s), u"OK is greyed: "_s + sentence);
+        form.Choose(u"ImportSourceUnit"_s, u"m"_s);
+        QVERIFY(form.Ok().isEnabled());
+    }
+
+    void WordsAboveTheLinesStandOnNothing() {
+        LoggerFiles files;
+        ImportForm form(files.Write(u"a.csv"_s, SecondsTable(41)));
+        ImportPreviewWidget& preview = form.Preview();
+        for (const auto& [start, end] : {std::pair(u"0"_s, u"0"_s),
+                                         {u"0"_s, u"2"_s},
+                                         {u"40"_s, u"42"_s},
+                                         {u"78"_s, u"80"_s}}) {
+            form.Type(u"ImportStart"_s, start);
+            form.Type(u"ImportEnd"_s, end);
+            const auto captions = preview.Captions();
+            QCOMPARE(captions.size(), std::size_t(2));
+            QVERIFY(captions[0].rect.right() < captions[1].rect.left());
+            // Left of it stands the unit.
+            QVERIFY(captions[0].rect.left() >= preview.ColumnOfRow(0));
+            QVERIFY(captions[1].rect.right() < preview.width());
+        }
+    }
+
     void FallingTimesAreShownAndGoNoFurther() {
         LoggerFiles files;
         QByteArray text = SecondsTable(60);

@@ -161,6 +161,9 @@ private Q_SLOTS:
         });
         QCOMPARE(program.Cell(1, 2), u"4.4"_s);
         QVERIFY(program.State().IgnoreKeyList.empty());
+        // No desktop is asked to give the keyboard back after two windows that close at once.
+        QTRY_VERIFY(QApplication::activeWindow() == &program.Window());
+        QVERIFY(program.Grid().hasFocus());
     }
 
     void OneUndoBringsEverythingBackAndOneRedoTheImport() {
@@ -177,11 +180,13 @@ private Q_SLOTS:
         QVERIFY(after != before);
         program.PressInGrid(Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(program.Text(), before);
+        QCOMPARE(program.Status(), u"Took back the last change of the readings"_s);
         QCOMPARE(program.State().IgnoreKeyList, std::vector<std::string>{"1 2"});
         QCOMPARE(program.PreSlug(), preSlug);
         QCOMPARE(program.Chosen(u"RecDatWaterLevelUnitsDDL"_s), levelUnit);
         program.PressInGrid(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
         QCOMPARE(program.Text(), after);
+        QCOMPARE(program.Status(), u"Made the last change of the readings again"_s);
         QCOMPARE(program.PreSlug(), u"500"_s);
         QCOMPARE(program.Chosen(u"RecDatWaterLevelUnitsDDL"_s), u"cm"_s);
         QVERIFY(program.Grid().model()->headerData(2, Qt::Horizontal).toString().contains(u"cm"_s));

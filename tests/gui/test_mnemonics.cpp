@@ -99,7 +99,7 @@ private Q_SLOTS:
                                        {4, "U", "RecDatTimeUnitsDDL"},
                                        {4, "L", "RecDatWaterLevelUnitsDDL"},
                                        {4, "P", "RecDatPreSlugHeadText"},
-                                       {5, "K", "CmboKLengthUnits"},
+                                       {5, "U", "CmboKLengthUnits"},
                                        {5, "/", "CmboKTimeUnits"}})
             QTest::addRow("%s", reached.name) << reached.tab << QString::fromLatin1(reached.letter)
                                               << QString::fromLatin1(reached.name);
@@ -117,6 +117,16 @@ private Q_SLOTS:
             QTest::keyClick(&program.Find(u"RecDatDataTypeDDL"_s), Qt::Key_Home);
         program.Key(KeyOf(letter.front()), Qt::AltModifier);
         QCOMPARE(program.FocusName(), name);
+    }
+
+    void AltAndKGoesToKAndSelectsIt() {
+        ActiveProgram program;
+        program.Window().OpenPath(Example);
+        program.ClickTab(5);
+        program.Press("CmdComputeK");
+        program.Key(Qt::Key_K, Qt::AltModifier);
+        QCOMPARE(program.FocusName(), u"ComputedKLabel"_s);
+        QCOMPARE(program.Find<QLabel>(u"ComputedKLabel"_s).selectedText(), u"3.6"_s);
     }
 
     void AltAndALetterPressEveryButton_data() {

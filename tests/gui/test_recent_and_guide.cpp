@@ -2,6 +2,7 @@
 
 #include "app/GuideWindow.h"
 #include "app/RecentProjects.h"
+#include "loggerfiles/ImportReadingsFrm.h"
 #include "tests/gui/WindowTestSupport.h"
 
 #include <QTextBlock>
@@ -59,7 +60,8 @@ private Q_SLOTS:
     void F1ShowsTheChapterOfTheTab() {
         Program program;
         const QStringList headings = {u"1. Who and where"_s, u"1. Who and where"_s,
-                                      u"2. The well"_s, u"3. The readings"_s};
+                                      u"2. The well"_s, u"3. The readings"_s, u"4. K"_s};
+        program.Window().OpenPath(SourceFile("examples/pratt-county-1998.qn2"));
         for (int tab = 1; tab <= headings.size(); ++tab) {
             program.ClickTab(tab);
             QTest::keyClick(&program.Window(), Qt::Key_F1);
@@ -72,6 +74,62 @@ private Q_SLOTS:
             QTest::keyClick(&guide, Qt::Key_Escape);
             QVERIFY(!guide.isVisible());
         }
+    }
+
+    void F1InAWindowShowsItsChapter_data() {
+        QTest::addColumn<QString>("opener");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("heading");
+        QTest::newRow("plot") << u"CmdPrintPlot"_s << u"PrtPlotFrm"_s << u"6. On paper"_s;
+        QTest::newRow("results") << u"CmdPrtSummary"_s << u"PrtResults"_s << u"6. On paper"_s;
+        QTest::newRow("details") << u"CmdDetails"_s << u"ComputedYFrm"_s
+                                 << u"5. What stands behind the number"_s;
+        QTest::newRow("diagnostics")
+            << u"mnuDiagnostics"_s << u"DiagnosticsFrm"_s << u"How far can I trust K"_s;
+        QTest::newRow("compare") << u"mnuCompareProjects"_s << u"CompareProjectsFrm"_s
+                                 << u"8. Many wells at once"_s;
+    }
+
+    void F1InAWindowShowsItsChapter() {
+        QFETCH(QString, opener);
+        QFETCH(QString, name);
+        QFETCH(QString, heading);
+        Program program;
+        program.Window().OpenPath(SourceFile("examples/pratt-county-1998.qn2"));
+        program.ClickTab(5);
+        QTest::mouseClick(&program.Find(u"CmdComputeK"_s), Qt::LeftButton);
+        if (opener.startsWith(u"mnu"_s))
+            program.Choose(opener);
+        else
+            QTest::mouseClick(&program.Find(opener), Qt::LeftButton);
+        QWidget& window = program.Find(name);
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QTest::keyClick(window.windowHandle(), Qt::Key_F1);
+        auto& guide = program.Find<GuideWindow>(u"GuideWindow"_s);
+        QVERIFY(guide.isVisible());
+        QCOMPARE(Find<QTextBrowser>(guide, u"GuideText"_s).textCursor().block().text(), heading);
+    }
+
+    void F1OverAModalWindowOpensAGuideThatCanBeUsed() {
+        Program program;
+        Answers answers;
+        answers.FileName(SourceFile("examples/mw-7-logger.csv"))
+            .Dialog<ImportReadingsFrm>([](ImportReadingsFrm& form) {
+                form.activateWindow();
+                QTest::keyClick(form.windowHandle(), Qt::Key_F1);
+                auto& guide = Find<GuideWindow>(form, u"GuideWindow"_s);
+                QVERIFY(guide.isVisible());
+                QCOMPARE(Find<QTextBrowser>(guide, u"GuideText"_s).textCursor().block().text(),
+                         u"From the logger"_s);
+                const QWidget& close = Find(guide, u"CmdClose"_s);
+                QTest::mouseClick(guide.windowHandle(), Qt::LeftButton, {},
+                                  close.mapTo(&guide, close.rect().center()));
+                QVERIFY(!guide.isVisible());
+                form.reject();
+            });
+        program.Choose(u"mnuImportReadings"_s);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
     }
 };
 

@@ -117,6 +117,76 @@ private Q_SLOTS:
         QCOMPARE(QApplication::focusWidget(), marksAreBelow ? compute : marks);
     }
 
+    /// Larger letters break the rows of a page whose size stays as it is.
+    void TabFollowsThePageWhenItsLettersGrow() {
+        const QFont before = QApplication::font();
+        ScreenProgram program;
+        program.ClickTab(5);
+        QWidget* page = program.Page().widget();
+        auto* plot = page->findChild<QWidget*>(u"Plot1"_s);
+        auto* marks = page->findChild<QWidget*>(u"RecDatWeightGrid"_s);
+        auto* compute = page->findChild<QWidget*>(u"CmdComputeK"_s);
+        QFont large = before;
+        large.setPointSizeF(before.pointSizeF() * 3.2 / Scale());
+        QApplication::setFont(large);
+        const auto isBelow = [page, marks, compute] {
+            return marks->mapTo(page, QPoint()).y() > compute->mapTo(page, QPoint()).y();
+        };
+        const bool broke = QTest::qWaitFor(isBelow);
+        plot->setFocus();
+        QTest::keyClick(plot, Qt::Key_Tab);
+        const QString after = QApplication::focusWidget()->objectName();
+        QApplication::setFont(before);
+        QVERIFY(broke);
+        QCOMPARE(after, u"CmdComputeK"_s);
+    }
+
+    void WhereAMessageOrALetterLeadsIsSeen() {
+        ScreenProgram program;
+        program.State().WellGeoText[GeoDpor] = "x";
+        Answers answers;
+        answers.BoxAbout(u"orosity"_s, QMessageBox::Ok);
+        program.ClickTab(4);
+        program.ClickTab(5);
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.SelectedTab(), 3);
+        QTRY_VERIFY(program.IsWhollySeen(program.Find(u"WellGeoText"_s, GeoDpor)));
+        program.Window().activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&program.Window()));
+        for (const auto& [letter, name] :
+             {std::pair(Qt::Key_H, u"WellGeoText_0"_s), {Qt::Key_P, u"WellGeoText_5"_s}}) {
+            QTest::keyClick(program.Window().windowHandle(), letter, Qt::AltModifier);
+            QCOMPARE(QApplication::focusWidget()->objectName(), name);
+            QVERIFY(program.IsWhollySeen(program.Find(name)));
+        }
+    }
+
+    void ChoosingAnotherDataTypeMovesNothing() {
+        ScreenProgram program;
+        program.ClickTab(4);
+        auto& types = program.Find<QComboBox>(u"RecDatDataTypeDDL"_s);
+        types.setFocus();
+        QTest::keyClick(&types, Qt::Key_Home);
+        QCoreApplication::processEvents();
+        const auto places = PlacesOf(program.Window());
+        QTest::keyClick(&types, Qt::Key_End);
+        QVERIFY(!program.Find(u"RecDatPreSlugHeadText"_s).isVisible());
+        QCoreApplication::processEvents();
+        ExpectSamePlaces(places, PlacesOf(program.Window()));
+    }
+
+    void OpeningInsertRowsMovesNothing() {
+        ScreenProgram program;
+        program.ClickTab(4);
+        program.Page().ensureWidgetVisible(&program.Find(u"CmdInsertRows"_s));
+        QCoreApplication::processEvents();
+        const auto places = PlacesOf(program.Window());
+        QTest::mouseClick(&program.Find(u"CmdInsertRows"_s), Qt::LeftButton);
+        QCoreApplication::processEvents();
+        ExpectSamePlaces(places, PlacesOf(program.Window()));
+        QVERIFY(program.IsWhollySeen(program.Find(u"InsertRowsPanel"_s)));
+    }
+
     void ThePictureButtonsStackWhereTheyDoNotFitBesideEachOther() {
         ScreenProgram program;
         program.ClickTab(3);

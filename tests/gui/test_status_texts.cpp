@@ -3,10 +3,14 @@
 
 #include "tests/gui/ActiveProgram.h"
 
+#include "kcompute/UseIgnoreGrid.h"
 #include "loggerfiles/ImportReadingsFrm.h"
+#include "widgets/ElidedLabel.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLocale>
 #include <QPushButton>
 #include <QRadioButton>
@@ -271,6 +275,35 @@ private Q_SLOTS:
         program.Press("SSCmdWellGeoCheckData");
         QVERIFY2(answers.AllGiven(), answers.Complaints());
         QCOMPARE(program.Status(), u"Read: rw 12.5 cm, rc 6.4 cm, screen 1.52 m long, Lw 20.11 m, "
+                                   u"H 50.6 m, first Y 0.663 m"_s);
+    }
+
+    void TheCheckOfTheWellAloneSeesAFirstYThatIsTooLarge() {
+        StatusProgram program;
+        program.Window().OpenPath(Example);
+        program.ClickTab(3);
+        TypeInto(program.Find<QLineEdit>(u"WellGeoText"_s, GeoLw), u"0.5"_s);
+        TypeInto(program.Find<QLineEdit>(u"WellGeoText"_s, GeoLe), u"0.4"_s);
+        Answers answers;
+        answers.Box(u"Quarnel"_s, u"Well Geometry data is complete and consistent."_s);
+        program.Press("SSCmdWellGeoCheckData");
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Status(), u"Unusual: first Y larger than Lw. Read: rw 12.5 cm, rc 6.4 cm, "
+                                   u"screen 0.4 m long, Lw 0.5 m, H 50.6 m, first Y 0.663 m"_s);
+        // What was checked beside it changes nothing of the readings.
+        QVERIFY(program.Window().Current().working.recovery.RecoveryPoints->empty());
+    }
+
+    void TheCheckOfTheWellPassesOverReadingsThatCannotBeRead() {
+        StatusProgram program;
+        program.Window().OpenPath(Example);
+        program.ClickTab(3);
+        program.State().RecDatGrid[0].level = "x";
+        Answers answers;
+        answers.Box(u"Quarnel"_s, u"Well Geometry data is complete and consistent."_s);
+        program.Press("SSCmdWellGeoCheckData");
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Status(), u"Read: rw 12.5 cm, rc 6.4 cm, screen 1.52 m long, Lw 20.11 m, "
                                    u"H 50.6 m"_s);
     }
 
@@ -286,15 +319,16 @@ private Q_SLOTS:
         program.Press("SSCmdWellGeoCheckData");
         QVERIFY2(answers.AllGiven(), answers.Complaints());
         const QString inches = u"Unusual: casing under 1 cm. Read: rw 0.3175 cm, rc 0.1626 cm, "
-                               u"screen 1.52 m long, Lw 20.11 m, H 50.6 m"_s;
+                               u"screen 1.52 m long, Lw 20.11 m, H 50.6 m, first Y 0.663 m"_s;
         QCOMPARE(program.Status(), inches);
+        program.Window().statusBar()->setFocus();
         program.ClickTab(5);
         QCOMPARE(program.VisiblePanel(), 6);
-        QCOMPARE(program.Status(), inches + u", first Y 0.663 m"_s);
+        QCOMPARE(program.Status(), inches);
         program.ClickTab(4);
         program.Window().statusBar()->setFocus();
         program.Press("CmdRecDatCheckData");
-        QCOMPARE(program.Status(), inches + u", first Y 0.663 m"_s);
+        QCOMPARE(program.Status(), inches);
     }
 
     void ReadingsWithoutAWellTellTheirFirstY() {
@@ -329,6 +363,61 @@ private Q_SLOTS:
         program.Press("CmdRecDatCheckData");
         QVERIFY2(answers.AllGiven(), answers.Complaints());
         QCOMPARE(program.Status(), before);
+    }
+
+    // ---- What was done last --------------------------------------------------------------------
+
+    void AComputationTellsItsPointsAndAFailedOneThatThereIsNone() {
+        StatusProgram program;
+        program.OpenComputed();
+        QCOMPARE(program.Status(), u"Computed K from 3 of 61 points"_s);
+        auto& marks = program.Find<QTableView>(u"RecDatWeightGrid"_s);
+        marks.setFocus();
+        QHeaderView& header = *marks.horizontalHeader();
+        const int criteria = UseIgnoreGrid::CriteriaColumn;
+        const int left = header.sectionViewportPosition(criteria);
+        QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
+                          {left + header.sectionSize(criteria) / 2, header.height() / 2});
+        program.Keys(u"I"_s);
+        Answers answers;
+        answers.Dialog<QMessageBox>([](QMessageBox& box) { box.accept(); });
+        program.Press("CmdComputeK");
+        QVERIFY2(answers.AllGiven(), answers.Complaints());
+        QCOMPARE(program.Status(), u"K was not computed"_s);
+    }
+
+    void AnUndoTakesTheWordsOfAPasteBack() {
+        StatusProgram program;
+        program.Paste(u"1\t2\n"_s);
+        QCOMPARE(program.Status(), u"Pasted 1 row"_s);
+        program.Key(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(program.Status(), u"Took back the last change of the readings"_s);
+        program.Key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(program.Status(), u"Made the last change of the readings again"_s);
+        const QString before = u"Opened "_s + Example;
+        program.Window().OpenPath(Example);
+        program.ClickTab(4);
+        program.ClickCell(1, 1);
+        program.Key(Qt::Key_Z, Qt::ControlModifier); // nothing to take back
+        QCOMPARE(program.Status(), before);
+    }
+
+    void ATextThatIsTooLongIsShortenedButReadWhole() {
+        StatusProgram program;
+        program.Window().OpenPath(Example);
+        auto& line = program.Find<ElidedLabel>(u"StatusText"_s);
+        QCOMPARE(line.SeenText(), line.text());
+        program.Window().resize(700, 500);
+        const QString longName = folder_.filePath(QString(180, u'n') + u".qn2"_s);
+        QVERIFY(QFile::copy(Example, longName));
+        program.Window().OpenPath(longName);
+        QCoreApplication::processEvents();
+        QVERIFY(line.SeenText().contains(QChar(0x2026)));
+        QVERIFY(line.SeenText().startsWith(u"Opened "_s) && line.SeenText().endsWith(u".qn2"_s));
+        QVERIFY(line.fontMetrics().horizontalAdvance(line.SeenText()) <= line.width());
+        QCOMPARE(line.toolTip(), u"Opened "_s + longName);
+        QCOMPARE(QAccessible::queryAccessibleInterface(&line)->text(QAccessible::Name),
+                 u"Opened "_s + longName);
     }
 
     // ---- Paste ---------------------------------------------------------------------------------

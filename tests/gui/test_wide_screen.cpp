@@ -1,14 +1,15 @@
 // Widths, heights and places on a wide screen.
 
+#include "tests/gui/ImportTestSupport.h"
 #include "tests/gui/ScreenTestSupport.h"
 
 #include <QComboBox>
 #include <QGroupBox>
 #include <QHeaderView>
-#include <QMap>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QTabWidget>
 #include <QTableView>
 #include <QTextBlock>
 #include <QTextLayout>
@@ -19,32 +20,6 @@ namespace {
 
 int DigitsWide(const QWidget& control, int digits) {
     return control.fontMetrics().horizontalAdvance(QLatin1Char('0')) * digits;
-}
-
-/// Where everything that is seen stands, by name.
-QMap<QString, QRect> PlacesOf(QMainWindow& window) {
-    QMap<QString, QRect> places;
-    int unnamed = 0;
-    for (const QWidget* control : window.findChildren<QWidget*>()) {
-        QString name = control->objectName();
-        if (name.isEmpty())
-            name = QString::number(++unnamed);
-        if (control->isVisible() && control->window() == &window)
-            places[name + QLatin1Char('/') + QLatin1String(control->metaObject()->className())] = {
-                control->mapTo(&window, QPoint()), control->size()};
-    }
-    return places;
-}
-
-/// Compares what is seen in both; QTest's macros need a function of their own.
-void ExpectSamePlaces(const QMap<QString, QRect>& before, const QMap<QString, QRect>& after) {
-    int compared = 0;
-    for (auto place = before.begin(); place != before.end(); ++place)
-        if (after.contains(place.key())) {
-            QVERIFY2(after[place.key()] == place.value(), qPrintable(place.key()));
-            ++compared;
-        }
-    QVERIFY(compared > 30);
 }
 
 } // namespace
@@ -92,6 +67,36 @@ private Q_SLOTS:
                              int(Qt::AlignRight | Qt::AlignVCenter),
                          name);
         }
+    }
+
+    /// A row of one line, in whatever window and room it stands.
+    void AllTablesOfAllWindowsHaveRowsOfOneHeight() {
+        ScreenProgram program;
+        for (const char* opener : {"mnuDiagnostics", "mnuCompareProjects"})
+            program.Choose(QString::fromLatin1(opener));
+        auto& tabs = program.Find<QTabWidget>(u"DiagnosticsTabs"_s);
+        for (int page = 0; page < tabs.count(); ++page)
+            tabs.setCurrentIndex(page);
+        QTest::mouseClick(&program.Find(u"CmdDetails"_s), Qt::LeftButton);
+        QWidget& compare = program.Find(u"CompareProjectsFrm"_s);
+        Answers answers;
+        answers.FileName(SourceFile("examples/pratt-county-1998.qn2"));
+        QTest::mouseClick(&Find(compare, u"CompareAdd"_s), Qt::LeftButton);
+        QTRY_VERIFY(Find<QTableView>(compare, u"CompareGrid"_s).model()->rowCount() > 0);
+        LoggerFiles files;
+        ImportForm import(files.Write(u"a.csv"_s, SecondsTable(41)));
+        QList<QTableView*> tables = program.Window().findChildren<QTableView*>();
+        tables += import.Form().findChildren<QTableView*>();
+        const int height = program.Find<QTableView>(u"RecDatGrid"_s).rowHeight(0);
+        int compared = 0;
+        for (const QTableView* table : tables) {
+            int least = table->model()->rowCount() > 0 ? table->rowHeight(0) : height;
+            for (int row = 0; row < table->model()->rowCount() && row < 20; ++row)
+                least = std::min(least, table->rowHeight(row));
+            QVERIFY2(least == height, qPrintable(table->objectName()));
+            compared += table->model()->rowCount() > 0 ? 1 : 0;
+        }
+        QVERIFY(compared >= 9);
     }
 
     /// The last column of pixels in a cell that holds ink, from the cell's right edge.

@@ -161,6 +161,22 @@ TEST(PlotHeader, StandsAtItsRows) {
                 (360 + 4 * row + axisY - 8640 - titles) / 2, 1e-9);
 }
 
+TEST(PlotLegendPlace, IsOneRowBelowKInLineWithThePlot) {
+    const Drawing page = DrawPlotPage(Pratt(), A4WithMargins(360), Arial, true);
+    const double row = 16118 - 3960 + 1400;
+    const DrawingLabel& used = Label(page, "used in the fit");
+    const DrawingLabel& other = Label(page, "not used");
+    EXPECT_EQ(used.y, row);
+    EXPECT_EQ(other.y, row);
+    EXPECT_EQ(other.x, used.x + 1900);
+    const auto circles = page.circles.end() - 2;
+    for (const auto& [circle, words] : {std::pair(circles[0], used), {circles[1], other}}) {
+        EXPECT_EQ(circle.y, row);
+        EXPECT_EQ(circle.x + 120, words.x);
+    }
+    EXPECT_EQ(circles[0].x - circles[0].radius, 2160); // where the time axis begins
+}
+
 TEST(PlotHeader, WrapsANameAtItsColumn) {
     Analysis analysis = Pratt();
     analysis.state.SiteIDText[LustNo] = std::string(50, 'a');
@@ -187,9 +203,9 @@ TEST(ReportPlace, BlocksAndTableStandAtTheirPlaces) {
     const DrawingLabel& title = Label(page, "BOUWER-RICE SLUG TEST ANALYSIS");
     EXPECT_EQ(title.x, left);
     EXPECT_EQ(title.y, 720);
-    EXPECT_EQ(title.points, 16);
+    EXPECT_EQ(title.points, 13);
     const double third = (width - 2 * 300) / 3;
-    const double blocks = 720 + line(16) + 260;
+    const double blocks = 720 + line(13) + 260;
     EXPECT_NEAR(Label(page, "SITE").y, blocks, 1e-9);
     EXPECT_EQ(Label(page, "SITE").points, 8.5);
     EXPECT_NEAR(Label(page, "CLIENT").x, left + third + 300, 1e-9);
@@ -212,12 +228,12 @@ TEST(ReportPlace, KIsLouderThanTheRest) {
     const Drawing page = ReportPages(analysis, A4WithMargins(360), Arial).Page(0);
     const DrawingLabel& k = Label(page, "Hydraulic Conductivity: 3.6 m/day");
     EXPECT_TRUE(k.bold);
-    EXPECT_EQ(k.points, 14);
+    EXPECT_EQ(k.points, 20);
     for (const DrawingLabel& label : page.labels)
-        if (&label != &k && !label.bold) {
-            EXPECT_LT(label.points, k.points) << label.text;
+        if (&label != &k) {
+            EXPECT_LT(label.points, 0.7 * k.points) << label.text;
         }
-    EXPECT_NEAR(Label(page, "Monitoring Well: Well 4").y, k.y + Arial.Height(14) * 1.18, 1e-9);
+    EXPECT_NEAR(Label(page, "Monitoring Well: Well 4").y, k.y + Arial.Height(20) * 1.18, 1e-9);
 }
 
 TEST(ReportPlace, NumbersStandOnTheirDecimalPoint) {
