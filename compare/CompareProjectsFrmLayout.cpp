@@ -46,6 +46,14 @@ constexpr int TakeRowsInterval = 100;
 
 constexpr std::array<std::string_view, 3> GroupEntries = {"By well", "By site and well", "None"};
 
+/// Table, texts and plot take what room there is: the page scrolls only where their least sizes do
+/// not fit, however large they would like to be.
+class GivingSplitter : public QSplitter {
+public:
+    using QSplitter::QSplitter;
+    QSize sizeHint() const override { return minimumSizeHint(); }
+};
+
 } // namespace
 
 CompareProjectsFrm::CompareProjectsFrm(const Analysis& analysis,
@@ -88,7 +96,7 @@ QWidget* CompareProjectsFrm::BuildContent() {
     rows->addLayout(BuildLists());
     auto* upper = new QWidget;
     upper->setLayout(BuildGrid());
-    auto* lower = new QSplitter(Qt::Horizontal);
+    auto* lower = new GivingSplitter(Qt::Horizontal);
     lower->addWidget(BuildStatistics());
     lower->addWidget(BuildPlot());
     const int besideEachOther = statistics_->minimumWidth() * 3 / 2 + LeastPlotSize.width();
@@ -96,12 +104,12 @@ QWidget* CompareProjectsFrm::BuildContent() {
         lower->setOrientation(Qt::Vertical);
     lower->setStretchFactor(0, 2);
     lower->setStretchFactor(1, 3);
-    auto* both = new QSplitter(Qt::Vertical);
+    auto* both = new GivingSplitter(Qt::Vertical);
     both->addWidget(upper);
     both->addWidget(lower);
     both->setStretchFactor(0, 2);
     both->setStretchFactor(1, 3);
-    for (QSplitter* splitter : {lower, both})
+    for (GivingSplitter* splitter : {lower, both})
         splitter->setChildrenCollapsible(false);
     rows->addWidget(both, 1);
     rows->addWidget(BuildTimeLag());

@@ -394,8 +394,9 @@ private Q_SLOTS:
         QCOMPARE(program.Status(), u"Took back the last change of the readings"_s);
         program.Key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
         QCOMPARE(program.Status(), u"Made the last change of the readings again"_s);
-        const QString before = u"Opened "_s + Example;
         program.Window().OpenPath(Example);
+        const QString before = program.Status();
+        QVERIFY(before.startsWith(u"Opened "_s + Example));
         program.ClickTab(4);
         program.ClickCell(1, 1);
         program.Key(Qt::Key_Z, Qt::ControlModifier); // nothing to take back
