@@ -33,9 +33,10 @@ void ReportAsText(benchmark::State& state) {
 void ReportAsPdf(benchmark::State& state) {
     const Analysis& analysis = Computed();
     for (auto _ : state)
-        benchmark::DoNotOptimize(PdfOfPages(
-            PdfPageLayout(), QString(),
-            [&analysis](const Paper& paper) { return SummaryReportPages(analysis, paper); }));
+        benchmark::DoNotOptimize(
+            PdfOfPages(PdfPageLayout(), QString(), [&analysis](const Paper& paper) {
+                return SummaryReportPages(analysis, paper);
+            }));
 }
 
 } // namespace
